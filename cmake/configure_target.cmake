@@ -1,0 +1,16 @@
+# Gives one of our targets the warnings, the checks and the sanitizers that all of them have.
+function(vond_configure_target target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(VOND_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(VOND_SANITIZERS)
+    target_compile_options(${target} PRIVATE -fsanitize=${VOND_SANITIZERS}
+                                             -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${VOND_SANITIZERS})
+  endif()
+  if(VOND_CLANG_TIDY)
+    find_program(VOND_CLANG_TIDY_PROGRAM NAMES clang-tidy-14 clang-tidy REQUIRED)
+    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY ${VOND_CLANG_TIDY_PROGRAM})
+  endif()
+endfunction()

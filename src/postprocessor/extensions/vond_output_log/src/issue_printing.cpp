@@ -1,0 +1,3 @@
+#include "issue_printing.h"
+
+#include "vond/vocabulary/tables.h"

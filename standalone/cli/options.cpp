@@ -1,0 +1,1 @@
+#include "standalone/cli/options.h"

@@ -1,0 +1,1 @@
+#include "standalone/cli/output.h"

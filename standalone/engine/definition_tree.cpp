@@ -1,0 +1,1 @@
+#include "standalone/engine/definition_tree.h"

@@ -1,0 +1,1 @@
+#include "standalone/engine/extension_loader.h"

@@ -1,0 +1,1 @@
+#include "standalone/host/text_wrapping.h"
