@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "issue_details.h"
+#include "statement.h"
 #include "vond/log/error_log.h"
 #include "vond/log/output_log.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -41,8 +42,6 @@ constexpr int ERROR_PRIORITY = 3;
 /// The longest label of either kind, which makes the label column one column wider.
 constexpr std::string_view DIAGNOSIS_REFERENCE = "Based on Observations:";
 constexpr std::string_view OBSERVATION_REFERENCE = "Diagnoses:";
-
-void write(const std::string& text) { OutputLog(OutputLog::NONE) << text; }
 
 void write_line_end() { write("\n"); }
 

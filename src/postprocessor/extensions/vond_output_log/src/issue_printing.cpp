@@ -4,11 +4,10 @@
 #include <cmath>
 
 #include "issue_details.h"
-#include "vond/log/output_log.h"
+#include "statement.h"
 #include "vond/str/string_functions.h"
 #include "vond/vocabulary/tables.h"
 
-using vond::log::OutputLog;
 using vond::postprocessor::CollapsedAnalysisOutput;
 using vond::postprocessor::PostprocessorExtensionData;
 using vond::postprocessor::Type;
@@ -51,8 +50,7 @@ void IssuePrinting::PrintOutput(std::shared_ptr<CollapsedAnalysisOutput> issue,
   // Further lines begin right under the first character of the id.
   const std::string indent = prefix + std::string(static_cast<std::size_t>(width) + 2, ' ');
 
-  OutputLog(OutputLog::NONE) << vond::str::word_wrap(header_line(*issue, number, width, prefix),
-                                                     data.line_width, indent);
+  write(vond::str::word_wrap(header_line(*issue, number, width, prefix), data.line_width, indent));
 
   std::string body = issue->get_message_string(indent) + issue->get_remedy_string(indent);
   auto nodes = node_lists(*issue);
@@ -61,7 +59,7 @@ void IssuePrinting::PrintOutput(std::shared_ptr<CollapsedAnalysisOutput> issue,
   body += related_issues_line(*issue, indent, diagnosis);
   body += issue->get_fwd_string(indent, "Framework Definition");
   body += row_ids_line(*issue, indent, data.log_level);
-  OutputLog(OutputLog::NONE) << vond::str::column_wrap(body, data.line_width, indent, ':', false);
+  write(vond::str::column_wrap(body, data.line_width, indent, ':', false));
 }
 
 std::string IssuePrinting::GetCategoryLine(std::shared_ptr<CollapsedAnalysisOutput> issue,

@@ -3,14 +3,13 @@
 #include <iostream>
 #include <string>
 
-#include "vond/log/output_log.h"
+#include "statement.h"
 #include "vond/str/string_functions.h"
 #include "vond/util/engine_helper.h"
 #include "vond/vocabulary/month_names.h"
 
 namespace vond_output_log {
 
-using vond::log::OutputLog;
 using vond::postprocessor::ALL_OBSERVATIONS;
 using vond::postprocessor::DIAGNOSES;
 using vond::postprocessor::FAIL_BIT;
@@ -23,9 +22,6 @@ using vond::vocabulary::descending_bands;
 using vond::vocabulary::SEVERITY_BANDS;
 
 namespace {
-
-/// Writes one statement; text that is empty reaches no destination.
-void write(const std::string& text) { OutputLog(OutputLog::NONE) << text; }
 
 void write_rule() { write(std::string(80, '-') + "\n"); }
 
