@@ -6,17 +6,23 @@
 
 namespace vond::str {
 
-std::string word_wrap(const std::string& text, int /*width*/, const std::string& /*indent*/) {
-  return text;
+std::string word_wrap(const std::string& text, int width, const std::string& indent) {
+  return standalone::wrap_text(text, {.width = width, .indent = indent});
 }
 
-std::string column_wrap(const std::string& text, int /*width*/, const std::string& /*indent*/,
-                        char /*column_character*/, bool /*flag*/) {
-  return text;
+std::string column_wrap(const std::string& text, int width, const std::string& indent,
+                        char column_character, bool /*flag*/) {
+  return standalone::wrap_text(
+      text,
+      {.width = width, .indent = indent, .indents_lines = false, .label_end = column_character});
 }
 
-std::string space_wrap(const std::string& text, int /*width*/, const std::string& /*indent*/) {
-  return text;
+std::string space_wrap(const std::string& text, int width, const std::string& indent) {
+  return standalone::wrap_text(text, {.width = width,
+                                      .indent = indent,
+                                      .counts_lead = false,
+                                      .splits_words = false,
+                                      .keeps_final_line_ends = false});
 }
 
 std::string upper(std::string text) {
