@@ -1,1 +1,162 @@
 #include "standalone/cli/options.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <string_view>
+
+#include "standalone/engine/severity_scale.h"
+#include "standalone/engine/suggestion.h"
+#include "standalone/version.h"
+#include "vond/vocabulary/tables.h"
+
+namespace vond::standalone {
+namespace {
+
+constexpr char EXIT_STATUSES[] =
+    "Exit status:\n"
+    "  0  report written, nothing fails\n"
+    "  1  report written, something fails\n"
+    "  2  usage or input error\n"
+    "  3  the report could not be completed\n";
+
+std::vector<std::string_view> log_level_names() {
+  std::vector<std::string_view> names;
+  for (const auto& [name, level] : vocabulary::LOG_LEVELS) names.push_back(name);
+  return names;
+}
+
+std::string quoted_list(const std::vector<std::string_view>& words) {
+  std::string list;
+  for (const std::string_view word : words) {
+    list.append(list.empty() ? "\"" : ", \"").append(word).append("\"");
+  }
+  return list;
+}
+
+[[noreturn]] void reject(const std::string& option, const std::string& value,
+                         const std::string& expectation,
+                         const std::vector<std::string_view>& candidates) {
+  throw UsageError(option + " is \"" + value + "\", expected " + expectation +
+                   suggestion_for(value, candidates));
+}
+
+int parse_threshold(const std::string& text) {
+  const std::optional<int> severity = parse_severity(text);
+  if (!severity) reject("--fail-threshold", text, severity_expectation(), band_names());
+  return *severity;
+}
+
+std::string parse_log_level(const std::string& name) {
+  const auto names = log_level_names();
+  if (vocabulary::LOG_LEVELS.count(name) == 0) {
+    reject("--log-level", name, "one of " + quoted_list(names), names);
+  }
+  return name;
+}
+
+ColorMode parse_color(const std::string& mode) {
+  static const std::map<std::string_view, ColorMode> MODES = {
+      {"auto", ColorMode::AUTO}, {"always", ColorMode::ALWAYS}, {"never", ColorMode::NEVER}};
+  const auto found = MODES.find(mode);
+  if (found == MODES.end()) {
+    const std::vector<std::string_view> names = {"auto", "always", "never"};
+    reject("--color", mode, "one of " + quoted_list(names), names);
+  }
+  return found->second;
+}
+
+int parse_width(const std::string& text) {
+  constexpr std::string_view DIGITS = "0123456789";
+  constexpr std::size_t MOST_DIGITS = 9;
+  if (text.empty() || text.size() > MOST_DIGITS ||
+      text.find_first_not_of(DIGITS) != std::string::npos) {
+    reject("--width", text, "a number of columns, 0 for no wrapping", {});
+  }
+  return std::stoi(text);
+}
+
+/// Returns the message for arguments that no option takes.
+std::string unknown_argument(const std::string& argument, const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  const std::string option = argument.substr(0, argument.find('='));
+  return "unknown option \"" + option + "\"" +
+         suggestion_for(option, std::vector<std::string_view>(names.begin(), names.end()));
+}
+
+/// The command line as CLI11 sees it: words, which are understood once all of them are there.
+struct CommandLine {
+  CommandLine();
+  Options options() const;
+
+  CLI::App app{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
+  Options parsed;
+  std::string definitions, fail_threshold, width, log_level, color;
+};
+
+CommandLine::CommandLine() {
+  app.set_version_flag("--version", std::string("vond-report ") + VERSION);
+  app.footer(EXIT_STATUSES);
+  app.add_option("FINDINGS", parsed.inputs,
+                 "Files of findings, JSON Lines; \"-\" or nothing: standard input");
+  app.add_option("-d,--definitions", definitions, "Framework definitions, JSON")->type_name("FILE");
+  app.add_option("-t,--fail-threshold", fail_threshold,
+                 "Issues of bands that reach up to N contribute to FAIL: 0 to 100, or a band's "
+                 "name for its upper bound (default: 75)")
+      ->type_name("N");
+  app.add_option("-w,--width", width,
+                 "Columns of the report, 0: no wrapping (default: the terminal's, else 80)")
+      ->type_name("N");
+  app.add_option("--log-level", log_level,
+                 "Level of error reports; \"info\" and \"debug\" show database row ids (default: "
+                 "warning)")
+      ->type_name("NAME");
+  app.add_flag("--syslog", parsed.syslog, "Send error reports to the system log");
+  app.add_option("--color", color, "Colours: auto, always or never (default: auto)")
+      ->type_name("WHEN");
+  app.add_option("-o,--output", parsed.outputs, "A further destination; may be repeated")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
+  app.add_option("-e,--extension", parsed.extensions,
+                 "An output extension to run; may be repeated (default: the text report)")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
+}
+
+Options CommandLine::options() const {
+  Options options = parsed;
+  if (!definitions.empty()) options.definitions = definitions;
+  if (app.count("--fail-threshold") != 0) options.fail_threshold = parse_threshold(fail_threshold);
+  if (app.count("--width") != 0) options.width = parse_width(width);
+  if (app.count("--log-level") != 0) options.log_level = parse_log_level(log_level);
+  if (app.count("--color") != 0) options.color = parse_color(color);
+  return options;
+}
+
+}  // namespace
+
+std::variant<Options, Information> parse_options(int argc, const char* const* argv,
+                                                 bool input_is_terminal) {
+  CommandLine line;
+  try {
+    line.app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return Information{line.app.help()};
+  } catch (const CLI::CallForVersion& version) {
+    return Information{std::string(version.what()) + "\n"};
+  } catch (const CLI::ExtrasError&) {
+    throw UsageError(unknown_argument(line.app.remaining().front(), line.app));
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(error.what());
+  }
+  Options options = line.options();
+  if (options.inputs.empty() && input_is_terminal) {
+    throw UsageError("no findings: name files of them, or pipe them in");
+  }
+  if (options.inputs.empty()) options.inputs.emplace_back("-");
+  return options;
+}
+
+}  // namespace vond::standalone

@@ -1,1 +1,50 @@
 #pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "standalone/engine/collapser.h"
+
+namespace vond::standalone {
+
+/// A command line that cannot be understood. what() tells what is wrong.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+enum class ColorMode { AUTO, ALWAYS, NEVER };
+
+/// What the command line asks for.
+struct Options {
+  /// "-" is standard input; never empty.
+  std::vector<std::string> inputs;
+  std::optional<std::string> definitions;
+  /// On the severity scale, 0 to 100.
+  int fail_threshold = 75;
+  /// In terminal columns, 0 for no wrapping; without a value standard output decides.
+  std::optional<int> width;
+  /// A name of the log level table.
+  std::string log_level = "warning";
+  bool syslog = false;
+  ColorMode color = ColorMode::AUTO;
+  /// Files that get the report beside standard output.
+  std::vector<std::string> outputs;
+  /// Libraries; empty for the text report.
+  std::vector<std::string> extensions;
+};
+
+/// A text that was asked for in place of a report, as --help does.
+struct Information {
+  std::string text;
+};
+
+/// Reads the command line. `input_is_terminal` tells that standard input is nothing to read
+/// findings from. Throws UsageError.
+std::variant<Options, Information> parse_options(int argc, const char* const* argv,
+                                                 bool input_is_terminal);
+
+}  // namespace vond::standalone

@@ -43,13 +43,9 @@ struct Row {
   bool has_word = false;
 };
 
-bool is_ascii(char character) {
-  return static_cast<unsigned char>(character) < 0x80;
-}
+bool is_ascii(char character) { return static_cast<unsigned char>(character) < 0x80; }
 
-std::size_t ascii_columns(char character) {
-  return character >= ' ' && character != '\x7F';
-}
+std::size_t ascii_columns(char character) { return character >= ' ' && character != '\x7F'; }
 
 CodePoint code_point_at(std::string_view text) {
   utf8proc_int32_t value = 0;
