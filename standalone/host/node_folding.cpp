@@ -1,15 +1,564 @@
 #include "standalone/host/node_folding.h"
 
-#include <set>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
 
 namespace vond::standalone {
 
+namespace {
+
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+/// A number in a name. Keys compare as the digits do: by length, then by text. The upper bits are
+/// the number of digits, the lower ones the value; a number too long for that has the length
+/// LONG_NUMBER and its place in NumberTable instead.
+using NumberKey = std::uint64_t;
+
+constexpr unsigned VALUE_BITS = 57;
+constexpr std::size_t MAX_PACKED_DIGITS = 17;  // 10^17 < 2^57
+constexpr std::size_t LONG_NUMBER = MAX_PACKED_DIGITS + 1;
+
+constexpr NumberKey pack(std::size_t length, std::uint64_t value) {
+  return (static_cast<NumberKey>(length) << VALUE_BITS) | value;
+}
+constexpr std::size_t length_of(NumberKey key) {
+  return key >> VALUE_BITS;
+}
+constexpr std::uint64_t value_of(NumberKey key) {
+  return key & ((NumberKey{1} << VALUE_BITS) - 1);
+}
+
+bool shorter_then_smaller(std::string_view a, std::string_view b) {
+  return a.size() != b.size() ? a.size() < b.size() : a < b;
+}
+
+/// Adds one to a number of any length.
+void increment(std::string& digits) {
+  const std::size_t last_below_nine = digits.find_last_not_of('9');
+  const std::size_t first_nine = last_below_nine + 1;  // 0 when there are only nines
+  std::fill(digits.begin() + static_cast<std::ptrdiff_t>(first_nine), digits.end(), '0');
+  if (first_nine == 0) {
+    digits.insert(digits.begin(), '1');
+  } else {
+    ++digits[last_below_nine];
+  }
+}
+
+/// Turns the digits of names into keys and back. All numbers are added first; their keys are to be
+/// compared only after settle() and settled(), because the place of a long number among the others
+/// is not known earlier. Holds views of the digits.
+class NumberTable {
+ public:
+  NumberKey add(std::string_view digits) {
+    if (digits.size() > MAX_PACKED_DIGITS) {
+      long_numbers_.push_back(digits);
+      return pack(LONG_NUMBER, long_numbers_.size() - 1);
+    }
+    std::uint64_t value = 0;
+    for (const char c : digits) value = 10 * value + static_cast<std::uint64_t>(c - '0');
+    return pack(digits.size(), value);
+  }
+
+  bool has_long_numbers() const { return !long_numbers_.empty(); }
+
+  void settle() {
+    std::vector<std::string_view> sorted = long_numbers_;
+    std::sort(sorted.begin(), sorted.end(), shorter_then_smaller);
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    places_.reserve(long_numbers_.size());
+    for (const std::string_view digits : long_numbers_) {
+      const auto place =
+          std::lower_bound(sorted.begin(), sorted.end(), digits, shorter_then_smaller);
+      places_.push_back(static_cast<std::uint64_t>(place - sorted.begin()));
+    }
+    long_numbers_ = std::move(sorted);
+  }
+
+  NumberKey settled(NumberKey added) const {
+    return is_long(added) ? pack(LONG_NUMBER, places_[value_of(added)]) : added;
+  }
+
+  std::size_t digit_count(NumberKey key) const {
+    return is_long(key) ? long_numbers_[value_of(key)].size() : length_of(key);
+  }
+
+  bool is_padded(NumberKey key) const {
+    if (is_long(key)) return long_numbers_[value_of(key)].front() == '0';
+    return length_of(key) > 1 && value_of(key) < SMALLEST_UNPADDED[length_of(key)];
+  }
+
+  /// Whether `next` is one more than `last`; for numbers of one padding.
+  bool follows(NumberKey last, NumberKey next) const {
+    if (!is_long(next)) return value_of(next) == value_of(last) + 1;
+    std::string successor;
+    append(last, successor);
+    increment(successor);
+    return successor == long_numbers_[value_of(next)];
+  }
+
+  void append(NumberKey key, std::string& text) const {
+    if (is_long(key)) {
+      text += long_numbers_[value_of(key)];
+      return;
+    }
+    std::array<char, MAX_PACKED_DIGITS> digits;
+    std::uint64_t rest = value_of(key);
+    for (std::size_t i = length_of(key); i-- > 0; rest /= 10) {
+      digits[i] = static_cast<char>('0' + rest % 10);
+    }
+    text.append(digits.data(), length_of(key));
+  }
+
+ private:
+  static constexpr auto SMALLEST_UNPADDED = [] {
+    std::array<std::uint64_t, MAX_PACKED_DIGITS + 1> powers = {0, 1};
+    for (std::size_t i = 2; i < powers.size(); ++i) powers[i] = 10 * powers[i - 1];
+    return powers;
+  }();
+
+  static bool is_long(NumberKey key) { return length_of(key) == LONG_NUMBER; }
+
+  /// Before settle() in the order of add(), then sorted and each once.
+  std::vector<std::string_view> long_numbers_;
+  /// For each add() of a long number its place in the sorted long_numbers_.
+  std::vector<std::uint64_t> places_;
+};
+
+/// What a number is in the structure of a name: the one digit that can stand there.
+constexpr char NUMBER_MARK = '0';
+
+/// The numbers of the names of one structure (the name with NUMBER_MARK for every number): `axes`
+/// numbers a name, one name after the other.
+struct Family {
+  std::size_t axes = 0;
+  std::vector<NumberKey> numbers;
+};
+
+/// Whether a name can stand in a node set as it is: nothing in it means anything to a shell or to
+/// the readers of node sets (to pdsh a `-` at the start excludes).
+bool can_be_folded(std::string_view name) {
+  static constexpr auto ALLOWED = [] {
+    std::array<bool, 256> allowed = {};
+    for (char c = 'a'; c <= 'z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
+    for (char c = 'A'; c <= 'Z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
+    for (char c = '0'; c <= '9'; ++c) allowed[static_cast<unsigned char>(c)] = true;
+    for (const char c : std::string_view("._:+=%-")) allowed[static_cast<unsigned char>(c)] = true;
+    return allowed;
+  }();
+  return !name.empty() && name.front() != '-' && std::all_of(name.begin(), name.end(), [](char c) {
+    return ALLOWED[static_cast<unsigned char>(c)];
+  });
+}
+
+/// Sorts names into families. Holds views of the names.
+class NameSorter {
+ public:
+  void add(std::string_view name) {
+    if (!can_be_folded(name)) {
+      odd_names_.push_back(name);
+      return;
+    }
+    split(name);
+    // Most names are of the family of the name before.
+    if (family_ == families_.end() || family_->first != structure_) {
+      family_ = families_.try_emplace(structure_).first;
+      family_->second.axes = numbers_.size();
+    }
+    auto& numbers = family_->second.numbers;
+    numbers.insert(numbers.end(), numbers_.begin(), numbers_.end());
+  }
+
+  /// To be called after the last add().
+  void settle() {
+    if (!table_.has_long_numbers()) return;
+    table_.settle();
+    for (auto& [structure, family] : families_) {
+      for (NumberKey& number : family.numbers) number = table_.settled(number);
+    }
+  }
+
+  const NumberTable& table() const { return table_; }
+  std::unordered_map<std::string, Family>& families() { return families_; }
+  std::vector<std::string_view>& odd_names() { return odd_names_; }
+
+ private:
+  void split(std::string_view name) {
+    structure_.clear();
+    numbers_.clear();
+    for (std::size_t at = 0; at < name.size();) {
+      if (!is_digit(name[at])) {
+        structure_ += name[at++];
+        continue;
+      }
+      std::size_t end = at + 1;
+      while (end < name.size() && is_digit(name[end])) ++end;
+      numbers_.push_back(table_.add(name.substr(at, end - at)));
+      structure_ += NUMBER_MARK;
+      at = end;
+    }
+  }
+
+  NumberTable table_;
+  std::unordered_map<std::string, Family> families_;
+  std::unordered_map<std::string, Family>::iterator family_ = families_.end();
+  std::vector<std::string_view> odd_names_;
+  /// Of the last name; members so that their memory is used again.
+  std::string structure_;
+  std::vector<NumberKey> numbers_;
+};
+
+/// Writes the numbers of one axis, which are sorted and each once.
+class NumberWriter {
+ public:
+  explicit NumberWriter(const NumberTable& table) : table_(table) {}
+
+  void append_number(NumberKey number, std::string& text) const { table_.append(number, text); }
+
+  /// In brackets when there are several or `always_brackets`.
+  void append_numbers(std::span<const NumberKey> numbers, bool always_brackets,
+                      std::string& text) const {
+    const bool brackets = always_brackets || numbers.size() > 1;
+    if (brackets) text += '[';
+    append_runs(numbers, text);
+    if (brackets) text += ']';
+  }
+
+ private:
+  /// How the numbers of a run are written. Readers take it from the run's first number.
+  struct Padding {
+    bool padded;
+    std::size_t digits;
+  };
+
+  Padding padding_of(NumberKey number) const {
+    return {table_.is_padded(number), table_.digit_count(number)};
+  }
+
+  bool fits(NumberKey number, const Padding& padding) const {
+    return padding.padded ? table_.digit_count(number) == padding.digits
+                          : !table_.is_padded(number);
+  }
+
+  void append_runs(std::span<const NumberKey> numbers, std::string& text) const {
+    std::size_t first = 0;
+    Padding padding = padding_of(numbers[0]);
+    for (std::size_t i = 1; i < numbers.size(); ++i) {
+      const bool same_padding = fits(numbers[i], padding);
+      if (same_padding && table_.follows(numbers[i - 1], numbers[i])) continue;
+      append_run(numbers.subspan(first, i - first), text);
+      text += ',';
+      // After a single number its padding stays in force: 08,99,100 rather than 08,99-100, because
+      // 99 can be one of the padded numbers as well.
+      if (!same_padding || i - first > 1) padding = padding_of(numbers[i]);
+      first = i;
+    }
+    append_run(numbers.subspan(first), text);
+  }
+
+  void append_run(std::span<const NumberKey> run, std::string& text) const {
+    table_.append(run.front(), text);
+    if (run.size() == 1) return;
+    text += '-';
+    table_.append(run.back(), text);
+  }
+
+  const NumberTable& table_;
+};
+
+/// Returns for each of `count` things the lowest index of a thing that is equal to it.
+template <typename Less>
+std::vector<std::uint32_t> lowest_equal_index(std::size_t count, Less less) {
+  std::vector<std::uint32_t> order(count);
+  std::iota(order.begin(), order.end(), 0U);
+  std::stable_sort(order.begin(), order.end(), less);
+  std::vector<std::uint32_t> lowest(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool is_new = i == 0 || less(order[i - 1], order[i]);
+    lowest[order[i]] = is_new ? order[i] : lowest[order[i - 1]];
+  }
+  return lowest;
+}
+
+/// Folds the names of one family that has at least one axis.
+class FamilyFolder {
+ public:
+  /// Sorts the family's names.
+  FamilyFolder(std::string_view structure, Family& family, const NumberTable& table)
+      : structure_(structure), family_(family), writer_(table) {
+    sort_names();
+    fold_last_axis();
+    fold_earlier_axis();
+  }
+
+  /// Appends the terms, each with a comma behind it.
+  void append_terms(std::string& text) const {
+    std::vector<std::uint32_t> order(groups_.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::stable_sort(order.begin(), order.end(),
+                     [this](auto a, auto b) { return term_of_group_[a] < term_of_group_[b]; });
+    std::vector<NumberKey> earlier;
+    for (std::size_t first = 0; first < order.size();) {
+      std::size_t end = first;
+      earlier.clear();
+      for (; end < order.size() && term_of_group_[order[end]] == order[first]; ++end) {
+        earlier.push_back(groups_[order[end]].prefix[earlier_axis_]);
+      }
+      append_term(groups_[order[first]], earlier, text);
+      text += ',';
+      first = end;
+    }
+  }
+
+ private:
+  /// The names that differ in their last number alone.
+  struct Group {
+    /// The numbers of its first name; all but the last one are those of all its names.
+    const NumberKey* prefix;
+    std::span<const NumberKey> lasts;
+  };
+
+  std::size_t last_axis() const { return family_.axes - 1; }
+  std::size_t name_count() const { return family_.numbers.size() / family_.axes; }
+  const NumberKey* name(std::size_t index) const {
+    return family_.numbers.data() + index * family_.axes;
+  }
+
+  /// Sorts the names axis by axis and drops repeated ones.
+  void sort_names() {
+    if (family_.axes == 1) {
+      auto& numbers = family_.numbers;
+      if (!std::is_sorted(numbers.begin(), numbers.end()))
+        std::sort(numbers.begin(), numbers.end());
+      numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+      return;
+    }
+    const std::size_t axes = family_.axes;
+    const auto less = [axes](const NumberKey* a, const NumberKey* b) {
+      return std::lexicographical_compare(a, a + axes, b, b + axes);
+    };
+    std::vector<const NumberKey*> names(name_count());
+    for (std::size_t i = 0; i < names.size(); ++i) names[i] = name(i);
+    if (!std::is_sorted(names.begin(), names.end(), less)) {
+      std::sort(names.begin(), names.end(), less);
+    }
+    std::vector<NumberKey> sorted;
+    sorted.reserve(family_.numbers.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const bool is_new = i == 0 || less(names[i - 1], names[i]);
+      if (is_new) sorted.insert(sorted.end(), names[i], names[i] + axes);
+    }
+    family_.numbers = std::move(sorted);
+  }
+
+  void fold_last_axis() {
+    if (family_.axes == 1) {
+      groups_.push_back({name(0), family_.numbers});
+      return;
+    }
+    lasts_.reserve(name_count());
+    for (std::size_t i = 0; i < name_count(); ++i) lasts_.push_back(name(i)[last_axis()]);
+    std::size_t first = 0;
+    for (std::size_t i = 1; i <= name_count(); ++i) {
+      if (i < name_count() && std::equal(name(i), name(i) + last_axis(), name(first))) continue;
+      groups_.push_back({name(first), std::span(lasts_).subspan(first, i - first)});
+      first = i;
+    }
+  }
+
+  /// Finds the earlier axis whose folding leaves the fewest terms. Groups become one term on an
+  /// axis when they are equal left of it and right of it, the set of last numbers included. What is
+  /// equal gets the same id on either side, so that a step costs the same for every axis.
+  void fold_earlier_axis() {
+    term_of_group_.resize(groups_.size());
+    std::iota(term_of_group_.begin(), term_of_group_.end(), 0U);
+    std::size_t fewest = groups_.size();
+    if (fewest == 1) return;
+
+    // 1. Right of the last earlier axis are the sets of last numbers.
+    std::vector<std::uint32_t> right = ids_of_lasts();
+    const std::vector<std::size_t> shared = shared_numbers();
+    // 2. From right to left, so that of equally good axes the rightmost is kept. An axis with one
+    //    number everywhere can save nothing and makes no difference to what is right of others.
+    for (std::size_t axis = last_axis(); axis-- > 0;) {
+      if (is_constant(axis)) continue;
+      std::vector<std::uint32_t> terms = fold_axis(axis, shared, right);
+      const std::size_t count = count_terms(terms);
+      if (count < fewest) {
+        fewest = count;
+        earlier_axis_ = axis;
+        term_of_group_ = std::move(terms);
+      }
+      // 3. For the next axis this one is on the right.
+      right = ids_with_axis(axis, right);
+    }
+  }
+
+  std::vector<std::uint32_t> ids_of_lasts() const {
+    return lowest_equal_index(groups_.size(), [this](std::size_t a, std::size_t b) {
+      const auto& x = groups_[a].lasts;
+      const auto& y = groups_[b].lasts;
+      if (x.size() != y.size()) return x.size() < y.size();
+      return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end());
+    });
+  }
+
+  std::vector<std::uint32_t> ids_with_axis(std::size_t axis,
+                                           const std::vector<std::uint32_t>& right) const {
+    return lowest_equal_index(groups_.size(), [&](std::size_t a, std::size_t b) {
+      const NumberKey x = groups_[a].prefix[axis];
+      const NumberKey y = groups_[b].prefix[axis];
+      return x != y ? x < y : right[a] < right[b];
+    });
+  }
+
+  /// Returns for each group how many numbers at its start are those of the group before.
+  std::vector<std::size_t> shared_numbers() const {
+    std::vector<std::size_t> shared(groups_.size(), 0);
+    for (std::size_t i = 1; i < groups_.size(); ++i) {
+      const NumberKey* prefix = groups_[i].prefix;
+      const auto differing = std::mismatch(prefix, prefix + last_axis(), groups_[i - 1].prefix);
+      shared[i] = static_cast<std::size_t>(differing.first - prefix);
+    }
+    return shared;
+  }
+
+  bool is_constant(std::size_t axis) const {
+    const NumberKey number = groups_.front().prefix[axis];
+    return std::all_of(groups_.begin(), groups_.end(),
+                       [&](const Group& group) { return group.prefix[axis] == number; });
+  }
+
+  /// Returns for each group the first group of its term when `axis` is folded.
+  std::vector<std::uint32_t> fold_axis(std::size_t axis, const std::vector<std::size_t>& shared,
+                                       const std::vector<std::uint32_t>& right) const {
+    // The groups are sorted: those that are equal left of the axis stand together.
+    std::vector<std::uint64_t> sides(groups_.size());
+    std::uint64_t left = 0;
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+      if (shared[i] < axis) ++left;
+      sides[i] = (left << 32U) | right[i];
+    }
+    return lowest_equal_index(sides.size(), [&](auto a, auto b) { return sides[a] < sides[b]; });
+  }
+
+  static std::size_t count_terms(const std::vector<std::uint32_t>& term_of_group) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < term_of_group.size(); ++i) count += term_of_group[i] == i ? 1 : 0;
+    return count;
+  }
+
+  void append_term(const Group& group, std::span<const NumberKey> earlier,
+                   std::string& text) const {
+    // Slurm reads brackets in the middle of a name only if the name ends in brackets as well.
+    const bool last_in_brackets = earlier.size() > 1 && structure_.back() == NUMBER_MARK;
+    std::size_t axis = 0;
+    for (const char c : structure_) {
+      if (c != NUMBER_MARK) {
+        text += c;
+        continue;
+      }
+      if (axis == last_axis()) {
+        writer_.append_numbers(group.lasts, last_in_brackets, text);
+      } else if (axis == earlier_axis_) {
+        writer_.append_numbers(earlier, false, text);
+      } else {
+        writer_.append_number(group.prefix[axis], text);
+      }
+      ++axis;
+    }
+  }
+
+  std::string_view structure_;
+  Family& family_;
+  NumberWriter writer_;
+  std::vector<NumberKey> lasts_;
+  /// Sorted by their first names.
+  std::vector<Group> groups_;
+  /// For each group the index of the first group that is folded into the same term.
+  std::vector<std::uint32_t> term_of_group_;
+  std::size_t earlier_axis_ = 0;
+};
+
+/// A structure and the text that it is sorted by: `%s` for every number.
+struct SortedFamily {
+  std::string pattern;
+  std::string_view structure;
+  Family* family;
+};
+
+std::vector<SortedFamily> sort_families(std::unordered_map<std::string, Family>& families) {
+  std::vector<SortedFamily> sorted;
+  sorted.reserve(families.size());
+  for (auto& [structure, family] : families) {
+    std::string pattern;
+    for (const char c : structure) {
+      if (c == NUMBER_MARK) {
+        pattern += "%s";
+      } else {
+        pattern += c;
+      }
+    }
+    sorted.push_back({std::move(pattern), structure, &family});
+  }
+  std::sort(sorted.begin(), sorted.end(), [](const SortedFamily& a, const SortedFamily& b) {
+    // A name may hold "%s" itself, so patterns can be equal.
+    const int order = a.pattern.compare(b.pattern);
+    return order != 0 ? order < 0 : a.structure < b.structure;
+  });
+  return sorted;
+}
+
+/// Appends names in the shell's single quotes, so that whatever they hold does nothing when pasted.
+void append_quoted_names(std::vector<std::string_view>& names, std::string& text) {
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  for (const std::string_view name : names) {
+    text += '\'';
+    for (const char c : name) {
+      if (c == '\'') {
+        text += "'\\''";
+      } else {
+        text += c;
+      }
+    }
+    text += "',";
+  }
+}
+
+}  // namespace
+
 std::string fold_node_names(const std::vector<std::vector<std::string>>& node_lists) {
-  std::set<std::string> names;
-  for (const auto& list : node_lists) names.insert(list.begin(), list.end());
-  std::string folded;
-  for (const std::string& name : names) folded += (folded.empty() ? "" : ",") + name;
-  return folded.empty() ? "none" : folded;
+  // 1. Sort the names into families.
+  NameSorter names;
+  for (const auto& list : node_lists) {
+    for (const std::string& name : list) names.add(name);
+  }
+  names.settle();
+
+  // 2. Fold each family; every term is written with a comma behind it.
+  std::string text;
+  for (const auto& [pattern, structure, family] : sort_families(names.families())) {
+    if (family->axes == 0) {
+      text.append(structure).append(1, ',');
+    } else {
+      FamilyFolder(structure, *family, names.table()).append_terms(text);
+    }
+  }
+
+  // 3. The names that cannot be folded.
+  append_quoted_names(names.odd_names(), text);
+  if (text.empty()) return "none";
+  text.pop_back();
+  return text;
 }
 
 }  // namespace vond::standalone

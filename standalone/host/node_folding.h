@@ -3,10 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "vond/host_api.h"
+
 namespace vond::standalone {
 
 /// Returns all names of all lists as one folded node set, as StringInterface::get_node_string()
-/// promises it.
-std::string fold_node_names(const std::vector<std::vector<std::string>>& node_lists);
+/// promises it. The text depends on the set of names alone, not on their order or repetition, and
+/// expand_node_set() reads it back as that set ("none", which stands for no names, aside).
+VOND_HOST_API std::string fold_node_names(const std::vector<std::vector<std::string>>& node_lists);
 
 }  // namespace vond::standalone
