@@ -1,5 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <type_traits>
+#include <vector>
+
 #include "fwd_output.h"
 #include "issue_printing.h"
 #include "vond/host_api.h"
@@ -12,7 +17,20 @@ namespace vond_output_log {
 /// extension's own printers, both of which are string interfaces.
 class Utilities : public vond::postprocessor::UtilityFunctions,
                   public IssuePrinting,
-                  public FwdOutputFunctions {};
+                  public FwdOutputFunctions {
+ public:
+  // Two bases are string interfaces; on this object these names mean the tree's.
+  std::string get_node_string(std::vector<std::vector<std::string>>& node_lists) {
+    return FwdOutputFunctions::get_node_string(node_lists);
+  }
+  std::string get_short_name(const std::string& name) const {
+    return FwdOutputFunctions::get_short_name(name);
+  }
+  std::string remove_endl(const std::string& text) const {
+    return FwdOutputFunctions::remove_endl(text);
+  }
+};
+static_assert(std::is_empty_v<Utilities>);
 
 /// The text report.
 class VondOutputLog : public vond::postprocessor::PostprocessorExtension {
@@ -30,6 +48,15 @@ class VondOutputLog : public vond::postprocessor::PostprocessorExtension {
   int PrintSection(bool other);
 
  private:
+  /// Writes one band of a section: nothing when it has no issues.
+  void print_band(const std::string& name, unsigned mask);
+  void print_diagnoses(const vond::postprocessor::IssueList& diagnoses);
+  /// Writes both kinds of observations as one group, in one run of numbers.
+  void print_observations(const vond::postprocessor::IssueList& observations,
+                          const vond::postprocessor::IssueList& missing_data);
+  void write_wrapped(const std::string& text);
+  int number_width(std::size_t issues) const;
+
   Utilities utilities_;
 };
 
