@@ -5,9 +5,7 @@ namespace vond::test {
 
 using namespace vocabulary;
 
-SeverityBandTable& bands_of_first_file() {
-  return SEVERITY_BANDS;
-}
+SeverityBandTable& bands_of_first_file() { return SEVERITY_BANDS; }
 
 std::vector<std::pair<std::string, const void*>> memory_of_first_file() {
   return {{"default subcluster", DEFAULT_SUBCLUSTER.data()},

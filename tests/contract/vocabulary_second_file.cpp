@@ -2,8 +2,6 @@
 
 namespace vond::test {
 
-vocabulary::SeverityBandTable& bands_of_second_file() {
-  return vocabulary::SEVERITY_BANDS;
-}
+vocabulary::SeverityBandTable& bands_of_second_file() { return vocabulary::SEVERITY_BANDS; }
 
 }  // namespace vond::test
