@@ -113,7 +113,7 @@ TEST(NodeFolding, TakesNumbersOfAnyLength) {
   EXPECT_EQ(fold("n18446744073709551617 n18446744073709551615 n18446744073709551616"),
             "n[18446744073709551615-18446744073709551617]");
   const std::string nines(40, '9');
-  const std::string one_more = "1" + std::string(40, '0');
+  const std::string one_more = std::string("1").append(40, '0');
   EXPECT_EQ(fold("n" + nines + " n" + one_more + " n5"), "n[5," + nines + "-" + one_more + "]");
   const std::string zeros(30, '0');
   EXPECT_EQ(fold("n" + zeros + "1 n" + zeros + "2 n1"), "n[1," + zeros + "1-" + zeros + "2]");
@@ -121,7 +121,7 @@ TEST(NodeFolding, TakesNumbersOfAnyLength) {
 
 void expect_run_over_growth_from(std::size_t digits) {
   const std::string last(digits, '9');
-  const std::string next = "1" + std::string(digits, '0');
+  const std::string next = std::string("1").append(digits, '0');
   EXPECT_EQ(fold("n" + next + " n" + last), "n[" + last + "-" + next + "]");
   EXPECT_EQ(fold("n0" + last + " n" + next), "n[0" + last + "-" + next + "]");
   EXPECT_EQ(fold("n" + last + " n0" + next), "n[" + last + ",0" + next + "]");
@@ -212,7 +212,7 @@ TEST(NodeFolding, LetsEveryHarmlessCharacterTakePart) {
     const char character = static_cast<char>(c);
     const bool harmless =
         std::isalnum(c) != 0 || std::string_view("._:+=%-").find(character) != std::string::npos;
-    const std::string folded = fold_node_names({{"n" + std::string(1, character)}});
+    const std::string folded = fold_node_names({{std::string("n") + character}});
     EXPECT_EQ(folded.front() != '\'', harmless) << c;
   }
 }
@@ -223,9 +223,9 @@ TEST(NodeFolding, SortsQuotedNamesByBytesAfterAllOthers) {
 
 TEST(NodeFolding, TakesManyAxes) {
   std::string fixed;
-  for (int axis = 0; axis < 300; ++axis) fixed += "x" + std::to_string(axis);
+  for (int axis = 0; axis < 300; ++axis) fixed.append("x").append(std::to_string(axis));
   const auto name = [&](int a, int b) {
-    return "c" + std::to_string(a) + fixed + "n" + std::to_string(b);
+    return std::string("c").append(std::to_string(a)) + fixed + "n" + std::to_string(b);
   };
   EXPECT_EQ(fold_node_names({{name(1, 1), name(1, 2), name(2, 1), name(2, 2)}}),
             "c[1-2]" + fixed + "n[1-2]");
