@@ -163,7 +163,8 @@ int UtilityFunctions::Summarize(const PostprocessorExtensionData& data) {
   }
   const auto failing = failing_definitions(data);
   write_line(failing.empty() ? OutputLog::NONE : OutputLog::RED,
-             "  Failing definitions: " + (failing.empty() ? "none" : join(failing)), data.line_width);
+             "  Failing definitions: " + (failing.empty() ? "none" : join(failing)),
+             data.line_width);
   write(RULE);
   return 0;
 }

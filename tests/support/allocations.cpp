@@ -48,36 +48,16 @@ void release(void* memory) noexcept {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
-  return allocate_or_throw(size);
-}
-void* operator new[](std::size_t size) {
-  return allocate_or_throw(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
+void* operator new(std::size_t size) { return allocate_or_throw(size); }
+void* operator new[](std::size_t size) { return allocate_or_throw(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { release(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { release(memory); }
 
 namespace vond::test {
 
@@ -86,17 +66,11 @@ FailingAllocation::FailingAllocation(std::size_t n) {
   countdown = n;
 }
 
-FailingAllocation::~FailingAllocation() {
-  countdown = 0;
-}
+FailingAllocation::~FailingAllocation() { countdown = 0; }
 
-bool FailingAllocation::happened() const {
-  return failed;
-}
+bool FailingAllocation::happened() const { return failed; }
 
-std::size_t live_allocations() {
-  return live;
-}
+std::size_t live_allocations() { return live; }
 
 std::size_t allocation_ordinal(const void* address) {
   const auto wanted = reinterpret_cast<std::uintptr_t>(address);
