@@ -121,8 +121,8 @@ TEST_F(AllocationFailureTest, OfAHeaderEndsTheTreeBehindTheLinesThatAreWritten) 
 
 TEST_F(AllocationFailureTest, OfTheSelectionEndsTheReportWithoutItsEndBlock) {
   Data data = make_record();
-  // Nobody names the definition, so a selection copies the list and drops all of it.
-  (*data.issues_by_mask)[24].assign(LARGE, make_issue({.id = "id"}));
+  // The sections' counts stay 0, so that the tree alone looks at the issues.
+  (*data.issues_by_mask)[24].assign(LARGE, make_issue({.id = "id", .definitions = {"root"}}));
   data.fwd_root->roots = {make_definition({.name = "root", .counts = {{24, 1}}})};
   const FailingLargeAllocations failing(LARGE);
   vond_output_log::VondOutputLog extension(data);
