@@ -580,6 +580,26 @@ TEST(CollapseById, IssuesAreOrderedByWhatTheyAreTogether) {
             "  50 ||, nodes {n1 n2}, rows {}\n");
 }
 
+// Quadratic time would be minutes here, so whoever brings it back will notice.
+TEST(CollapseById, TakesAsManyMessagesAndNodesAsThereAreFindings) {
+  constexpr int FINDINGS = 50000;
+  Collapser collapser;
+  for (int number = 0; number < FINDINGS; ++number) {
+    const std::string message = "Job " + std::to_string(number) + " died.";
+    const std::string node = "n" + std::to_string(number);
+    collapser.add(make_finding({.message = message, .nodes = {node}}));
+    collapser.add(make_finding({.message = "Disk is full.", .nodes = {node}}));
+  }
+  const auto issues = collapser.finish(CollapseBy::ID);
+  ASSERT_EQ(issues.size(), 1U);
+  EXPECT_EQ(issues[0].distinct_nodes, std::size_t{FINDINGS});
+  ASSERT_EQ(issues[0].outputs.size(), std::size_t{FINDINGS} + 1);
+  EXPECT_EQ(issues[0].outputs[0].message, "Disk is full. (and 50000 other messages)");
+  EXPECT_EQ(issues[0].outputs[1].message, "Job 0 died.");
+  EXPECT_EQ(issues[0].outputs[2].message, "Job 1 died.");
+  EXPECT_EQ(issues[0].outputs[3].message, "Job 10 died.");
+}
+
 // ---- Sweeps judged by a model ------------------------------------------------------------------
 
 using Names = std::set<std::string>;
