@@ -209,6 +209,16 @@ TEST(SpelledTree, DepthCountsNoSlashThatMakesNoParent) {
   EXPECT_EQ(message_of_error({"/" + name_of_depth(256) + "/"}), "no error");
 }
 
+TEST(SpelledTree, ANameThatIsTooDeepIsCutBetweenCharacters) {
+  // Byte 60 is in the middle of the character after it.
+  std::string name = "d/\xC3\xA4";
+  for (int level = 2; level <= 300; ++level) name += "/\xC3\xA4";
+  std::string shown = "d";
+  for (int level = 2; level <= 20; ++level) shown += "/\xC3\xA4";
+  EXPECT_EQ(message_of_error({name}),
+            "definition \"" + shown + "/…\" is 301 levels deep, expected at most 256");
+}
+
 TEST(SpelledDepth, CountsTheNameAndItsParents) {
   EXPECT_EQ(spelled_depth("a"), 1);
   EXPECT_EQ(spelled_depth("a/b"), 2);
