@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/engine/input_error.h"
+#include "tests/support/allocations.h"
 #include "tests/unit/findings.h"
 
 namespace {
@@ -28,6 +30,7 @@ using vond::postprocessor::TypeCode;
 using vond::standalone::CollapseBy;
 using vond::standalone::Collapser;
 using vond::standalone::DefinitionSpec;
+using vond::standalone::InputError;
 using vond::standalone::RecordOptions;
 using vond::standalone::Report;
 using vond::test::FindingParts;
@@ -620,6 +623,20 @@ TEST(Record, ACopyThatOutlivesTheReportStaysReadable) {
   EXPECT_EQ(find_definition(copy, "a/b").node->fwd->name, "a/b");
   // What issues are related to is not among what a copy keeps: it would keep them for ever.
   EXPECT_EQ(related(find_issue(copy, "d"), Type::OBSERVATION), "");
+}
+
+TEST(Record, NothingOutlivesAReportThatCannotBeMade) {
+  std::string deep = "d";
+  for (int level = 2; level <= 257; ++level) deep += "/d";
+  Findings findings = related_findings();
+  findings.push_back({.id = "deep", .definitions = {deep}});
+  const std::size_t allocations = vond::test::live_allocations();
+  try {
+    make_report(findings);
+    FAIL() << "no error";
+  } catch (const InputError&) {
+  }
+  EXPECT_EQ(vond::test::live_allocations(), allocations);
 }
 
 TEST(Record, TakesTheIssuesOutOfTheCollapser) {
