@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <exception>
 #include <filesystem>
@@ -12,6 +14,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <variant>
 #include <vector>
 
@@ -58,12 +61,13 @@ bool wants_color(ColorMode mode) {
 /// Returns the report's time: now, or what SOURCE_DATE_EPOCH says, for reports that can be
 /// reproduced. Throws UsageError when that is no time.
 std::time_t report_time() {
+  constexpr std::time_t END_OF_YEAR_9999 = 253402300799;
   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
   if (epoch == nullptr || *epoch == '\0') return std::time(nullptr);
-  char* end = nullptr;
-  errno = 0;
-  const long long seconds = std::strtoll(epoch, &end, 10);
-  if (errno != 0 || *end != '\0') {
+  const char* const end = epoch + std::strlen(epoch);
+  std::time_t seconds = 0;
+  const auto [rest, error] = std::from_chars(epoch, end, seconds);
+  if (error != std::errc() || rest != end || seconds < 0 || seconds > END_OF_YEAR_9999) {
     throw UsageError("SOURCE_DATE_EPOCH is \"" + harmless(epoch) +
                      "\", expected seconds since 1970 as a whole number");
   }
@@ -160,7 +164,23 @@ ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
   return report.failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
 }
 
+/// A report in place of its own input is never what was meant.
+void refuse_to_replace_inputs(const Options& options) {
+  std::vector<std::string> inputs = options.inputs;
+  if (options.definitions) inputs.push_back(*options.definitions);
+  for (const std::string& output : options.outputs) {
+    for (const std::string& input : inputs) {
+      std::error_code error;
+      if (std::filesystem::is_regular_file(output, error) &&
+          std::filesystem::equivalent(output, input == "-" ? "/dev/stdin" : input, error)) {
+        throw UsageError("--output is \"" + output + "\", which is an input, too");
+      }
+    }
+  }
+}
+
 ExitStatus write_report(const Options& options) {
+  refuse_to_replace_inputs(options);
   set_logging(options);
   ReportFacts& facts = report_facts();
   facts.written_at = report_time();
