@@ -214,7 +214,10 @@ ExitStatus write_report(const Options& options) {
 ExitStatus print_information(const Information& information) {
   StandardOutput output;
   output.stream() << information.text;
-  return output.finish() == 0 ? PASSED : NO_REPORT;
+  const int error = output.finish();
+  if (error == 0) return PASSED;
+  if (error != EPIPE) print_message("error", output.error_message());
+  return NO_REPORT;
 }
 
 ExitStatus run(int argc, const char* const* argv) {
