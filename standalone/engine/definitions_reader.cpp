@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -320,6 +321,9 @@ DefinitionsFile read_definitions(const std::string& path) {
   } catch (const BrokenJson&) {
     throw json_error(file, "unknown fault");
   } catch (const simdjson::simdjson_error& error) {
+    if (error.error() == simdjson::MEMALLOC) {
+      throw std::bad_alloc();
+    }
     throw json_error(file, error.what());
   }
 }

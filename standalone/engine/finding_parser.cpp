@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <new>
 #include <optional>
@@ -47,34 +48,54 @@ constexpr std::array<std::pair<std::string_view, postprocessor::TypeCode>, 3> TY
      {"observation", postprocessor::OBSERVATIONS},
      {"missing_data", postprocessor::MISSING_DATA}}};
 
-// Keys are looked up for every value of every line; their first and last letters tell them apart.
+// Keys are looked up for every value of every line: by their first letters, and compared with their
+// closing quotes, so that nobody needs to look for their ends.
 constexpr std::size_t SLOTS = 32;
+constexpr std::size_t KEY_WIDTH = 16;
+static_assert(KEY_WIDTH <= LineReader::PADDING);
 
-constexpr std::size_t slot_of(std::string_view key) {
-  return static_cast<unsigned char>(key.front() + key.back()) % SLOTS;
+/// A key with its closing quote; `mask` has ones where it has letters.
+struct KeyPattern {
+  std::array<unsigned char, KEY_WIDTH> text{};
+  std::array<unsigned char, KEY_WIDTH> mask{};
+};
+
+constexpr std::array<KeyPattern, UNKNOWN_KEY> key_patterns() {
+  std::array<KeyPattern, UNKNOWN_KEY> patterns{};
+  for (std::size_t key = 0; key < UNKNOWN_KEY; ++key) {
+    for (std::size_t i = 0; i <= KEY_NAMES[key].size(); ++i) {
+      patterns[key].text[i] =
+          static_cast<unsigned char>(i < KEY_NAMES[key].size() ? KEY_NAMES[key][i] : '"');
+      patterns[key].mask[i] = 0xFF;
+    }
+  }
+  return patterns;
+}
+
+constexpr std::array<KeyPattern, UNKNOWN_KEY> KEY_PATTERNS = key_patterns();
+
+constexpr std::size_t slot_of(unsigned char first, unsigned char second, unsigned char third) {
+  return (first + 5U * second + third) % SLOTS;
+}
+
+constexpr std::size_t slot_of_key(std::size_t key) {
+  const auto& text = KEY_PATTERNS[key].text;
+  return slot_of(text[0], text[1], text[2]);
 }
 
 constexpr std::array<std::uint8_t, SLOTS> key_slots() {
   std::array<std::uint8_t, SLOTS> slots{};
-  for (std::size_t key = 0; key < KEY_NAMES.size(); ++key) {
-    slots[slot_of(KEY_NAMES[key])] = static_cast<std::uint8_t>(key);
+  for (std::size_t key = 0; key < UNKNOWN_KEY; ++key) {
+    slots[slot_of_key(key)] = static_cast<std::uint8_t>(key);
   }
   return slots;
 }
 
 constexpr std::array<std::uint8_t, SLOTS> KEY_SLOTS = key_slots();
 
-constexpr std::size_t find_key(std::string_view name) {
-  if (name.empty()) {
-    return UNKNOWN_KEY;
-  }
-  const std::size_t key = KEY_SLOTS[slot_of(name)];
-  return KEY_NAMES[key] == name ? key : UNKNOWN_KEY;
-}
-
 constexpr bool has_every_key_a_slot() {
-  for (std::size_t key = 0; key < KEY_NAMES.size(); ++key) {
-    if (find_key(KEY_NAMES[key]) != key) {
+  for (std::size_t key = 0; key < UNKNOWN_KEY; ++key) {
+    if (KEY_SLOTS[slot_of_key(key)] != key) {
       return false;
     }
   }
@@ -82,12 +103,39 @@ constexpr bool has_every_key_a_slot() {
 }
 static_assert(has_every_key_a_slot());
 
+bool matches(const char* source, const KeyPattern& pattern) {
+  std::uint64_t difference = 0;
+  for (std::size_t at = 0; at < KEY_WIDTH; at += sizeof difference) {
+    std::uint64_t word = 0;
+    std::uint64_t text = 0;
+    std::uint64_t mask = 0;
+    std::memcpy(&word, source + at, sizeof word);
+    std::memcpy(&text, pattern.text.data() + at, sizeof text);
+    std::memcpy(&mask, pattern.mask.data() + at, sizeof mask);
+    difference |= (word ^ text) & mask;
+  }
+  return difference == 0;
+}
+
+/// `source` points behind the opening quote of a key; KEY_WIDTH bytes may be read.
+std::size_t find_key_in_source(const char* source) {
+  const auto letter = [source](std::size_t i) { return static_cast<unsigned char>(source[i]); };
+  const std::size_t key = KEY_SLOTS[slot_of(letter(0), letter(1), letter(2))];
+  return matches(source, KEY_PATTERNS[key]) ? key : UNKNOWN_KEY;
+}
+
+std::size_t find_key(std::string_view name) {
+  const auto* const key = std::find(KEY_NAMES.begin(), KEY_NAMES.end(), name);
+  return static_cast<std::size_t>(key - KEY_NAMES.begin());
+}
+
 constexpr unsigned bit(std::size_t key) {
   return 1U << key;
 }
 
 bool is_node_set(std::string_view text) {
-  return text.find_first_of("[],") != std::string_view::npos;
+  return std::any_of(text.begin(), text.end(),
+                     [](char letter) { return letter == '[' || letter == ']' || letter == ','; });
 }
 
 bool is_too_deep(std::string_view path) {
@@ -131,8 +179,8 @@ void FindingParser::parse(std::string_view line) {
   }
   ondemand::document document =
       parser_.iterate(line.data(), line.size(), line.size() + LineReader::PADDING);
-  for (ondemand::field field : document.get_object()) {
-    read_field(field);
+  for (auto field : document.get_object()) {
+    read_field(checked(field));
   }
   if (document.current_location().error() != simdjson::OUT_OF_BOUNDS) {
     throw BrokenJson{};
@@ -151,7 +199,10 @@ void FindingParser::begin(std::string_view line) {
   examined_.clear();
   expanded_.clear();
   unknown_keys_.clear();
-  unlisted_keys_.clear();
+  if (!unlisted_keys_.empty()) {
+    // Not cleared: its table would stay as large as the line with the most keys made it.
+    unlisted_keys_ = {};
+  }
   seen_ = 0;
   reserve(line.size());
 }
@@ -172,29 +223,45 @@ void FindingParser::reserve(std::size_t size) {
 }
 
 void FindingParser::read_field(ondemand::field& field) {
-  const char* const where = field.key().raw() - 1;
+  const char* const source = field.key().raw();
+  const std::size_t key = find_key_in_source(source);
+  if (key != UNKNOWN_KEY) {
+    note_key(key, source - 1);
+    read_value(key, field.value());
+  } else {
+    read_unlisted_field(field, source - 1);
+  }
+}
+
+/// Reads a field with an unknown key, or with a known one that is written with escapes.
+void FindingParser::read_unlisted_field(ondemand::field& field, const char* where) {
   const std::string_view name = strings_.key(field);
   const std::size_t key = find_key(name);
-  if (key == UNKNOWN_KEY) {
-    note_unknown_key(name, where);
-    check_unused(field.value());
-  } else {
+  if (key != UNKNOWN_KEY) {
     note_key(key, where);
     read_value(key, field.value());
+  } else {
+    note_unknown_key(name, where);
+    check_unused(field.value());
   }
 }
 
 void FindingParser::note_key(std::size_t key, const char* where) {
+  const bool fits_in = (seen_ & bit(EXAMINED)) == 0 && (key != EXAMINED || seen_ == 0);
+  if ((seen_ & bit(key)) != 0 || !fits_in) {
+    refuse_key(key, where);
+  }
+  seen_ |= bit(key);
+}
+
+/// Refuses a key that must not stand beside those before it.
+void FindingParser::refuse_key(std::size_t key, const char* where) const {
   if ((seen_ & bit(key)) != 0) {
     refuse_duplicate_key(KEY_NAMES[key], where);
   }
-  const bool is_beside_examined = key == EXAMINED ? seen_ != 0 : (seen_ & bit(EXAMINED)) != 0;
-  if (is_beside_examined) {
-    throw ValueFault{where, "found the key " + in_quotes(KEY_NAMES[key]) +
-                                " in one object with others, expected a line of its own for " +
-                                in_quotes(KEY_NAMES[EXAMINED])};
-  }
-  seen_ |= bit(key);
+  throw ValueFault{where, "found the key " + in_quotes(KEY_NAMES[key]) +
+                              " in one object with others, expected a line of its own for " +
+                              in_quotes(KEY_NAMES[EXAMINED])};
 }
 
 void FindingParser::note_unknown_key(std::string_view name, const char* where) {
@@ -265,13 +332,14 @@ void FindingParser::read_severity(ondemand::value& value) {
 
 void FindingParser::read_type(ondemand::value& value) {
   static const std::vector<std::string_view> names = type_names();
+  static const std::string expectation = one_of(names);
   const std::string_view source = source_of(value);
   const ValueName name{KEY_NAMES[TYPE]};
-  const std::string_view text = strings_.read(value, name, one_of(names));
+  const std::string_view text = strings_.read(value, name, expectation);
   const auto* const type = std::find_if(TYPES.begin(), TYPES.end(),
                                         [text](const auto& row) { return row.first == text; });
   if (type == TYPES.end()) {
-    refuse(source, name, one_of(names), suggestion_for(text, names));
+    refuse(source, name, expectation, suggestion_for(text, names));
   }
   finding_.type = type->second;
 }
@@ -280,7 +348,8 @@ void FindingParser::read_row_ids(ondemand::value& value) {
   using Limits = std::numeric_limits<int>;
   const std::string_view key = KEY_NAMES[ROW_IDS];
   std::size_t index = 0;
-  for (ondemand::value element : open_array(value, {key}, "an array of whole numbers")) {
+  for (auto result : open_array(value, {key}, "an array of whole numbers")) {
+    ondemand::value& element = checked(result);
     const std::string_view source = source_of(element);
     std::int64_t row_id = 0;
     if (element.get_int64().get(row_id) != simdjson::SUCCESS || row_id < Limits::min() ||
@@ -296,7 +365,8 @@ void FindingParser::read_row_ids(ondemand::value& value) {
 
 void FindingParser::read_definitions(ondemand::value& value) {
   const std::string_view key = KEY_NAMES[DEFINITIONS];
-  for (ondemand::value element : open_array(value, {key}, "an array of strings")) {
+  for (auto result : open_array(value, {key}, "an array of strings")) {
+    ondemand::value& element = checked(result);
     const ValueName name{key, finding_.definitions.size()};
     const std::string_view source = source_of(element);
     finding_.definitions.push_back(strings_.read_not_empty(element, name));
@@ -308,8 +378,9 @@ void FindingParser::read_definitions(ondemand::value& value) {
 
 void FindingParser::read_based_on(ondemand::value& value) {
   const std::string_view key = KEY_NAMES[BASED_ON];
-  for (ondemand::value element : open_array(value, {key}, "an array of strings")) {
-    finding_.based_on.push_back(strings_.read_not_empty(element, {key, finding_.based_on.size()}));
+  for (auto result : open_array(value, {key}, "an array of strings")) {
+    const ValueName name{key, finding_.based_on.size()};
+    finding_.based_on.push_back(strings_.read_not_empty(checked(result), name));
   }
 }
 
@@ -320,9 +391,9 @@ void FindingParser::read_nodes(ondemand::value& value, std::string_view key,
     return;
   }
   std::size_t index = 0;
-  for (ondemand::value element :
+  for (auto result :
        open_array(value, {key}, "the name of a node, a set of nodes or an array of those")) {
-    read_node(element, {key, index++}, nodes);
+    read_node(checked(result), {key, index++}, nodes);
   }
 }
 

@@ -46,7 +46,9 @@ class FindingParser {
   void begin(std::string_view line);
   void reserve(std::size_t size);
   void read_field(simdjson::ondemand::field& field);
+  void read_unlisted_field(simdjson::ondemand::field& field, const char* where);
   void note_key(std::size_t key, const char* where);
+  [[noreturn]] void refuse_key(std::size_t key, const char* where) const;
   void note_unknown_key(std::string_view name, const char* where);
   void read_value(std::size_t key, Value& value);
   void read_severity(Value& value);
