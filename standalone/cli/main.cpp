@@ -2,29 +2,34 @@
 #include <syslog.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <exception>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <variant>
 #include <vector>
 
+#include "standalone/cli/destinations.h"
 #include "standalone/cli/options.h"
-#include "standalone/cli/output.h"
+#include "standalone/cli/progress.h"
 #include "standalone/engine/collapser.h"
 #include "standalone/engine/definitions_reader.h"
+#include "standalone/engine/examination.h"
 #include "standalone/engine/extension_loader.h"
 #include "standalone/engine/findings_reader.h"
+#include "standalone/engine/harmless_text.h"
 #include "standalone/engine/input_error.h"
+#include "standalone/engine/node_set.h"
 #include "standalone/engine/record.h"
 #include "standalone/host/report_facts.h"
 #include "vond/log/error_log.h"
-#include "vond/log/output_log.h"
 #include "vond/vocabulary/tables.h"
 
 namespace vond::standalone {
@@ -38,20 +43,21 @@ void print_message(const std::string& kind, const std::string& message) {
   std::cerr << "vond-report: " + kind + ": " + message + "\n";
 }
 
-/// Returns the width of the terminal behind standard output.
-int terminal_width() {
+/// Returns the width of the terminal that standard output is, DEFAULT_WIDTH if it is none.
+int default_width() {
   winsize size{};
-  const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  const bool known =
+      isatty(STDOUT_FILENO) == 1 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
   return known ? size.ws_col : DEFAULT_WIDTH;
 }
 
-bool wants_color(ColorMode mode, bool is_terminal) {
+bool wants_color(ColorMode mode) {
   if (mode != ColorMode::AUTO) return mode == ColorMode::ALWAYS;
   const char* no_color = std::getenv("NO_COLOR");
-  return is_terminal && (no_color == nullptr || *no_color == '\0');
+  return isatty(STDOUT_FILENO) == 1 && (no_color == nullptr || *no_color == '\0');
 }
 
-/// Returns the report's time: now, or what SOURCE_DATE_EPOCH says for reports that can be
+/// Returns the report's time: now, or what SOURCE_DATE_EPOCH says, for reports that can be
 /// reproduced. Throws UsageError when that is no time.
 std::time_t report_time() {
   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
@@ -60,10 +66,10 @@ std::time_t report_time() {
   errno = 0;
   const long long seconds = std::strtoll(epoch, &end, 10);
   if (errno != 0 || *end != '\0') {
-    throw UsageError(std::string("SOURCE_DATE_EPOCH is \"") + epoch +
+    throw UsageError("SOURCE_DATE_EPOCH is \"" + harmless(epoch) +
                      "\", expected seconds since 1970 as a whole number");
   }
-  return static_cast<std::time_t>(seconds);
+  return seconds;
 }
 
 /// Returns where the text report is: beside the program, as it is built, or in its installed place.
@@ -75,122 +81,151 @@ std::string default_extension() {
   return fs::exists(beside) ? beside : installed;
 }
 
-RecordOptions record_options(const Options& options, int width) {
-  RecordOptions record;
-  record.fail_threshold = options.fail_threshold;
-  record.line_width = width;
-  record.log_level = options.log_level;
-  if (options.definitions) record.definitions = read_definitions(*options.definitions);
-  return record;
-}
-
-void read_findings(const Options& options, Collapser& collapser) {
-  FindingsReader reader([&collapser](const Finding& finding) { collapser.add(finding); });
-  for (const std::string& input : options.inputs) {
-    reader.read(input);
-    report_facts().inputs.push_back(input == "-" ? "standard input" : input);
-  }
-  for (const std::string& warning : reader.warnings()) print_message("warning", warning);
-}
-
 void set_logging(const Options& options) {
   log::LOG_LEVEL = vocabulary::LOG_LEVELS.at(options.log_level);
   log::LOG_OUTPUT = options.syslog ? 1 : 0;
   if (options.syslog) openlog("vond-report", LOG_PID, LOG_USER);
 }
 
-/// The destinations of the report, registered with the output log.
-class Destinations {
+std::vector<DefinitionSpec> read_definition_specs(const std::string& path) {
+  DefinitionsFile file = read_definitions(path);
+  for (const std::string& warning : file.warnings) print_message("warning", warning);
+  return std::move(file.roots);
+}
+
+/// Returns how many bytes there are to read, 0 when not all inputs are files.
+std::uintmax_t total_size(const std::vector<std::string>& inputs) {
+  std::uintmax_t total = 0;
+  for (const std::string& input : inputs) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(input, error);
+    if (error) return 0;
+    total += size;
+  }
+  return total;
+}
+
+/// What all inputs together tell.
+class Input : public FindingsSink {
  public:
-  /// Throws OutputError.
-  explicit Destinations(const Options& options) {
-    auto& log = log::OutputLog::singleton_obj;
-    log = std::make_unique<log::OutputLog::OutputLogStream>();
-    log->streams.push_back(
-        {&standard_output_.stream(), wants_color(options.color, standard_output_.is_terminal())});
-    for (const std::string& path : options.outputs) {
-      files_.push_back(std::make_unique<OutputFile>(path));
-      log->streams.push_back({&files_.back()->stream(), false});
-    }
+  explicit Input(const Options& options) {
+    for (const std::string& node : options.examined) examination_.add_examined(node);
+    for (const std::string& node : options.expected) examination_.add_expected(node);
+    read(options);
   }
-  Destinations(const Destinations&) = delete;
-  Destinations& operator=(const Destinations&) = delete;
-  ~Destinations() { log::OutputLog::singleton_obj.reset(); }
 
-  bool is_terminal() const { return standard_output_.is_terminal(); }
-
-  /// Writes what is held back of a report that is not complete; the files are not kept.
-  void abandon() noexcept { standard_output_.finish(); }
-
-  /// Completes all of them. Returns whether all are complete, after a message for each that is not.
-  bool finish() {
-    bool complete = finish_standard_output();
-    for (const auto& file : files_) complete = finish_file(*file) && complete;
-    return complete;
+  void finding(const Finding& finding) override {
+    collapser_.add(finding);
+    progress_->update(reader_->bytes_read(), collapser_.findings());
   }
+
+  void examined(const std::vector<std::string_view>& nodes) override {
+    examination_.set_known();
+    for (const std::string_view node : nodes) examination_.add_examined(node);
+  }
+
+  Collapser& collapser() { return collapser_; }
+  const Examination& examination() const { return examination_; }
+  std::size_t lines_rejected() const { return lines_rejected_; }
 
  private:
-  bool finish_standard_output() {
-    const int error = standard_output_.finish();
-    // A reader that has gone knows that it has not read everything.
-    if (error != 0 && error != EPIPE) {
-      print_message("error", "standard output: " + std::generic_category().message(error));
+  void read(const Options& options) {
+    FindingsReader reader(*this, {.keep_going = options.keep_going,
+                                  .definitions_are_paths = !options.definitions.has_value()});
+    {
+      Progress progress(total_size(options.inputs), isatty(STDERR_FILENO) == 1);
+      reader_ = &reader;
+      progress_ = &progress;
+      for (const std::string& path : options.inputs) reader.read(path);
     }
-    return error == 0;
+    for (const std::string& warning : reader.warnings()) print_message("warning", warning);
+    print_rejected(reader.rejected());
   }
 
-  static bool finish_file(OutputFile& file) {
-    try {
-      file.commit();
-    } catch (const OutputError& error) {
-      print_message("error", error.what());
-      return false;
+  void print_rejected(const RejectedLines& rejected) {
+    lines_rejected_ = rejected.count;
+    for (const InputError& error : rejected.errors) print_message("error", error.what());
+    const std::size_t more = rejected.count - rejected.errors.size();
+    if (more != 0) {
+      print_message("error", "and " + std::to_string(more) + " more " +
+                                 (more == 1 ? "line" : "lines") + " that cannot be used");
     }
-    return true;
   }
 
-  StandardOutput standard_output_;
-  std::vector<std::unique_ptr<OutputFile>> files_;
+  // Only while reading.
+  const FindingsReader* reader_ = nullptr;
+  Progress* progress_ = nullptr;
+  Collapser collapser_;
+  Examination examination_;
+  std::size_t lines_rejected_ = 0;
 };
 
+void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
+  const StringInterner& nodes = input.collapser().node_names();
+  const Examination& examination = input.examination();
+  facts.findings_read = input.collapser().findings();
+  facts.lines_rejected = input.lines_rejected();
+  facts.nodes_seen = nodes.size();
+  facts.unknown_definitions = report.unknown_definitions();
+  facts.unknown_based_on = report.unknown_based_on();
+  facts.expected_and_not_examined = examination.expected_and_not_examined();
+  if (examination.is_known()) {
+    facts.examination = {examination.examined(), examination.not_examined(nodes)};
+  }
+}
+
 void run_extensions(const Options& options, Report& report) {
-  if (options.extensions.empty()) return run_extension(default_extension(), report.record());
+  if (options.extensions.empty()) run_extension(default_extension(), report.record());
   for (const std::string& path : options.extensions) run_extension(path, report.record());
+}
+
+ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
+  if (facts.lines_rejected != 0) return BAD_INPUT;
+  // Silence is not health.
+  return report.failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
 }
 
 ExitStatus write_report(const Options& options) {
   set_logging(options);
   ReportFacts& facts = report_facts();
   facts.written_at = report_time();
-  Destinations destinations(options);
-  const int default_width = destinations.is_terminal() ? terminal_width() : DEFAULT_WIDTH;
-  facts.line_width = options.width.value_or(default_width);
+  facts.line_width = options.width ? *options.width : default_width();
+  for (const std::string& input : options.inputs) {
+    facts.inputs.push_back(input == "-" ? "standard input" : harmless(input));
+  }
 
-  const RecordOptions how = record_options(options, facts.line_width);
-  Collapser collapser;
-  read_findings(options, collapser);
-  Report report(collapser, how);
-  facts.findings_read = collapser.findings();
-  facts.nodes_seen = collapser.node_names().size();
-  facts.unknown_definitions = report.unknown_definitions();
-  facts.unknown_based_on = report.unknown_based_on();
+  RecordOptions how;
+  how.collapse_by = options.collapse_by;
+  how.fail_threshold = options.fail_threshold;
+  how.line_width = facts.line_width;
+  how.log_level = options.log_level;
+  if (options.definitions) how.definitions = read_definition_specs(*options.definitions);
 
+  Destinations destinations(options.outputs, wants_color(options.color));
+  Input input(options);
+  Report report(input.collapser(), how);
+  fill_facts(facts, input, report);
   try {
     run_extensions(options, report);
   } catch (...) {
     destinations.abandon();
     throw;
   }
-  if (!destinations.finish()) return NO_REPORT;
-  return report.failed() ? FAILED : PASSED;
+  const Destinations::Outcome outcome = destinations.finish();
+  for (const std::string& error : outcome.errors) print_message("error", error);
+  return outcome.complete ? exit_status(facts, report) : NO_REPORT;
+}
+
+ExitStatus print_information(const Information& information) {
+  StandardOutput output;
+  output.stream() << information.text;
+  return output.finish() == 0 ? PASSED : NO_REPORT;
 }
 
 ExitStatus run(int argc, const char* const* argv) {
   const auto request = parse_options(argc, argv, isatty(STDIN_FILENO) == 1);
   if (const auto* options = std::get_if<Options>(&request)) return write_report(*options);
-  StandardOutput output;
-  output.stream() << std::get<Information>(request).text;
-  return output.finish() == 0 ? PASSED : NO_REPORT;
+  return print_information(std::get<Information>(request));
 }
 
 [[noreturn]] void end_after_terminate() {

@@ -4,6 +4,9 @@
 #include <map>
 #include <string_view>
 
+#include "standalone/engine/harmless_text.h"
+#include "standalone/engine/messages.h"
+#include "standalone/engine/node_set.h"
 #include "standalone/engine/severity_scale.h"
 #include "standalone/engine/suggestion.h"
 #include "standalone/version.h"
@@ -19,24 +22,16 @@ constexpr char EXIT_STATUSES[] =
     "  2  usage or input error\n"
     "  3  the report could not be completed\n";
 
-std::vector<std::string_view> log_level_names() {
-  std::vector<std::string_view> names;
-  for (const auto& [name, level] : vocabulary::LOG_LEVELS) names.push_back(name);
-  return names;
-}
+const std::map<std::string_view, ColorMode> COLOR_MODES = {
+    {"auto", ColorMode::AUTO}, {"always", ColorMode::ALWAYS}, {"never", ColorMode::NEVER}};
 
-std::string quoted_list(const std::vector<std::string_view>& words) {
-  std::string list;
-  for (const std::string_view word : words) {
-    list.append(list.empty() ? "\"" : ", \"").append(word).append("\"");
-  }
-  return list;
-}
+const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {{"text", CollapseBy::TEXT},
+                                                               {"id", CollapseBy::ID}};
 
 [[noreturn]] void reject(const std::string& option, const std::string& value,
                          const std::string& expectation,
                          const std::vector<std::string_view>& candidates) {
-  throw UsageError(option + " is \"" + value + "\", expected " + expectation +
+  throw UsageError(option + " is \"" + harmless(value) + "\", expected " + expectation +
                    suggestion_for(value, candidates));
 }
 
@@ -46,23 +41,31 @@ int parse_threshold(const std::string& text) {
   return *severity;
 }
 
-std::string parse_log_level(const std::string& name) {
-  const auto names = log_level_names();
-  if (vocabulary::LOG_LEVELS.count(name) == 0) {
-    reject("--log-level", name, "one of " + quoted_list(names), names);
-  }
-  return name;
+/// Returns what the word `text` stands for among `words`.
+template <typename Value>
+Value parse_word(const std::string& option, const std::string& text,
+                 const std::map<std::string_view, Value>& words) {
+  const auto found = words.find(text);
+  if (found != words.end()) return found->second;
+  std::vector<std::string_view> names;
+  names.reserve(words.size());
+  for (const auto& [name, value] : words) names.push_back(name);
+  reject(option, text, one_of(names), names);
 }
 
-ColorMode parse_color(const std::string& mode) {
-  static const std::map<std::string_view, ColorMode> MODES = {
-      {"auto", ColorMode::AUTO}, {"always", ColorMode::ALWAYS}, {"never", ColorMode::NEVER}};
-  const auto found = MODES.find(mode);
-  if (found == MODES.end()) {
-    const std::vector<std::string_view> names = {"auto", "always", "never"};
-    reject("--color", mode, "one of " + quoted_list(names), names);
+/// Returns the names that node sets on the command line stand for.
+std::vector<std::string> parse_node_sets(const std::string& option,
+                                         const std::vector<std::string>& sets) {
+  std::vector<std::string> names;
+  for (const std::string& set : sets) {
+    try {
+      const auto expanded = expand_node_set(set);
+      names.insert(names.end(), expanded.begin(), expanded.end());
+    } catch (const NodeSetError& error) {
+      throw UsageError(option + " is \"" + harmless(set) + "\": " + error.what());
+    }
   }
-  return found->second;
+  return names;
 }
 
 int parse_width(const std::string& text) {
@@ -82,7 +85,7 @@ std::string unknown_argument(const std::string& argument, const CLI::App& app) {
     for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
   }
   const std::string option = argument.substr(0, argument.find('='));
-  return "unknown option \"" + option + "\"" +
+  return "unknown option \"" + harmless(option) + "\"" +
          suggestion_for(option, std::vector<std::string_view>(names.begin(), names.end()));
 }
 
@@ -93,7 +96,8 @@ struct CommandLine {
 
   CLI::App app{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   Options parsed;
-  std::string definitions, fail_threshold, width, log_level, color;
+  std::string definitions, fail_threshold, width, log_level, color, collapse;
+  std::vector<std::string> examined, expected;
 };
 
 CommandLine::CommandLine() {
@@ -106,6 +110,18 @@ CommandLine::CommandLine() {
                  "Issues of bands that reach up to N contribute to FAIL: 0 to 100, or a band's "
                  "name for its upper bound (default: 75)")
       ->type_name("N");
+  app.add_option("--collapse", collapse,
+                 "What makes findings one issue: equal texts, or an equal id: text or id "
+                 "(default: text)")
+      ->type_name("WHAT");
+  app.add_flag("--keep-going", parsed.keep_going,
+               "Report on the rest of the input when lines of it cannot be used");
+  app.add_option("--examined", examined, "Nodes that were looked at; may be repeated")
+      ->type_name("NODESET")
+      ->allow_extra_args(false);
+  app.add_option("--expect", expected, "Nodes that should have been looked at; may be repeated")
+      ->type_name("NODESET")
+      ->allow_extra_args(false);
   app.add_option("-w,--width", width,
                  "Columns of the report, 0: no wrapping (default: the terminal's, else 80)")
       ->type_name("N");
@@ -130,8 +146,19 @@ Options CommandLine::options() const {
   if (!definitions.empty()) options.definitions = definitions;
   if (app.count("--fail-threshold") != 0) options.fail_threshold = parse_threshold(fail_threshold);
   if (app.count("--width") != 0) options.width = parse_width(width);
-  if (app.count("--log-level") != 0) options.log_level = parse_log_level(log_level);
-  if (app.count("--color") != 0) options.color = parse_color(color);
+  if (app.count("--log-level") != 0) {
+    const std::map<std::string_view, int> levels(vocabulary::LOG_LEVELS.begin(),
+                                                 vocabulary::LOG_LEVELS.end());
+    parse_word<int>("--log-level", log_level, levels);
+    options.log_level = log_level;
+  }
+  if (app.count("--color") != 0)
+    options.color = parse_word<ColorMode>("--color", color, COLOR_MODES);
+  if (app.count("--collapse") != 0) {
+    options.collapse_by = parse_word<CollapseBy>("--collapse", collapse, COLLAPSE_MODES);
+  }
+  options.examined = parse_node_sets("--examined", examined);
+  options.expected = parse_node_sets("--expect", expected);
   return options;
 }
 

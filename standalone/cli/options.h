@@ -25,6 +25,13 @@ struct Options {
   std::optional<std::string> definitions;
   /// On the severity scale, 0 to 100.
   int fail_threshold = 75;
+  CollapseBy collapse_by = CollapseBy::TEXT;
+  /// Whether to leave out lines that cannot be used.
+  bool keep_going = false;
+  /// Names of nodes that were looked at.
+  std::vector<std::string> examined;
+  /// Names of nodes that should have been looked at.
+  std::vector<std::string> expected;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.
   std::optional<int> width;
   /// A name of the log level table.

@@ -38,26 +38,18 @@ struct Part {
 
 using Term = std::vector<Part>;
 
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 bool is_control(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte < 0x20 || byte == 0x7F;
 }
 
-bool is_visible(char c) {
-  return c > ' ' && c < 0x7F;
-}
+bool is_visible(char c) { return c > ' ' && c < 0x7F; }
 
-bool is_padded(std::string_view digits) {
-  return digits.size() > 1 && digits.front() == '0';
-}
+bool is_padded(std::string_view digits) { return digits.size() > 1 && digits.front() == '0'; }
 
-std::string in_quotes(std::string_view text) {
-  return '"' + std::string(text) + '"';
-}
+std::string in_quotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 /// Returns high - low, at most MAX_DIFFERENCE; -1 when low is the higher one.
 std::int64_t difference(std::string_view low, std::string_view high) {

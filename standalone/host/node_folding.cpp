@@ -14,9 +14,7 @@ namespace vond::standalone {
 
 namespace {
 
-bool is_digit(char c) {
-  return c >= '0' && c <= '9';
-}
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 /// A number in a name. Keys compare as the digits do: by length, then by text. The upper bits are
 /// the number of digits, the lower ones the value; a number too long for that has the length
@@ -30,12 +28,8 @@ constexpr std::size_t LONG_NUMBER = MAX_PACKED_DIGITS + 1;
 constexpr NumberKey pack(std::size_t length, std::uint64_t value) {
   return (static_cast<NumberKey>(length) << VALUE_BITS) | value;
 }
-constexpr std::size_t length_of(NumberKey key) {
-  return key >> VALUE_BITS;
-}
-constexpr std::uint64_t value_of(NumberKey key) {
-  return key & ((NumberKey{1} << VALUE_BITS) - 1);
-}
+constexpr std::size_t length_of(NumberKey key) { return key >> VALUE_BITS; }
+constexpr std::uint64_t value_of(NumberKey key) { return key & ((NumberKey{1} << VALUE_BITS) - 1); }
 
 bool shorter_then_smaller(std::string_view a, std::string_view b) {
   return a.size() != b.size() ? a.size() < b.size() : a < b;
@@ -274,6 +268,32 @@ class NumberWriter {
   const NumberTable& table_;
 };
 
+/// Sorts names by one byte of the keys of one axis; equal ones keep their order.
+void sort_by_byte(std::size_t axis, unsigned shift, std::vector<const NumberKey*>& names,
+                  std::vector<const NumberKey*>& scratch) {
+  const auto byte_of = [=](const NumberKey* name) { return (name[axis] >> shift) & 0xFFU; };
+  std::array<std::size_t, 257> starts = {};
+  for (const NumberKey* name : names) ++starts[byte_of(name) + 1];
+  std::partial_sum(starts.begin(), starts.end(), starts.begin());
+  for (const NumberKey* name : names) scratch[starts[byte_of(name)]++] = name;
+  names.swap(scratch);
+}
+
+/// Sorts names axis by axis, in a time linear in their number, so that a name in a large set costs
+/// what it costs in a small one.
+void sort_by_axes(std::size_t axes, std::vector<const NumberKey*>& names) {
+  std::vector<const NumberKey*> scratch(names.size());
+  // From the last byte of the last axis to the first of the first, leaving out those that are the
+  // same everywhere: few are not, as names hold small numbers of a few lengths.
+  for (std::size_t axis = axes; axis-- > 0;) {
+    NumberKey varying = 0;
+    for (const NumberKey* name : names) varying |= name[axis] ^ names.front()[axis];
+    for (unsigned shift = 0; shift < 64; shift += 8) {
+      if (((varying >> shift) & 0xFFU) != 0) sort_by_byte(axis, shift, names, scratch);
+    }
+  }
+}
+
 /// Returns for each of `count` things the lowest index of a thing that is equal to it.
 template <typename Less>
 std::vector<std::uint32_t> lowest_equal_index(std::size_t count, Less less) {
@@ -334,22 +354,13 @@ class FamilyFolder {
 
   /// Sorts the names axis by axis and drops repeated ones.
   void sort_names() {
-    if (family_.axes == 1) {
-      auto& numbers = family_.numbers;
-      if (!std::is_sorted(numbers.begin(), numbers.end()))
-        std::sort(numbers.begin(), numbers.end());
-      numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-      return;
-    }
     const std::size_t axes = family_.axes;
     const auto less = [axes](const NumberKey* a, const NumberKey* b) {
       return std::lexicographical_compare(a, a + axes, b, b + axes);
     };
     std::vector<const NumberKey*> names(name_count());
     for (std::size_t i = 0; i < names.size(); ++i) names[i] = name(i);
-    if (!std::is_sorted(names.begin(), names.end(), less)) {
-      std::sort(names.begin(), names.end(), less);
-    }
+    if (!std::is_sorted(names.begin(), names.end(), less)) sort_by_axes(axes, names);
     std::vector<NumberKey> sorted;
     sorted.reserve(family_.numbers.size());
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -360,10 +371,6 @@ class FamilyFolder {
   }
 
   void fold_last_axis() {
-    if (family_.axes == 1) {
-      groups_.push_back({name(0), family_.numbers});
-      return;
-    }
     lasts_.reserve(name_count());
     for (std::size_t i = 0; i < name_count(); ++i) lasts_.push_back(name(i)[last_axis()]);
     std::size_t first = 0;

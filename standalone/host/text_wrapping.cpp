@@ -49,9 +49,8 @@ std::size_t ascii_columns(char character) { return character >= ' ' && character
 
 CodePoint code_point_at(std::string_view text) {
   utf8proc_int32_t value = 0;
-  const auto size =
-      utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),  // NOLINT
-                       static_cast<utf8proc_ssize_t>(text.size()), &value);
+  const auto size = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                     static_cast<utf8proc_ssize_t>(text.size()), &value);
   if (size <= 0) {
     return {0, 1, 1, false};
   }

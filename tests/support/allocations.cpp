@@ -19,12 +19,15 @@ std::size_t live = 0;
 /// Allocations that still succeed, plus 1; 0 while nothing is to fail.
 std::size_t countdown = 0;
 bool failed = false;
+/// 0 while allocations may have any size.
+std::size_t too_large = 0;
 
 void* allocate(std::size_t size) noexcept {
   if (countdown > 0 && --countdown == 0) {
     failed = true;
     return nullptr;
   }
+  if (too_large > 0 && size >= too_large) return nullptr;
   void* const memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) return nullptr;
   ++live;
@@ -48,36 +51,16 @@ void release(void* memory) noexcept {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
-  return allocate_or_throw(size);
-}
-void* operator new[](std::size_t size) {
-  return allocate_or_throw(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  return allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-  release(memory);
-}
+void* operator new(std::size_t size) { return allocate_or_throw(size); }
+void* operator new[](std::size_t size) { return allocate_or_throw(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { release(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { release(memory); }
 
 namespace vond::test {
 
@@ -86,17 +69,15 @@ FailingAllocation::FailingAllocation(std::size_t n) {
   countdown = n;
 }
 
-FailingAllocation::~FailingAllocation() {
-  countdown = 0;
-}
+FailingAllocation::~FailingAllocation() { countdown = 0; }
 
-bool FailingAllocation::happened() const {
-  return failed;
-}
+bool FailingAllocation::happened() const { return failed; }
 
-std::size_t live_allocations() {
-  return live;
-}
+FailingLargeAllocations::FailingLargeAllocations(std::size_t size) { too_large = size; }
+
+FailingLargeAllocations::~FailingLargeAllocations() { too_large = 0; }
+
+std::size_t live_allocations() { return live; }
 
 std::size_t allocation_ordinal(const void* address) {
   const auto wanted = reinterpret_cast<std::uintptr_t>(address);

@@ -12,9 +12,7 @@ CapturedOutputLog::CapturedOutputLog(bool colored)
   OutputLog::singleton_obj->streams.push_back({&destination_, colored});
 }
 
-CapturedOutputLog::~CapturedOutputLog() {
-  OutputLog::singleton_obj = std::move(replaced_);
-}
+CapturedOutputLog::~CapturedOutputLog() { OutputLog::singleton_obj = std::move(replaced_); }
 
 std::string CapturedOutputLog::take() {
   std::string text = destination_.str();

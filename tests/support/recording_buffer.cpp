@@ -20,8 +20,6 @@ int RecordingBuffer::sync() {
   return 0;
 }
 
-int BufferThatFailsToFlush::sync() {
-  throw std::runtime_error("disk full");
-}
+int BufferThatFailsToFlush::sync() { throw std::runtime_error("disk full"); }
 
 }  // namespace vond::test

@@ -47,9 +47,9 @@ class OutputLog {
       }
     }
 
-    /// Writes the whole of `statement` to every destination of singleton_obj and flushes it. The colour
-    /// in force ends with the first destination, so that only that one gets the reset code; that is
-    /// wanted. Errors of the destinations are not checked here.
+    /// Writes the whole of `statement` to every destination of singleton_obj and flushes it. The
+    /// colour in force ends with the first destination, so that only that one gets the reset code;
+    /// that is wanted. Errors of the destinations are not checked here.
     void flush(std::stringstream& statement) {
       for (const OutputStream& destination : singleton_obj->streams) {
         const std::string content = statement.str();

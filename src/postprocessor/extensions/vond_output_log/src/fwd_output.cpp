@@ -4,6 +4,7 @@
 #include <exception>
 #include <set>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "issue_details.h"
@@ -23,6 +24,8 @@ using vond::postprocessor::ALL_OBSERVATIONS;
 using vond::postprocessor::CollapsedAnalysisOutput;
 using vond::postprocessor::DIAGNOSES;
 using vond::postprocessor::fail_bit;
+using vond::postprocessor::IssueList;
+using vond::postprocessor::IssuesByMask;
 using vond::postprocessor::MISSING_DATA;
 using vond::postprocessor::OBSERVATIONS;
 using vond::postprocessor::SeverityMask;
@@ -106,6 +109,47 @@ std::string related_ids(CollapsedAnalysisOutput& issue, bool is_diagnosis) {
   return rstrip(std::move(ids), ", ");
 }
 
+const IssueList NO_ISSUES;
+
+/// Returns the index entry of one band and type code, NO_ISSUES when there is none. An unknown band
+/// adds a row of zeros to the table.
+const IssueList& index_entry(const IssuesByMask& index, const std::string& band_name,
+                             unsigned char type_code, int fail_threshold) {
+  const auto& [lower, upper_bound, severity] = SEVERITY_BANDS[band_name];
+  const unsigned mask =
+      (static_cast<unsigned>(severity) | fail_bit(upper_bound, fail_threshold)) + type_code;
+  const auto entry = index.find(SeverityMask(mask));
+  return entry == index.end() ? NO_ISSUES : entry->second;
+}
+
+void append(IssueList& issues, const IssueList& more) {
+  issues.insert(issues.end(), more.begin(), more.end());
+}
+
+/// Returns the index sorted by the definitions that the issues name.
+std::unordered_map<std::string_view, IssuesByMask> sort_by_fwd(const IssuesByMask& index) {
+  std::unordered_map<std::string_view, IssuesByMask> sorted;
+  for (const auto& [mask, issues] : index) {
+    for (const auto& issue : issues) {
+      if (!issue) continue;
+      for (const std::string& name : issue->fwd_names) sorted[name][mask].push_back(issue);
+    }
+  }
+  return sorted;
+}
+
+/// Runs a selection. Returns 0, or 1 after a report in the error log when it threw.
+template <typename Selection>
+int report_selection_errors(Selection select) {
+  try {
+    select();
+  } catch (const std::exception& error) {
+    ErrorLog(SOURCE_FILE, "get_details_by_severity", 582, ERROR_PRIORITY).stream() << error.what();
+    return 1;
+  }
+  return 0;
+}
+
 std::size_t count_digits(std::size_t number) {
   std::size_t digits = 1;
   for (; number > 9; number /= 10) ++digits;
@@ -120,9 +164,11 @@ int FwdOutputFunctions::print_full_tree(const Data& data) {
   write_line_end();
   write_line_end();
 
+  if (!data.fwd_root) return 0;
   const auto& roots = data.fwd_root->roots;
+  IssuesByFwd selection;
   for (const auto& root : roots) {
-    if (print_tree(data, *root->fwd, "", true) == 1) return 1;
+    if (print_subtree(data, selection, *root->fwd, "", true) == 1) return 1;
     if (roots.size() != 1) write_line_end();
   }
   return 0;
@@ -130,6 +176,12 @@ int FwdOutputFunctions::print_full_tree(const Data& data) {
 
 int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::string& prefix,
                                    bool last) {
+  IssuesByFwd selection;
+  return print_subtree(data, selection, fwd, prefix, last);
+}
+
+int FwdOutputFunctions::print_subtree(const Data& data, IssuesByFwd& selection, const Fwd& fwd,
+                                      const std::string& prefix, bool last) {
   const auto& child_groups = fwd.node->child_groups;
   const auto [line_prefix, child_prefix] = draw_prefixes(prefix, last, !child_groups.empty());
 
@@ -141,7 +193,11 @@ int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::
     std::string scratch;
     const std::string gap = blanks(5);
     if (print_issue_num(data, scratch, data.line_width, child_prefix, gap, fwd) == 1) return 1;
-    if (print_details(data, fwd, child_prefix, data.line_width, scratch) == 1) return 1;
+    const auto select = [&](IssueList& diagnoses, IssueList& observations,
+                            const std::string& band_name) {
+      return select_details(data, selection, diagnoses, observations, band_name, fwd);
+    };
+    if (print_bands(select, child_prefix, data.line_width, scratch) == 1) return 1;
   }
 
   std::size_t remaining = 0;
@@ -151,7 +207,7 @@ int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::
   for (const auto& group : child_groups) {
     for (const auto& child : group.children) {
       --remaining;
-      if (print_tree(data, *child->fwd, inherited, remaining == 0) == 1) return 1;
+      if (print_subtree(data, selection, *child->fwd, inherited, remaining == 0) == 1) return 1;
     }
   }
   return 0;
@@ -211,11 +267,20 @@ int FwdOutputFunctions::format_fwd_issue_num(std::string& text, const std::strin
 int FwdOutputFunctions::print_details(const Data& data, const Fwd& fwd,
                                       const std::string& child_prefix, int width,
                                       std::string& text) {
+  const auto select = [&](IssueList& diagnoses, IssueList& observations,
+                          const std::string& band_name) {
+    return get_details_by_severity(data, diagnoses, observations, band_name, fwd);
+  };
+  return print_bands(select, child_prefix, width, text);
+}
+
+int FwdOutputFunctions::print_bands(const BandSelection& select, const std::string& child_prefix,
+                                    int width, std::string& text) {
   const auto bands = descending_bands(SEVERITY_BANDS);
   IssueList diagnoses;
   IssueList observations;
   for (const auto& [lower, upper_bound, severity, name] : bands) {
-    if (get_details_by_severity(data, diagnoses, observations, name, fwd) == 1) return 1;
+    if (select(diagnoses, observations, name) == 1) return 1;
     if (print_details_by_severity(diagnoses, observations, child_prefix, width, name, text) == 1) {
       return 1;
     }
@@ -231,19 +296,32 @@ int FwdOutputFunctions::print_details(const Data& data, const Fwd& fwd,
 int FwdOutputFunctions::get_details_by_severity(const Data& data, IssueList& diagnoses,
                                                 IssueList& observations,
                                                 const std::string& band_name, const Fwd& fwd) {
-  try {
+  return report_selection_errors([&] {
     diagnoses.clear();
     observations.clear();
     find_by_severity_and_fwd(data, diagnoses, band_name, fwd, DIAGNOSES);
     find_by_severity_and_fwd(data, observations, band_name, fwd, OBSERVATIONS);
     IssueList missing_data;
     find_by_severity_and_fwd(data, missing_data, band_name, fwd, MISSING_DATA);
-    observations.insert(observations.end(), missing_data.begin(), missing_data.end());
-  } catch (const std::exception& error) {
-    ErrorLog(SOURCE_FILE, "get_details_by_severity", 582, ERROR_PRIORITY).stream() << error.what();
-    return 1;
-  }
-  return 0;
+    append(observations, missing_data);
+  });
+}
+
+int FwdOutputFunctions::select_details(const Data& data, IssuesByFwd& selection,
+                                       IssueList& diagnoses, IssueList& observations,
+                                       const std::string& band_name, const Fwd& fwd) {
+  return report_selection_errors([&] {
+    diagnoses.clear();
+    observations.clear();
+    if (!data.issues_by_mask) return;
+    if (selection.empty()) selection = sort_by_fwd(*data.issues_by_mask);
+    const auto found = selection.find(fwd.name);
+    if (found == selection.end()) return;
+    const int threshold = data.fail_threshold;
+    append(diagnoses, index_entry(found->second, band_name, DIAGNOSES, threshold));
+    append(observations, index_entry(found->second, band_name, OBSERVATIONS, threshold));
+    append(observations, index_entry(found->second, band_name, MISSING_DATA, threshold));
+  });
 }
 
 void FwdOutputFunctions::find_by_severity_and_fwd(const Data& data, IssueList& issues,
@@ -256,11 +334,10 @@ void FwdOutputFunctions::find_by_severity_and_fwd(const Data& data, IssueList& i
 void FwdOutputFunctions::find_by_severity(const Data& data, IssueList& issues,
                                           const std::string& band_name,
                                           const unsigned char& type_code) {
-  const auto& [lower, upper_bound, severity] = SEVERITY_BANDS[band_name];
-  const unsigned mask =
-      (static_cast<unsigned>(severity) | fail_bit(upper_bound, data.fail_threshold)) + type_code;
-  const auto entry = data.issues_by_mask->find(SeverityMask(mask));
-  if (entry != data.issues_by_mask->end()) issues = entry->second;
+  if (!data.issues_by_mask) return;
+  const IssueList& entry =
+      index_entry(*data.issues_by_mask, band_name, type_code, data.fail_threshold);
+  if (&entry != &NO_ISSUES) issues = entry;
 }
 
 void FwdOutputFunctions::find_by_fwd(IssueList& issues, const Fwd& fwd) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 #include "vond/fwd.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
@@ -96,6 +99,24 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
   int format_fwd_segment(std::string& segment, const std::string& body_indent,
                          const std::string& spacer, const std::string& label,
                          const std::string& text, const int& width);
+
+ private:
+  /// Every definition's own part of the issue index; what it is keyed by belongs to the issues.
+  /// Made once a walk, when it is first needed: asking every issue for every definition would take
+  /// the product of the two.
+  using IssuesByFwd = std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>;
+
+  /// Sets both lists to the issues of the band that is named.
+  using BandSelection = std::function<int(IssueList& diagnoses, IssueList& observations,
+                                          const std::string& band_name)>;
+
+  int print_subtree(const Data& data, IssuesByFwd& selection, const vond::Fwd& fwd,
+                    const std::string& prefix, bool last);
+  int print_bands(const BandSelection& select, const std::string& child_prefix, int width,
+                  std::string& text);
+  /// Does what get_details_by_severity() does.
+  int select_details(const Data& data, IssuesByFwd& selection, IssueList& diagnoses,
+                     IssueList& observations, const std::string& band_name, const vond::Fwd& fwd);
 };
 
 }  // namespace vond_output_log
