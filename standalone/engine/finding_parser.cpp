@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "standalone/engine/definition_tree.h"
 #include "standalone/engine/definitions_reader.h"
 #include "standalone/engine/finding_keys.h"
 #include "standalone/engine/line_reader.h"
@@ -32,9 +33,7 @@ constexpr std::array<std::pair<std::string_view, postprocessor::TypeCode>, 3> TY
      {"observation", postprocessor::OBSERVATIONS},
      {"missing_data", postprocessor::MISSING_DATA}}};
 
-constexpr unsigned bit(std::size_t key) {
-  return 1U << key;
-}
+constexpr unsigned bit(std::size_t key) { return 1U << key; }
 
 bool is_node_set(std::string_view text) {
   return std::any_of(text.begin(), text.end(),
@@ -43,16 +42,8 @@ bool is_node_set(std::string_view text) {
 
 bool is_too_deep(std::string_view path) {
   // Most names are too short to be that deep, and need not be looked at.
-  if (path.size() < std::size_t{2} * MAX_DEFINITION_DEPTH) {
-    return false;
-  }
-  int parts = 0;
-  char before = '/';
-  for (const char letter : path) {
-    parts += before == '/' && letter != '/' ? 1 : 0;
-    before = letter;
-  }
-  return parts > MAX_DEFINITION_DEPTH;
+  return path.size() > std::size_t{2} * MAX_DEFINITION_DEPTH &&
+         spelled_depth(path) > MAX_DEFINITION_DEPTH;
 }
 
 std::vector<std::string_view> type_names() {
