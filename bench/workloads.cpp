@@ -142,7 +142,8 @@ std::vector<std::string> some_observations(const std::vector<std::string>& ids,
                                            RandomNumbers& random) {
   std::vector<std::string> observations;
   for (std::size_t left = random.between(1, 2); left > 0; --left) {
-    observations.push_back(ids[random.below((ids.size() + 1) / 2) * 2]);
+    const std::size_t place = random.below((ids.size() + 1) / 2);
+    observations.push_back(ids[2 * place]);
   }
   return observations;
 }
