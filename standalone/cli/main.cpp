@@ -85,6 +85,12 @@ void set_logging(const Options& options) {
   if (options.syslog) openlog("vond-report", LOG_PID, LOG_USER);
 }
 
+std::vector<DefinitionSpec> read_definition_specs(const std::string& path) {
+  DefinitionsFile file = read_definitions(path);
+  for (const std::string& warning : file.warnings) print_message("warning", warning);
+  return std::move(file.roots);
+}
+
 /// What all inputs together tell.
 class Input : public FindingsSink {
  public:
@@ -168,7 +174,7 @@ ExitStatus write_report(const Options& options) {
   how.fail_threshold = options.fail_threshold;
   how.line_width = facts.line_width;
   how.log_level = options.log_level;
-  if (options.definitions) how.definitions = read_definitions(*options.definitions);
+  if (options.definitions) how.definitions = read_definition_specs(*options.definitions);
 
   Destinations destinations(options.outputs, wants_color(options.color));
   Input input(options);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "standalone/engine/harmless_text.h"
+#include "standalone/engine/messages.h"
 #include "standalone/engine/node_set.h"
 #include "standalone/engine/severity_scale.h"
 #include "standalone/engine/suggestion.h"
@@ -27,14 +28,6 @@ const std::map<std::string_view, ColorMode> COLOR_MODES = {
 const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {{"text", CollapseBy::TEXT},
                                                                {"id", CollapseBy::ID}};
 
-std::string quoted_list(const std::vector<std::string_view>& words) {
-  std::string list;
-  for (const std::string_view word : words) {
-    list.append(list.empty() ? "\"" : ", \"").append(word).append("\"");
-  }
-  return list;
-}
-
 [[noreturn]] void reject(const std::string& option, const std::string& value,
                          const std::string& expectation,
                          const std::vector<std::string_view>& candidates) {
@@ -55,8 +48,9 @@ Value parse_word(const std::string& option, const std::string& text,
   const auto found = words.find(text);
   if (found != words.end()) return found->second;
   std::vector<std::string_view> names;
+  names.reserve(words.size());
   for (const auto& [name, value] : words) names.push_back(name);
-  reject(option, text, "one of " + quoted_list(names), names);
+  reject(option, text, one_of(names), names);
 }
 
 /// Returns the names that node sets on the command line stand for.

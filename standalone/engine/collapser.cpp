@@ -7,7 +7,7 @@
 #include <tuple>
 #include <utility>
 
-#include "standalone/engine/severity_band.h"
+#include "standalone/engine/severity_scale.h"
 
 namespace vond::standalone {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "standalone/engine/definition_tree.h"
-#include "standalone/engine/severity_band.h"
+#include "standalone/engine/severity_scale.h"
 
 namespace vond::standalone {
 
