@@ -15,9 +15,14 @@ constexpr int CANNOT_RUN = 127;
 
 struct Measurement {
   double seconds;
+  double cpu_seconds;
   long peak_bytes;
   int status;
 };
+
+double seconds_of(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
 
 Measurement run(char** command) {
   const auto start = std::chrono::steady_clock::now();
@@ -31,12 +36,12 @@ Measurement run(char** command) {
   rusage usage{};
   if (child < 0 || wait4(child, &status, 0, &usage) != child) {
     std::perror("measure");
-    return {0, 0, CANNOT_RUN};
+    return {0, 0, 0, CANNOT_RUN};
   }
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   // The kernel counts in KiB.
-  return {time.count(), usage.ru_maxrss * 1024,
-          WIFEXITED(status) ? WEXITSTATUS(status) : CANNOT_RUN};
+  return {time.count(), seconds_of(usage.ru_utime) + seconds_of(usage.ru_stime),
+          usage.ru_maxrss * 1024, WIFEXITED(status) ? WEXITSTATUS(status) : CANNOT_RUN};
 }
 
 }  // namespace
@@ -52,6 +57,7 @@ int main(int argc, char** argv) {
     std::perror(argv[1]);
     return 2;
   }
-  std::fprintf(result, "%.6f %ld %d\n", measured.seconds, measured.peak_bytes, measured.status);
+  std::fprintf(result, "%.6f %.6f %ld %d\n", measured.seconds, measured.cpu_seconds,
+               measured.peak_bytes, measured.status);
   return std::fclose(result) == 0 ? 0 : 2;
 }
