@@ -47,20 +47,27 @@ std::size_t count_distinct(std::vector<StringInterner::Id> nodes) {
   return nodes.size();
 }
 
-std::size_t count_distinct_nodes(const CollapsedIssue& issue) {
-  if (issue.outputs.size() == 1) return count_distinct(issue.outputs[0].nodes);
+/// Counts the nodes of the outputs and of the issue.
+void count_nodes(CollapsedIssue& issue) {
+  for (CollapsedOutput& output : issue.outputs) {
+    output.distinct_nodes = count_distinct(output.nodes);
+  }
+  issue.distinct_nodes = issue.outputs[0].distinct_nodes;
+  if (issue.outputs.size() == 1) return;
   std::vector<StringInterner::Id> nodes;
   for (const CollapsedOutput& output : issue.outputs) append(nodes, output.nodes);
-  return count_distinct(std::move(nodes));
+  issue.distinct_nodes = count_distinct(std::move(nodes));
+}
+
+auto texts_of(const CollapsedOutput& output) {
+  return std::tie(output.message, output.remedy, output.category);
 }
 
 bool stands_before(const CollapsedOutput& left, const CollapsedOutput& right) {
   if (left.severity != right.severity) return left.severity > right.severity;
-  const std::size_t left_nodes = count_distinct(left.nodes);
-  const std::size_t right_nodes = count_distinct(right.nodes);
-  if (left_nodes != right_nodes) return left_nodes > right_nodes;
-  return std::tie(left.message, left.remedy, left.category) <
-         std::tie(right.message, right.remedy, right.category);
+  if (left.distinct_nodes != right.distinct_nodes)
+    return left.distinct_nodes > right.distinct_nodes;
+  return texts_of(left) < texts_of(right);
 }
 
 bool stands_before(const CollapsedIssue& left, const CollapsedIssue& right) {
@@ -78,20 +85,23 @@ bool stands_before(const CollapsedIssue& left, const CollapsedIssue& right) {
   return texts(left) < texts(right);
 }
 
-/// Adds `output` to the outputs of an issue, to the one of the same texts if there is one.
-void merge_output(std::vector<CollapsedOutput>& outputs, CollapsedOutput output) {
-  const auto same_texts = [&output](const CollapsedOutput& other) {
-    return std::tie(output.message, output.remedy, output.category) ==
-           std::tie(other.message, other.remedy, other.category);
-  };
-  const auto found = std::find_if(outputs.begin(), outputs.end(), same_texts);
-  if (found == outputs.end()) {
-    outputs.push_back(std::move(output));
-    return;
+/// Makes outputs of the same texts one. Brings them together by sorting: one issue may have as many
+/// outputs as there are findings.
+void unite_outputs(CollapsedIssue& issue) {
+  std::stable_sort(
+      issue.outputs.begin(), issue.outputs.end(),
+      [](const auto& left, const auto& right) { return texts_of(left) < texts_of(right); });
+  std::vector<CollapsedOutput> united;
+  for (CollapsedOutput& output : issue.outputs) {
+    if (united.empty() || texts_of(united.back()) != texts_of(output)) {
+      united.push_back(std::move(output));
+      continue;
+    }
+    united.back().severity = std::max(united.back().severity, output.severity);
+    append(united.back().nodes, output.nodes);
+    append(united.back().row_ids, output.row_ids);
   }
-  found->severity = std::max(found->severity, output.severity);
-  append(found->nodes, output.nodes);
-  append(found->row_ids, output.row_ids);
+  issue.outputs = std::move(united);
 }
 
 /// Makes the first message tell how many others stand behind it.
@@ -113,12 +123,14 @@ std::vector<CollapsedIssue> merge_by_id(std::vector<CollapsedIssue> issues) {
     into.severity = std::max(into.severity, issue.severity);
     append(into.definitions, issue.definitions);
     append(into.based_on, issue.based_on);
-    merge_output(into.outputs, std::move(issue.outputs[0]));
+    into.outputs.push_back(std::move(issue.outputs[0]));
   }
   issues.clear();
   for (auto& [key, issue] : merged) {
     sort_unique(issue.definitions);
     sort_unique(issue.based_on);
+    unite_outputs(issue);
+    count_nodes(issue);
     std::sort(issue.outputs.begin(), issue.outputs.end(),
               [](const auto& left, const auto& right) { return stands_before(left, right); });
     count_other_messages(issue);
@@ -192,7 +204,8 @@ CollapsedIssue& Collapser::add_issue(const Key& key) {
                            std::string(key.message),
                            std::string(key.remedy),
                            {},
-                           {}});
+                           {},
+                           0});
   index_.insert(number);
   return issue;
 }
@@ -201,8 +214,11 @@ std::vector<CollapsedIssue> Collapser::finish(CollapseBy what) {
   index_.clear();
   hashes_.clear();
   std::vector<CollapsedIssue> issues = std::exchange(issues_, {});
-  if (what == CollapseBy::ID) issues = merge_by_id(std::move(issues));
-  for (CollapsedIssue& issue : issues) issue.distinct_nodes = count_distinct_nodes(issue);
+  if (what == CollapseBy::ID) {
+    issues = merge_by_id(std::move(issues));
+  } else {
+    for (CollapsedIssue& issue : issues) count_nodes(issue);
+  }
   std::sort(issues.begin(), issues.end(),
             [](const auto& left, const auto& right) { return stands_before(left, right); });
   for (CollapsedIssue& issue : issues) {

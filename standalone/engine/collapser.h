@@ -30,6 +30,7 @@ struct CollapsedOutput {
   std::vector<StringInterner::Id> nodes;
   /// As findings give them.
   std::vector<int> row_ids;
+  std::size_t distinct_nodes = 0;
 };
 
 /// Findings that are one issue.

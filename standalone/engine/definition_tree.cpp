@@ -27,9 +27,19 @@ std::set<std::string> with_parents(const std::set<std::string>& names) {
   return all;
 }
 
+/// Returns the start of a UTF-8 text, at most `size` bytes, without a part of a character at its
+/// end.
+std::string_view start_of(std::string_view text, std::size_t size) {
+  const auto continues = [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+  };
+  while (size > 0 && size < text.size() && continues(text[size])) --size;
+  return text.substr(0, size);
+}
+
 std::string too_deep(const std::string& name) {
   constexpr std::size_t SHOWN = 60;
-  const std::string shown = name.size() > SHOWN ? name.substr(0, SHOWN) + "…" : name;
+  const std::string shown = name.size() > SHOWN ? std::string(start_of(name, SHOWN)) + "…" : name;
   return "definition \"" + shown + "\" is " + std::to_string(spelled_depth(name)) +
          " levels deep, expected at most " + std::to_string(MAX_DEFINITION_DEPTH);
 }

@@ -49,9 +49,9 @@ std::shared_ptr<analysis::AnalysisOutput> make_output(const std::string& id,
 
 }  // namespace
 
-Report::Report(Collapser& collapser, const RecordOptions& options) {
+Report::Report(Collapser& collapser, const RecordOptions& options) : Report() {
   std::vector<CollapsedIssue> collapsed = collapser.finish(options.collapse_by);
-  issues_ = std::make_shared<std::vector<Issue>>(collapsed.size());
+  issues_->resize(collapsed.size());
   record_.fail_threshold = options.fail_threshold;
   record_.line_width = options.line_width;
   record_.log_level = options.log_level;

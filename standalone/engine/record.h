@@ -49,6 +49,10 @@ class Report {
  private:
   using Issue = postprocessor::CollapsedAnalysisOutput;
 
+  /// An empty report. The other constructor begins with it, so that the destructor runs, and issues
+  /// are released, even when that one throws.
+  Report() = default;
+
   std::shared_ptr<Issue> issue(std::size_t number) const;
   void fill_issues(std::vector<CollapsedIssue>& collapsed, const StringInterner& node_names);
   void relate_issues(const std::vector<CollapsedIssue>& collapsed);
@@ -57,7 +61,7 @@ class Report {
 
   /// In the order of the report, in one array: sets of issues are ordered by address, and so in the
   /// order of the report too.
-  std::shared_ptr<std::vector<Issue>> issues_;
+  std::shared_ptr<std::vector<Issue>> issues_ = std::make_shared<std::vector<Issue>>();
   postprocessor::PostprocessorExtensionData record_;
   std::vector<std::string> unknown_definitions_;
   std::vector<std::string> unknown_based_on_;

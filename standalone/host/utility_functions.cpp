@@ -22,8 +22,9 @@ constexpr char RULE[] =
 void write(const std::string& text) { OutputLog(OutputLog::NONE) << text; }
 
 /// Writes one line of a block, wrapped and in a colour; the line end is outside of the colour.
-void write_line(OutputLog::Colors color, const std::string& text, int width) {
-  OutputLog(color) << str::word_wrap(text, width, "    ");
+void write_line(OutputLog::Colors color, const std::string& text, int width,
+                const std::string& indent = "    ") {
+  OutputLog(color) << str::word_wrap(text, width, indent);
   write("\n");
 }
 
@@ -91,7 +92,7 @@ void write_band(const vocabulary::SeverityBand& band, const PostprocessorExtensi
   std::string line = "  " + str::upper(name) + ":";
   line.resize(COUNTS_COLUMN, ' ');
   write_line(fails ? OutputLog::RED : OutputLog::NONE, line + (counts.empty() ? "none" : counts),
-             data.line_width);
+             data.line_width, std::string(COUNTS_COLUMN, ' '));
 }
 
 void collect_failing(const FwdNode& node, std::vector<std::string>& names) {

@@ -19,12 +19,15 @@ std::size_t live = 0;
 /// Allocations that still succeed, plus 1; 0 while nothing is to fail.
 std::size_t countdown = 0;
 bool failed = false;
+/// 0 while allocations may have any size.
+std::size_t too_large = 0;
 
 void* allocate(std::size_t size) noexcept {
   if (countdown > 0 && --countdown == 0) {
     failed = true;
     return nullptr;
   }
+  if (too_large > 0 && size >= too_large) return nullptr;
   void* const memory = std::malloc(size == 0 ? 1 : size);
   if (memory == nullptr) return nullptr;
   ++live;
@@ -69,6 +72,10 @@ FailingAllocation::FailingAllocation(std::size_t n) {
 FailingAllocation::~FailingAllocation() { countdown = 0; }
 
 bool FailingAllocation::happened() const { return failed; }
+
+FailingLargeAllocations::FailingLargeAllocations(std::size_t size) { too_large = size; }
+
+FailingLargeAllocations::~FailingLargeAllocations() { too_large = 0; }
 
 std::size_t live_allocations() { return live; }
 

@@ -18,6 +18,15 @@ class FailingAllocation {
   bool happened() const;
 };
 
+/// While it lives, every allocation of `size` bytes and more throws std::bad_alloc.
+class FailingLargeAllocations {
+ public:
+  explicit FailingLargeAllocations(std::size_t size);
+  FailingLargeAllocations(const FailingLargeAllocations&) = delete;
+  FailingLargeAllocations& operator=(const FailingLargeAllocations&) = delete;
+  ~FailingLargeAllocations();
+};
+
 /// Returns the number of allocations that have not been released.
 std::size_t live_allocations();
 
