@@ -179,9 +179,12 @@ bool starts_with(std::string_view text, std::string_view start) {
   return text.substr(0, start.size()) == start;
 }
 
+/// Whether the line begins with an issue's number. An id that is too wide leaves that alone.
 bool is_issue_header(std::string_view line) {
   const std::size_t digits = line.find_first_not_of("0123456789");
-  return digits != 0 && digits != std::string_view::npos && line.substr(digits, 2) == ". ";
+  if (digits == 0 || digits == std::string_view::npos) return false;
+  const std::string_view rest = line.substr(digits);
+  return rest == "." || starts_with(rest, ". ");
 }
 
 /// Whether the report itself begins a line of an issue section so; whatever findings tell stands
