@@ -14,9 +14,6 @@
 
 namespace vond::standalone {
 
-/// The keys of an input line.
-const std::vector<std::string_view>& finding_keys();
-
 /// Reads one line of JSON after the other. What it hands out lives until the next line is parsed or
 /// the line's text goes.
 class FindingParser {

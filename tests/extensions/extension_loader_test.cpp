@@ -1,5 +1,6 @@
 #include "standalone/engine/extension_loader.h"
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -10,10 +11,13 @@
 #include <vector>
 
 #include "standalone/host/report_facts.h"
+#include "tests/support/captured_output_log.h"
+#include "tests/support/records.h"
 
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 using vond::postprocessor::PostprocessorExtensionData;
@@ -55,6 +59,13 @@ class ExtensionLoader : public testing::Test {
   /// Returns how many copies of the record are left.
   long copies_of_record() const { return record_.host_shared_1.use_count() - 2; }
 
+  /// Returns whether the process still holds the library.
+  static bool is_loaded(const std::string& path) {
+    void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (library != nullptr) dlclose(library);
+    return library != nullptr;
+  }
+
   fs::path folder() const { return folder_; }
 
  private:
@@ -68,41 +79,50 @@ class ExtensionLoader : public testing::Test {
 
 // ---- Extensions that work ----------------------------------------------------------------------
 
+TEST_F(ExtensionLoader, RunsTheTextReportAndClosesIt) {
+  const vond::test::CapturedOutputLog output;
+  vond::test::Data record = vond::test::make_record();
+  run_extension(VOND_OUTPUT_LOG_PATH, record);
+  EXPECT_THAT(output.text(), HasSubstr("Issues contributing to FAIL\nNo issues detected.\n"));
+  EXPECT_EQ(record.issues_by_mask.use_count(), 1);
+  EXPECT_FALSE(is_loaded(VOND_OUTPUT_LOG_PATH));
+}
+
 TEST_F(ExtensionLoader, CreatesRunsAndDeletesTheExtensionBeforeItClosesTheLibrary) {
-  EXPECT_EQ(load(EXTENSION_THAT_WORKS), "");
+  EXPECT_EQ(load(EXTENSION_THAT_WORKS_PATH), "");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
   EXPECT_EQ(copies_of_record(), 0);
 }
 
 TEST_F(ExtensionLoader, RunsALibraryAsOftenAsItIsAskedTo) {
-  EXPECT_EQ(load(EXTENSION_THAT_WORKS), "");
-  EXPECT_EQ(load(EXTENSION_THAT_WORKS), "");
+  EXPECT_EQ(load(EXTENSION_THAT_WORKS_PATH), "");
+  EXPECT_EQ(load(EXTENSION_THAT_WORKS_PATH), "");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed",  //
                                     "created", "run", "deleted", "library closed"));
 }
 
 TEST_F(ExtensionLoader, RunsAnotherExtensionAfterOneThatFailed) {
-  EXPECT_NE(load(EXTENSION_WHOSE_RUN_THROWS_INT), "");
-  EXPECT_EQ(load(EXTENSION_THAT_WORKS), "");
+  EXPECT_NE(load(EXTENSION_WHOSE_RUN_THROWS_INT_PATH), "");
+  EXPECT_EQ(load(EXTENSION_THAT_WORKS_PATH), "");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed",  //
                                     "created", "run", "deleted", "library closed"));
 }
 
 TEST_F(ExtensionLoader, TakesABareFileNameFromTheCurrentFolder) {
-  fs::copy_file(EXTENSION_THAT_WORKS, "bare.so");
+  fs::copy_file(EXTENSION_THAT_WORKS_PATH, "bare.so");
   EXPECT_EQ(load("bare.so"), "");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
 }
 
 TEST_F(ExtensionLoader, TakesARelativePathFromTheCurrentFolder) {
   fs::create_directory("sub");
-  fs::copy_file(EXTENSION_THAT_WORKS, "sub/relative.so");
+  fs::copy_file(EXTENSION_THAT_WORKS_PATH, "sub/relative.so");
   EXPECT_EQ(load("sub/relative.so"), "");
   EXPECT_EQ(load("./sub/../sub/relative.so"), "");
 }
 
 TEST_F(ExtensionLoader, TakesAnyFileName) {
-  fs::copy_file(EXTENSION_THAT_WORKS, "no ending \xC3\xA4");
+  fs::copy_file(EXTENSION_THAT_WORKS_PATH, "no ending \xC3\xA4");
   EXPECT_EQ(load("no ending \xC3\xA4"), "");
 }
 
@@ -141,48 +161,49 @@ TEST_F(ExtensionLoader, TellsThatAnEmptyFileIsNoLibrary) {
 }
 
 TEST_F(ExtensionLoader, RefusesALibraryThatLacksAFunctionBeforeItRunsAnything) {
-  const std::string path = EXTENSION_WITH_UNDEFINED_SYMBOL;
+  const std::string path = EXTENSION_WITH_UNDEFINED_SYMBOL_PATH;
   const std::string message = load(path);
   EXPECT_THAT(message, StartsWith(path + ": cannot load the extension: "));
-  EXPECT_THAT(message, testing::HasSubstr("defined_nowhere"));
+  EXPECT_THAT(message, HasSubstr("defined_nowhere"));
   EXPECT_THAT(events(), IsEmpty());
 }
 
 // ---- Libraries with a fault --------------------------------------------------------------------
 
 TEST_F(ExtensionLoader, TellsThatALibraryHasNoFactory) {
-  const std::string path = EXTENSION_WITHOUT_FACTORY;
+  const std::string path = EXTENSION_WITHOUT_FACTORY_PATH;
   EXPECT_EQ(load(path), path + ": no factory \"create\" in the library, so it is no extension");
+  EXPECT_FALSE(is_loaded(path));
 }
 
 TEST_F(ExtensionLoader, TellsThatTheFactoryMadeNothing) {
-  const std::string path = EXTENSION_OF_NULL;
+  const std::string path = EXTENSION_OF_NULL_PATH;
   EXPECT_EQ(load(path), path + ": the extension's factory made no extension");
   EXPECT_THAT(events(), ElementsAre("library closed"));
   EXPECT_EQ(copies_of_record(), 0);
 }
 
 TEST_F(ExtensionLoader, TellsWhatTheFactoryThrew) {
-  const std::string path = EXTENSION_WHOSE_FACTORY_THROWS;
+  const std::string path = EXTENSION_WHOSE_FACTORY_THROWS_PATH;
   EXPECT_EQ(load(path), path + ": the extension's factory failed: no licence");
   EXPECT_THAT(events(), ElementsAre("library closed"));
 }
 
 TEST_F(ExtensionLoader, TellsThatTheFactoryThrewWhatHasNoText) {
-  const std::string path = EXTENSION_WHOSE_FACTORY_THROWS_TEXT;
+  const std::string path = EXTENSION_WHOSE_FACTORY_THROWS_TEXT_PATH;
   EXPECT_EQ(load(path), path + ": the extension's factory failed: unknown exception");
   EXPECT_THAT(events(), ElementsAre("library closed"));
 }
 
 TEST_F(ExtensionLoader, TellsWhatRunThrew) {
-  const std::string path = EXTENSION_WHOSE_RUN_THROWS;
+  const std::string path = EXTENSION_WHOSE_RUN_THROWS_PATH;
   EXPECT_EQ(load(path), path + ": the extension's run failed: disk full");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
   EXPECT_EQ(copies_of_record(), 0);
 }
 
 TEST_F(ExtensionLoader, LetsGoOfAnExceptionBeforeTheLibraryThatHasItsCode) {
-  const std::string path = EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE;
+  const std::string path = EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH;
   EXPECT_EQ(load(path),
             path + ": the extension's run failed: a text that only this library could have made");
   EXPECT_THAT(events(),
@@ -190,14 +211,14 @@ TEST_F(ExtensionLoader, LetsGoOfAnExceptionBeforeTheLibraryThatHasItsCode) {
 }
 
 TEST_F(ExtensionLoader, TellsThatRunThrewWhatHasNoText) {
-  const std::string path = EXTENSION_WHOSE_RUN_THROWS_INT;
+  const std::string path = EXTENSION_WHOSE_RUN_THROWS_INT_PATH;
   EXPECT_EQ(load(path), path + ": the extension's run failed: unknown exception");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
   EXPECT_EQ(copies_of_record(), 0);
 }
 
 TEST_F(ExtensionLoader, TellsThatRunReturned1) {
-  const std::string path = EXTENSION_WHOSE_RUN_RETURNS_1;
+  const std::string path = EXTENSION_WHOSE_RUN_RETURNS_1_PATH;
   EXPECT_EQ(load(path), path + ": the extension's run returned 1: the report is not complete");
   EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
   EXPECT_EQ(copies_of_record(), 0);

@@ -1,4 +1,4 @@
 #include "witness.h"
 
-// What extensions are made by has to be called "create".
-extern "C" VOND_HOST_API int make() { return 0; }
+// Nearly, but factories are called "create".
+extern "C" VOND_HOST_API int created() { return 0; }
