@@ -40,7 +40,8 @@ enum ExitStatus : int { PASSED = 0, FAILED = 1, BAD_INPUT = 2, NO_REPORT = 3 };
 constexpr int DEFAULT_WIDTH = 80;
 
 void print_message(const std::string& kind, const std::string& message) {
-  std::cerr << "vond-report: " + kind + ": " + message + "\n";
+  // What an extension or a file name says may hold anything.
+  std::cerr << "vond-report: " + kind + ": " + harmless(message) + "\n";
 }
 
 /// Returns the width of the terminal that standard output is, DEFAULT_WIDTH if it is none.

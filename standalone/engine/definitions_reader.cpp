@@ -28,9 +28,7 @@ constexpr std::string_view NAME = "name";
 constexpr std::string_view SKIPPED = "skipped";
 constexpr std::string_view CHILDREN = "children";
 
-std::string expected_object() {
-  return "an object with the key " + in_quotes(DEFINITIONS);
-}
+std::string expected_object() { return "an object with the key " + in_quotes(DEFINITIONS); }
 
 /// Builds the definitions from a file's text.
 class DefinitionsParser {

@@ -115,8 +115,6 @@ inline std::size_t find(std::string_view name) {
 }
 
 /// Returns the names of all keys.
-inline std::vector<std::string_view> all_names() {
-  return {KEY_NAMES.begin(), KEY_NAMES.end()};
-}
+inline std::vector<std::string_view> all_names() { return {KEY_NAMES.begin(), KEY_NAMES.end()}; }
 
 }  // namespace vond::standalone::finding_keys

@@ -76,9 +76,7 @@ void FindingsReader::read(const std::string& path) {
   }
 }
 
-std::vector<std::string> FindingsReader::warnings() const {
-  return unknown_keys_.warnings();
-}
+std::vector<std::string> FindingsReader::warnings() const { return unknown_keys_.warnings(); }
 
 /// Reads `line`; false when it was rejected.
 bool FindingsReader::is_usable(const std::string& file, const LineReader::Line& line) {

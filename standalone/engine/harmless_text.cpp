@@ -70,9 +70,7 @@ void append_escape(std::string& out, std::uint32_t value) {
   out.append(escape.data(), static_cast<std::size_t>(length));
 }
 
-bool is_other(char byte) {
-  return static_cast<unsigned char>(byte - ' ') > '~' - ' ';
-}
+bool is_other(char byte) { return static_cast<unsigned char>(byte - ' ') > '~' - ' '; }
 
 // Blocks without a way out in their middle are what compilers turn into vector instructions.
 constexpr std::size_t BLOCK_SIZE = 64;

@@ -20,13 +20,9 @@ constexpr std::string_view HEXADECIMAL_DIGITS = "0123456789abcdefABCDEF";
 constexpr std::string_view WHITE_SPACE = " \t\n\r";
 constexpr std::size_t UNICODE_ESCAPE_LENGTH = 6;
 
-bool is_one_of(std::string_view set, char byte) {
-  return set.find(byte) != std::string_view::npos;
-}
+bool is_one_of(std::string_view set, char byte) { return set.find(byte) != std::string_view::npos; }
 
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
+bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
 bool is_letter(char byte) {
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';

@@ -10,9 +10,7 @@ namespace vond::standalone {
 
 namespace {
 
-bool has_escapes(std::string_view source) {
-  return source.find('\\') != std::string_view::npos;
-}
+bool has_escapes(std::string_view source) { return source.find('\\') != std::string_view::npos; }
 
 /// True when the strings of JSON text are harmless as they stand: all ASCII, nothing escaped. That
 /// no control characters are in them is what the parser sees to.

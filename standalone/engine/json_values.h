@@ -58,9 +58,7 @@ inline std::string_view without_quotes(std::string_view source) {
 }
 
 /// When a string has not been read the parser skips it, and takes a colon behind it for good.
-inline void consume_string(simdjson::ondemand::value& value) {
-  (void)value.get_raw_json_string();
-}
+inline void consume_string(simdjson::ondemand::value& value) { (void)value.get_raw_json_string(); }
 
 /// Returns how messages show a value: `"text"`, `5`, `null`, `an array`, `an object`.
 std::string describe_source(std::string_view source);

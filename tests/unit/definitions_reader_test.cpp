@@ -92,9 +92,7 @@ TEST(DefinitionsReader, TakesNoChildrenForNoGroup) {
   EXPECT_EQ(picture_of(R"({"definitions":[{"name":"a","children":[[]]}]})"), "a()");
 }
 
-TEST(DefinitionsReader, TakesAnEmptyList) {
-  EXPECT_EQ(picture_of(R"({"definitions":[]})"), "");
-}
+TEST(DefinitionsReader, TakesAnEmptyList) { EXPECT_EQ(picture_of(R"({"definitions":[]})"), ""); }
 
 TEST(DefinitionsReader, AcceptsAByteOrderMarkAndCrlf) {
   EXPECT_EQ(picture_of("\xEF\xBB\xBF\r\n{\r\n\"definitions\":\r\n[{\"name\":\"a\"}]}\r\n"), "a");

@@ -84,9 +84,7 @@ Reading read(std::string_view content, ReadingOptions options = {}) {
   return reading;
 }
 
-std::string error_of(std::string_view content) {
-  return read(content).error;
-}
+std::string error_of(std::string_view content) { return read(content).error; }
 
 constexpr const char* SEVERITY_EXPECTATION =
     "expected a whole number from 0 to 100 or one of \"informational\", \"warning\", \"critical\"";
@@ -641,9 +639,7 @@ TEST(FindingsReader, KeepsTheFirstTwentyErrors) {
   EXPECT_EQ(reading.errors.back().substr(0, 10), "FILE:20:2:");
 }
 
-TEST(FindingsReader, DoesNotCountLinesWithoutKeepGoing) {
-  EXPECT_EQ(read("{\n{\n").rejected, 0U);
-}
+TEST(FindingsReader, DoesNotCountLinesWithoutKeepGoing) { EXPECT_EQ(read("{\n{\n").rejected, 0U); }
 
 // --- Long lines ---
 

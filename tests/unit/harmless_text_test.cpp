@@ -116,9 +116,7 @@ TEST(Excerpt, CountsCharactersAndCutsNone) {
   EXPECT_EQ(excerpt(umlauts.substr(2)), umlauts.substr(2));
 }
 
-TEST(Excerpt, IsHarmless) {
-  EXPECT_EQ(excerpt("a\x1b\n\tb"), "a\\x1b\\x0a b");
-}
+TEST(Excerpt, IsHarmless) { EXPECT_EQ(excerpt("a\x1b\n\tb"), "a\\x1b\\x0a b"); }
 
 TEST(Excerpt, CutsWhatGrewWhenItWasMadeHarmless) {
   EXPECT_EQ(excerpt(std::string(20, '\x1b')).size(), 60U);

@@ -32,9 +32,7 @@ std::vector<std::string> lines_of(const std::string& content, std::size_t longes
 
 using Lines = std::vector<std::string>;
 
-TEST(LineReader, FindsNoLineInAnEmptyFile) {
-  EXPECT_EQ(lines_of(""), Lines{});
-}
+TEST(LineReader, FindsNoLineInAnEmptyFile) { EXPECT_EQ(lines_of(""), Lines{}); }
 
 TEST(LineReader, EndsLinesWithLfAndCrlf) {
   EXPECT_EQ(lines_of("a\nb\r\n\n\r\nc\rd\n"),
