@@ -42,8 +42,15 @@ void expect_text_without_steering(std::string_view text, LineEnds line_ends) {
   }
 }
 
+std::string with_blanks_for_tabs(std::string_view text) {
+  std::string changed(text);
+  std::replace(changed.begin(), changed.end(), '\t', ' ');
+  return changed;
+}
+
 void check_harmless(std::string_view text, LineEnds line_ends) {
   const std::string result = harmless(text, line_ends);
+  expect_same("a tab to become a blank", result, harmless(with_blanks_for_tabs(text), line_ends));
   expect_text_without_steering(result, line_ends);
   expect(is_harmless(result, line_ends), "harmless text to be known as such", result);
   expect_same("harmless text to stay as it is", harmless(result, line_ends), result);

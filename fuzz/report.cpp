@@ -149,8 +149,20 @@ std::string run_extension(Report& report, bool colored) {
   return text;
 }
 
+/// A report and the number of issues that it is to hold.
+struct WrittenReport {
+  std::string text;
+  int issues = 0;
+};
+
+int count_issues(Report& report) {
+  int issues = 0;
+  for (const auto& [mask, count] : report.record().counts_by_mask) issues += count;
+  return issues;
+}
+
 /// Returns the report of an input; a record gives the same one however often it is asked.
-std::string write_report(std::string_view findings, const Options& options) {
+WrittenReport write_report(std::string_view findings, const Options& options) {
   Input input(findings, !options.record.definitions.has_value());
   Report report(input.collapser(), options.record);
   ReportFacts& facts = report_facts();
@@ -163,7 +175,7 @@ std::string write_report(std::string_view findings, const Options& options) {
   std::string text = run_extension(report, options.colored);
   expect_same("the same record to give the same report", run_extension(report, options.colored),
               text);
-  return text;
+  return {std::move(text), count_issues(report)};
 }
 
 std::string without_colors(std::string text) {
@@ -179,9 +191,12 @@ bool starts_with(std::string_view text, std::string_view start) {
   return text.substr(0, start.size()) == start;
 }
 
+/// Whether the line begins with an issue's number. An id that is too wide leaves that alone.
 bool is_issue_header(std::string_view line) {
   const std::size_t digits = line.find_first_not_of("0123456789");
-  return digits != 0 && digits != std::string_view::npos && line.substr(digits, 2) == ". ";
+  if (digits == 0 || digits == std::string_view::npos) return false;
+  const std::string_view rest = line.substr(digits);
+  return rest == "." || starts_with(rest, ". ");
 }
 
 /// Whether the report itself begins a line of an issue section so; whatever findings tell stands
@@ -208,10 +223,11 @@ std::size_t widest_line(std::string_view line, int width) {
 }
 
 /// Judges the two sections of issues, from the first heading to the second rule behind it.
-void check_issue_sections(std::string_view report, int width) {
+void check_issue_sections(std::string_view report, int width, int issues) {
   constexpr std::string_view FIRST_HEADING = "Issues contributing to FAIL";
   const std::string rule(80, '-');
   int rules = -1;
+  int headers = 0;
   for (const std::string_view line : lines_of(report)) {
     if (rules < 0 && line == FIRST_HEADING) rules = 0;
     if (rules >= 0 && line == rule) ++rules;
@@ -219,11 +235,14 @@ void check_issue_sections(std::string_view report, int width) {
     expect(line.front() == ' ' || may_stand_at_left(line), "no line of an issue at the left", line);
     expect(width <= 0 || !is_ascii(line) || line.size() <= widest_line(line, width),
            "no line that is wider than asked", line);
+    if (is_issue_header(line)) ++headers;
   }
   expect(rules >= 2, "both sections of issues", report);
+  expect(headers == issues, "every issue once", report);
 }
 
-void check_text(const std::string& report, int width) {
+void check_text(const WrittenReport& written, int width) {
+  const std::string report = without_colors(written.text);
   expect(is_utf8(report), "a report in UTF-8", report);
   const std::vector<std::string_view> lines = lines_of(report);
   for (const std::string_view line : lines) {
@@ -233,7 +252,9 @@ void check_text(const std::string& report, int width) {
   expect(starts_with(report, "Cluster health report\n"), "the header first", report);
   // Headings are wrapped too.
   constexpr int WIDEST_HEADING = 39;
-  if (width <= 0 || width >= WIDEST_HEADING) check_issue_sections(report, width);
+  if (width <= 0 || width >= WIDEST_HEADING) {
+    check_issue_sections(report, width, written.issues);
+  }
 }
 
 /// Returns the lines in reverse order.
@@ -250,13 +271,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string_view input = text_of(data, size);
   if (has_long_ranges(input)) return 0;
   const Options options = take_options(input);
-  const std::string report = write_report(input, options);
-  check_text(without_colors(report), options.record.line_width);
+  const WrittenReport report = write_report(input, options);
+  check_text(report, options.record.line_width);
   // A byte order mark means something in the first line alone.
   if (starts_with(input, "\xEF\xBB\xBF") || starts_with(reversed_lines(input), "\xEF\xBB\xBF")) {
     return 0;
   }
   expect_same("the order of the findings not to count",
-              write_report(reversed_lines(input), options), report);
+              write_report(reversed_lines(input), options).text, report.text);
   return 0;
 }
