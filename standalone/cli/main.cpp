@@ -20,6 +20,7 @@
 
 #include "standalone/cli/destinations.h"
 #include "standalone/cli/options.h"
+#include "standalone/cli/progress.h"
 #include "standalone/engine/collapser.h"
 #include "standalone/engine/definitions_reader.h"
 #include "standalone/engine/examination.h"
@@ -101,6 +102,18 @@ std::vector<DefinitionSpec> read_definition_specs(const std::string& path) {
   return std::move(file.roots);
 }
 
+/// Returns how many bytes there are to read, 0 when not all inputs are files.
+std::uintmax_t total_size(const std::vector<std::string>& inputs) {
+  std::uintmax_t total = 0;
+  for (const std::string& input : inputs) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(input, error);
+    if (error) return 0;
+    total += size;
+  }
+  return total;
+}
+
 /// What all inputs together tell.
 class Input : public FindingsSink {
  public:
@@ -110,7 +123,10 @@ class Input : public FindingsSink {
     read(options);
   }
 
-  void finding(const Finding& finding) override { collapser_.add(finding); }
+  void finding(const Finding& finding) override {
+    collapser_.add(finding);
+    progress_->update(reader_->bytes_read(), collapser_.findings());
+  }
 
   void examined(const std::vector<std::string_view>& nodes) override {
     examination_.set_known();
@@ -125,7 +141,12 @@ class Input : public FindingsSink {
   void read(const Options& options) {
     FindingsReader reader(*this, {.keep_going = options.keep_going,
                                   .definitions_are_paths = !options.definitions.has_value()});
-    for (const std::string& path : options.inputs) reader.read(path);
+    {
+      Progress progress(total_size(options.inputs), isatty(STDERR_FILENO) == 1);
+      reader_ = &reader;
+      progress_ = &progress;
+      for (const std::string& path : options.inputs) reader.read(path);
+    }
     for (const std::string& warning : reader.warnings()) print_message("warning", warning);
     print_rejected(reader.rejected());
   }
@@ -140,6 +161,9 @@ class Input : public FindingsSink {
     }
   }
 
+  // Only while reading.
+  const FindingsReader* reader_ = nullptr;
+  Progress* progress_ = nullptr;
   Collapser collapser_;
   Examination examination_;
   std::size_t lines_rejected_ = 0;

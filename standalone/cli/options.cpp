@@ -18,7 +18,7 @@ namespace {
 constexpr char EXIT_STATUSES[] =
     "Exit status:\n"
     "  0  report written, nothing fails\n"
-    "  1  report written, something fails\n"
+    "  1  report written, something fails, or expected nodes were not examined\n"
     "  2  usage or input error\n"
     "  3  the report could not be completed\n";
 

@@ -1,16 +1,15 @@
 #include "standalone/engine/definitions_reader.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
-#include "standalone/engine/harmless_text.h"
+#include "standalone/engine/file_text.h"
 #include "standalone/engine/input_error.h"
-#include "standalone/engine/input_file.h"
 #include "standalone/engine/json_fault.h"
 #include "standalone/engine/json_values.h"
 #include "standalone/engine/messages.h"
@@ -22,90 +21,14 @@ namespace {
 
 namespace ondemand = simdjson::ondemand;
 
-// An endless pipe must not take all memory.
-constexpr std::size_t LARGEST_FILE = std::size_t{256} << 20;
-
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+static_assert(FileText::PADDING >= simdjson::SIMDJSON_PADDING);
 
 constexpr std::string_view DEFINITIONS = "definitions";
 constexpr std::string_view NAME = "name";
 constexpr std::string_view SKIPPED = "skipped";
 constexpr std::string_view CHILDREN = "children";
 
-/// Where a byte of a file stands, both from 1.
-struct LineAndColumn {
-  std::size_t line = 1;
-  std::size_t column = 1;
-};
-
-/// A whole file, in memory.
-class FileText {
- public:
-  explicit FileText(const std::string& path);
-
-  const std::string& name() const noexcept { return file_.name(); }
-  /// The file's text without a byte order mark; simdjson::SIMDJSON_PADDING bytes follow it.
-  std::string_view text() const noexcept { return text_; }
-  /// `where` points into the text or to its end. Quick when asked for places in ascending order.
-  LineAndColumn place_of(const char* where);
-  InputError error_at(const char* where, const std::string& message);
-
- private:
-  void read_all();
-
-  InputFile file_;
-  std::string content_;
-  std::string_view text_;
-  /// The line that was asked for last: its number, and where it starts.
-  std::size_t line_ = 1;
-  std::size_t line_start_ = 0;
-};
-
-FileText::FileText(const std::string& path) : file_(path, "a file of definitions") {
-  read_all();
-  if (text_.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
-    text_.remove_prefix(BYTE_ORDER_MARK.size());
-  }
-}
-
-void FileText::read_all() {
-  constexpr std::size_t BLOCK = std::size_t{64} << 10;
-  std::size_t size = 0;
-  std::size_t count = 0;
-  do {
-    content_.resize(size + BLOCK + simdjson::SIMDJSON_PADDING);
-    count = file_.read(content_.data() + size, BLOCK);
-    size += count;
-    if (size > LARGEST_FILE) {
-      throw InputError(name() + ": is larger than 256 MiB, expected a file of definitions");
-    }
-  } while (count > 0);
-  text_ = std::string_view(content_).substr(0, size);
-}
-
-LineAndColumn FileText::place_of(const char* where) {
-  const auto offset = static_cast<std::size_t>(where - content_.data());
-  if (offset < line_start_) {
-    line_ = 1;
-    line_start_ = 0;
-  }
-  std::size_t line_end = content_.find('\n', line_start_);
-  while (line_end < offset) {
-    ++line_;
-    line_start_ = line_end + 1;
-    line_end = content_.find('\n', line_start_);
-  }
-  return {line_, offset - line_start_ + 1};
-}
-
-InputError FileText::error_at(const char* where, const std::string& message) {
-  const LineAndColumn place = place_of(where);
-  return {name(), place.line, place.column, message};
-}
-
-std::string expected_object() {
-  return "an object with the key " + in_quotes(DEFINITIONS);
-}
+std::string expected_object() { return "an object with the key " + in_quotes(DEFINITIONS); }
 
 /// Builds the definitions from a file's text.
 class DefinitionsParser {
@@ -153,7 +76,7 @@ DefinitionsFile DefinitionsParser::parse() {
   }
   strings_.begin(text);
   ondemand::document document =
-      parser_.iterate(text.data(), text.size(), text.size() + simdjson::SIMDJSON_PADDING);
+      parser_.iterate(text.data(), text.size(), text.size() + FileText::PADDING);
   std::optional<Group> roots;
   read_object(document.get_object(), [&](std::string_view key, Value& field_value) {
     if (key != DEFINITIONS) {
@@ -312,7 +235,7 @@ InputError value_error(FileText& file, const ValueFault& fault) {
 }  // namespace
 
 DefinitionsFile read_definitions(const std::string& path) {
-  FileText file(path);
+  FileText file(path, "a file of definitions");
   try {
     return DefinitionsParser(file).parse();
   } catch (const ValueFault& fault) {
@@ -320,6 +243,9 @@ DefinitionsFile read_definitions(const std::string& path) {
   } catch (const BrokenJson&) {
     throw json_error(file, "unknown fault");
   } catch (const simdjson::simdjson_error& error) {
+    if (error.error() == simdjson::MEMALLOC) {
+      throw std::bad_alloc();
+    }
     throw json_error(file, error.what());
   }
 }

@@ -14,9 +14,6 @@
 
 namespace vond::standalone {
 
-/// The keys of an input line.
-const std::vector<std::string_view>& finding_keys();
-
 /// Reads one line of JSON after the other. What it hands out lives until the next line is parsed or
 /// the line's text goes.
 class FindingParser {
@@ -46,7 +43,9 @@ class FindingParser {
   void begin(std::string_view line);
   void reserve(std::size_t size);
   void read_field(simdjson::ondemand::field& field);
+  void read_unlisted_field(simdjson::ondemand::field& field, const char* where);
   void note_key(std::size_t key, const char* where);
+  [[noreturn]] void refuse_key(std::size_t key, const char* where) const;
   void note_unknown_key(std::string_view name, const char* where);
   void read_value(std::size_t key, Value& value);
   void read_severity(Value& value);

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "standalone/engine/finding_keys.h"
 #include "standalone/engine/finding_parser.h"
 #include "standalone/engine/input_file.h"
 #include "standalone/engine/json_fault.h"
@@ -55,7 +56,7 @@ FindingsReader::FindingsReader(FindingsSink& sink, ReadingOptions options)
     : sink_(sink),
       options_(options),
       parser_(std::make_unique<FindingParser>(options.definitions_are_paths)),
-      unknown_keys_(finding_keys()) {}
+      unknown_keys_(finding_keys::all_names()) {}
 
 FindingsReader::~FindingsReader() = default;
 
@@ -75,9 +76,7 @@ void FindingsReader::read(const std::string& path) {
   }
 }
 
-std::vector<std::string> FindingsReader::warnings() const {
-  return unknown_keys_.warnings();
-}
+std::vector<std::string> FindingsReader::warnings() const { return unknown_keys_.warnings(); }
 
 /// Reads `line`; false when it was rejected.
 bool FindingsReader::is_usable(const std::string& file, const LineReader::Line& line) {

@@ -17,9 +17,7 @@ namespace {
 
 constexpr const char* STANDARD_INPUT = "-";
 
-std::string reason(int error) {
-  return std::generic_category().message(error);
-}
+std::string reason(int error) { return std::generic_category().message(error); }
 
 bool is_folder(int descriptor) {
   struct stat status {};

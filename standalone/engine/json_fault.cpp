@@ -20,13 +20,9 @@ constexpr std::string_view HEXADECIMAL_DIGITS = "0123456789abcdefABCDEF";
 constexpr std::string_view WHITE_SPACE = " \t\n\r";
 constexpr std::size_t UNICODE_ESCAPE_LENGTH = 6;
 
-bool is_one_of(std::string_view set, char byte) {
-  return set.find(byte) != std::string_view::npos;
-}
+bool is_one_of(std::string_view set, char byte) { return set.find(byte) != std::string_view::npos; }
 
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
+bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
 bool is_letter(char byte) {
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
@@ -36,10 +32,11 @@ bool belongs_to_word(char byte) {
   return is_digit(byte) || is_letter(byte) || is_one_of("+-.", byte);
 }
 
-std::string formatted(const char* format, unsigned value) {
-  std::array<char, 32> text{};
-  const int length = std::snprintf(text.data(), text.size(), format, value);
-  return {text.data(), static_cast<std::size_t>(length)};
+/// Returns `value` in at least `digits` hexadecimal digits.
+std::string hexadecimal(unsigned char value, int digits) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "%0*x", digits, unsigned{value});
+  return text.data();
 }
 
 std::size_t utf8_length(std::string_view text) {
@@ -52,8 +49,8 @@ std::size_t utf8_length(std::string_view text) {
 /// A recursive-descent check; the first fault is thrown.
 class JsonCheck {
  public:
-  JsonCheck(std::string_view text, std::string_view text_name)
-      : text_(text), text_name_(text_name) {}
+  JsonCheck(std::string_view text, std::string_view text_name, int depth)
+      : text_(text), text_name_(text_name), depth_(depth) {}
 
   void run() {
     check_characters();
@@ -85,7 +82,7 @@ class JsonCheck {
       const std::size_t length = utf8_length(text_.substr(at));
       if (length == 0) {
         const auto byte = static_cast<unsigned char>(text_[at]);
-        fail(at, formatted("found the byte 0x%02x, expected text in UTF-8", byte));
+        fail(at, "found the byte 0x" + hexadecimal(byte, 2) + ", expected text in UTF-8");
       }
       if (text_[at] == '\0') {
         fail(at, "found a NUL byte, expected text in UTF-8");
@@ -163,11 +160,8 @@ class JsonCheck {
     while (at_ < text_.size() && text_[at_] != '"') {
       if (text_[at_] == '\\') {
         check_escape();
-      } else if (static_cast<unsigned char>(text_[at_]) < ' ') {
-        const auto byte = static_cast<unsigned char>(text_[at_]);
-        fail(at_, formatted("found the control character \\x%02x in a string, expected ", byte) +
-                      formatted("it written as \\u%04x", byte));
       } else {
+        check_is_no_control_character();
         ++at_;
       }
     }
@@ -176,6 +170,14 @@ class JsonCheck {
                       text_name_);
     }
     ++at_;
+  }
+
+  void check_is_no_control_character() const {
+    const auto byte = static_cast<unsigned char>(text_[at_]);
+    if (byte < ' ') {
+      fail(at_, "found the control character \\x" + hexadecimal(byte, 2) +
+                    " in a string, expected it written as \\u" + hexadecimal(byte, 4));
+    }
   }
 
   void check_escape() {
@@ -304,14 +306,15 @@ class JsonCheck {
   std::string_view text_;
   std::string text_name_;
   std::size_t at_ = 0;
-  int depth_ = 0;
+  int depth_;
 };
 
 }  // namespace
 
-std::optional<JsonFault> find_json_fault(std::string_view text, std::string_view text_name) {
+std::optional<JsonFault> find_json_fault(std::string_view text, std::string_view text_name,
+                                         int depth) {
   try {
-    JsonCheck(text, text_name).run();
+    JsonCheck(text, text_name, depth).run();
   } catch (const JsonFault& fault) {
     return fault;
   }

@@ -20,7 +20,9 @@ struct JsonFault {
 
 /// Checks that `text` is one JSON value (RFC 8259), in UTF-8 without NUL bytes and lone surrogates,
 /// nested at most MAX_JSON_DEPTH deep, with nothing but white space around it. `text_name` calls it
-/// in messages: "line", "file". A fast parser tells that text is no JSON; this tells where and why.
-std::optional<JsonFault> find_json_fault(std::string_view text, std::string_view text_name);
+/// in messages: "line", "file"; `depth` is how many arrays and objects stand around it. A fast
+/// parser tells that text is no JSON; this tells where and why.
+std::optional<JsonFault> find_json_fault(std::string_view text, std::string_view text_name,
+                                         int depth = 0);
 
 }  // namespace vond::standalone

@@ -10,8 +10,22 @@ namespace vond::standalone {
 
 namespace {
 
-bool has_escapes(std::string_view source) {
-  return source.find('\\') != std::string_view::npos;
+bool has_escapes(std::string_view source) { return source.find('\\') != std::string_view::npos; }
+
+/// True when the strings of JSON text are harmless as they stand: all ASCII, nothing escaped. That
+/// no control characters are in them is what the parser sees to.
+bool is_plain_source(std::string_view source) {
+  constexpr unsigned char DELETE_CHARACTER = 0x7F;
+  unsigned char highest = 0;
+  unsigned char nearest_to_backslash = DELETE_CHARACTER;
+  // Without a way out in its middle, and with nothing but minima and maxima, this loop becomes
+  // vector instructions.
+  for (const char character : source) {
+    const auto byte = static_cast<unsigned char>(character);
+    highest = std::max(highest, byte);
+    nearest_to_backslash = std::min(nearest_to_backslash, static_cast<unsigned char>(byte ^ '\\'));
+  }
+  return highest < DELETE_CHARACTER && nearest_to_backslash > 0;
 }
 
 /// The parser takes some lone surrogates for characters.
@@ -30,28 +44,11 @@ std::string_view source_of_string(const char* quote) {
   return {quote, static_cast<std::size_t>(end + 1 - quote)};
 }
 
-/// When a string has not been read the parser skips it, and takes a colon behind it for good.
-void consume_string(simdjson::ondemand::value& value) {
-  (void)value.get_raw_json_string().value();
-}
-
-std::string_view without_quotes(std::string_view source) {
-  return source.substr(1, source.size() - 2);
-}
-
 }  // namespace
 
 std::string ValueName::text() const {
   return index == NO_INDEX ? std::string(key)
                            : std::string(key) + "[" + std::to_string(index) + "]";
-}
-
-std::string_view source_of(simdjson::ondemand::value& value) {
-  std::string_view source = value.raw_json_token();
-  while (source.size() > 1 && static_cast<unsigned char>(source.back()) <= ' ') {
-    source.remove_suffix(1);
-  }
-  return source;
 }
 
 std::string describe_source(std::string_view source) {
@@ -105,6 +102,7 @@ simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const Val
 
 void check_unused(simdjson::ondemand::value& value) {
   std::string_view source = source_of(value);
+  const int depth_around = value.current_depth() - 1;
   if (source.front() == '[') {
     source = value.get_array().value().raw_json();
   } else if (source.front() == '{') {
@@ -112,14 +110,16 @@ void check_unused(simdjson::ondemand::value& value) {
   } else if (source.front() == '"') {
     consume_string(value);
   }
-  if (find_json_fault(source, "value")) {
+  if (find_json_fault(source, "value", depth_around)) {
     throw BrokenJson{};
   }
 }
 
 void JsonStrings::begin(std::string_view source_text) {
-  is_plain_ = is_printable_ascii(source_text) && !has_escapes(source_text);
-  made_harmless_.clear();
+  is_plain_ = is_plain_source(source_text);
+  if (!made_harmless_.empty()) {
+    made_harmless_.clear();
+  }
 }
 
 std::string_view JsonStrings::key(simdjson::ondemand::field& field) const {
@@ -131,32 +131,18 @@ std::string_view JsonStrings::key(simdjson::ondemand::field& field) const {
   return field.unescaped_key();
 }
 
-std::string_view JsonStrings::read(simdjson::ondemand::value& value, const ValueName& name,
-                                   std::string_view expected, LineEnds line_ends) {
-  const std::string_view source = source_of(value);
-  if (source.front() != '"') {
-    refuse(source, name, expected);
+std::string_view JsonStrings::read_with_care(simdjson::ondemand::value& value,
+                                             std::string_view source, LineEnds line_ends) {
+  if (has_escapes(source)) {
+    check_escapes(source);
+    return made_harmless(value.get_string(), line_ends);
   }
-  if (is_plain_ || !has_escapes(source)) {
-    consume_string(value);
-    return made_harmless(without_quotes(source), line_ends);
-  }
-  check_escapes(source);
-  return made_harmless(value.get_string(), line_ends);
-}
-
-std::string_view JsonStrings::read_not_empty(simdjson::ondemand::value& value,
-                                             const ValueName& name) {
-  const std::string_view source = source_of(value);
-  const std::string_view text = read(value, name, "a string");
-  if (text.empty()) {
-    refuse(source, name, "a string that is not empty");
-  }
-  return text;
+  consume_string(value);
+  return made_harmless(without_quotes(source), line_ends);
 }
 
 std::string_view JsonStrings::made_harmless(std::string_view text, LineEnds line_ends) {
-  if (is_plain_ || is_harmless(text, line_ends)) {
+  if (is_harmless(text, line_ends)) {
     return text;
   }
   return made_harmless_.emplace_back(harmless(text, line_ends));

@@ -32,9 +32,33 @@ struct ValueName {
 /// Thrown where it is known that the source text is no JSON, but not yet where.
 struct BrokenJson {};
 
+/// Returns what `result` holds, in place, for a copy would cost more than reading it. Throws
+/// simdjson::simdjson_error when it holds an error.
+template <typename T>
+T& checked(simdjson::simdjson_result<T>& result) {
+  if (result.error() != simdjson::SUCCESS) {
+    throw simdjson::simdjson_error(result.error());
+  }
+  return result.value_unsafe();
+}
+
 /// Returns the source text of a value without the white space behind it; of an array or object only
 /// its bracket.
-std::string_view source_of(simdjson::ondemand::value& value);
+inline std::string_view source_of(simdjson::ondemand::value& value) {
+  std::string_view source = value.raw_json_token();
+  while (source.size() > 1 && static_cast<unsigned char>(source.back()) <= ' ') {
+    source.remove_suffix(1);
+  }
+  return source;
+}
+
+/// Returns the text between the quotes of a string's source.
+inline std::string_view without_quotes(std::string_view source) {
+  return source.substr(1, source.size() - 2);
+}
+
+/// When a string has not been read the parser skips it, and takes a colon behind it for good.
+inline void consume_string(simdjson::ondemand::value& value) { (void)value.get_raw_json_string(); }
 
 /// Returns how messages show a value: `"text"`, `5`, `null`, `an array`, `an object`.
 std::string describe_source(std::string_view source);
@@ -74,16 +98,36 @@ class JsonStrings {
 
   /// Returns the text of the string `value`; anything else is refused in the name of `name`.
   std::string_view read(simdjson::ondemand::value& value, const ValueName& name,
-                        std::string_view expected, LineEnds line_ends = LineEnds::SHOWN);
+                        std::string_view expected, LineEnds line_ends = LineEnds::SHOWN) {
+    const std::string_view source = source_of(value);
+    if (source.front() != '"') {
+      refuse(source, name, expected);
+    }
+    if (is_plain_) {
+      consume_string(value);
+      return without_quotes(source);
+    }
+    return read_with_care(value, source, line_ends);
+  }
 
   /// Like read(); an empty string is refused too.
-  std::string_view read_not_empty(simdjson::ondemand::value& value, const ValueName& name);
+  std::string_view read_not_empty(simdjson::ondemand::value& value, const ValueName& name) {
+    const std::string_view source = source_of(value);
+    const std::string_view text = read(value, name, "a string");
+    if (text.empty()) {
+      refuse(source, name, "a string that is not empty");
+    }
+    return text;
+  }
 
  private:
+  std::string_view read_with_care(simdjson::ondemand::value& value, std::string_view source,
+                                  LineEnds line_ends);
   std::string_view made_harmless(std::string_view text, LineEnds line_ends);
 
   /// Whether no string of the source text needs to be looked at: all printable ASCII, no escapes.
   bool is_plain_ = false;
+  /// Addresses of elements stay.
   std::deque<std::string> made_harmless_;
 };
 

@@ -7,7 +7,7 @@ namespace vond::standalone {
 
 namespace {
 
-constexpr std::size_t FIRST_BUFFER_SIZE = std::size_t{256} << 10;
+constexpr std::size_t FIRST_BUFFER_SIZE = std::size_t{128} << 10;
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 bool remove_prefix(std::string_view& text, std::string_view prefix) {

@@ -15,9 +15,7 @@ struct UnknownKey {
 };
 
 /// True for keys that are meant to be ignored without a word: their writers keep notes in them.
-inline bool is_private_key(std::string_view key) {
-  return key.substr(0, 2) == "x-";
-}
+inline bool is_private_key(std::string_view key) { return key.substr(0, 2) == "x-"; }
 
 /// Counts unknown keys, for one warning each.
 class UnknownKeys {

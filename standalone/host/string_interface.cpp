@@ -20,6 +20,7 @@ std::string StringInterface::get_short_name(const std::string& name) const {
 }
 
 std::string StringInterface::remove_endl(const std::string& text) const {
+  if (text.find('\n') == std::string::npos && text.find('\r') == std::string::npos) return text;
   constexpr char LINE_ENDS[] = "\r\n";
   constexpr char WHITE_SPACE[] = " \t\r\n";
   std::string line;

@@ -101,7 +101,9 @@ TEST_F(DestinationsTest, MessagesNeverEndUpInAFileThatWasOpenedInPlaceOfStandard
   const std::string output = folder / "output";
   folder.write("output", "old");
   const Outcome outcome =
-      Command({"-o", output, "-e", THROWING_RUN_PATH, findings}).closed(STDERR_FILENO).run();
+      Command({"-o", output, "-e", EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, findings})
+          .closed(STDERR_FILENO)
+          .run();
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(read_file(output), "old");
 }
@@ -220,7 +222,8 @@ TEST_F(DestinationsTest, NothingIsLeftOfAReportThatCannotBeMade) {
   const std::string bad = folder.write("bad", "{");
   EXPECT_EQ(run({"-o", output, bad}).status, 2);
   EXPECT_EQ(run({"-o", output, "-o", folder / "missing/output", findings}).status, 3);
-  EXPECT_EQ(run({"-o", output, "-e", THROWING_RUN_PATH, findings}).status, 3);
+  EXPECT_EQ(
+      run({"-o", output, "-e", EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, findings}).status, 3);
   EXPECT_EQ(run({"-o", output, "-e", PRINTS_AND_THROWS_PATH, findings}).status, 3);
   EXPECT_EQ(run({"-o", output, "-e", ENDS_IN_TERMINATE_PATH, findings}).status, 128 + SIGABRT);
   EXPECT_EQ(output_names(), Names{});
@@ -229,8 +232,10 @@ TEST_F(DestinationsTest, NothingIsLeftOfAReportThatCannotBeMade) {
 TEST_F(DestinationsTest, TheOldContentStaysWhenTheReportCannotBeMade) {
   const std::string output = outputs + "/output";
   folder.write("outputs/output", "old");
-  for (const char* extension : {THROWING_RUN_PATH, PRINTS_AND_THROWS_PATH, ENDS_IN_TERMINATE_PATH,
-                                STATEMENT_WITHOUT_MEMORY_PATH, FAILING_RUN_PATH}) {
+  for (const char* extension :
+       {EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, PRINTS_AND_THROWS_PATH,
+        ENDS_IN_TERMINATE_PATH, STATEMENT_WITHOUT_MEMORY_PATH,
+        EXTENSION_WHOSE_RUN_RETURNS_1_PATH}) {
     run({"-o", output, "-e", extension, findings});
     EXPECT_EQ(read_file(output), "old") << extension;
     EXPECT_EQ(output_names(), Names{"output"}) << extension;

@@ -79,11 +79,13 @@ TEST_F(ExtensionsTest, SeveralRunInTheOrderGiven) {
 }
 
 TEST_F(ExtensionsTest, AFaultOfOneEndsTheRunAndKeepsWhatTheOthersWrote) {
-  const Outcome outcome = run(
-      {"-e", VOND_OUTPUT_LOG_PATH, "-e", THROWING_RUN_PATH, "-e", PRINTS_A_LINE_PATH, findings});
+  const Outcome outcome =
+      run({"-e", VOND_OUTPUT_LOG_PATH, "-e", EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, "-e",
+           PRINTS_A_LINE_PATH, findings});
   EXPECT_EQ(outcome.output, report);
-  EXPECT_EQ(outcome.errors, std::string("vond-report: error: ") + THROWING_RUN_PATH +
-                                ": the extension's run failed: no template\n");
+  EXPECT_EQ(outcome.errors,
+            std::string("vond-report: error: ") + EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH +
+                ": the extension's run failed: a text that only this library could have made\n");
   EXPECT_EQ(outcome.status, 3);
 }
 
@@ -97,12 +99,17 @@ TEST_F(ExtensionsTest, AnExtensionThatCannotBeLoadedIsNamed) {
 }
 
 TEST_F(ExtensionsTest, AnExtensionThatFailsIsNamed) {
-  expect_fault(NO_FACTORY_PATH, "", "no factory \"create\" in the library, so it is no extension");
-  expect_fault(NULL_FACTORY_PATH, "", "the extension's factory made no extension");
-  expect_fault(THROWING_FACTORY_PATH, "", "the extension's factory failed: no template");
-  expect_fault(THROWING_RUN_PATH, "", "the extension's run failed: no template");
-  expect_fault(THROWING_RUN_WITHOUT_TEXT_PATH, "", "the extension's run failed: unknown exception");
-  expect_fault(FAILING_RUN_PATH, "", "the extension's run returned 1: the report is not complete");
+  expect_fault(EXTENSION_WITHOUT_FACTORY_PATH, "",
+               "no factory \"create\" in the library, so it is no extension");
+  expect_fault(EXTENSION_OF_NULL_PATH, "", "the extension's factory made no extension");
+  expect_fault(EXTENSION_WHOSE_FACTORY_THROWS_PATH, "",
+               "the extension's factory failed: no licence");
+  expect_fault(EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, "",
+               "the extension's run failed: a text that only this library could have made");
+  expect_fault(EXTENSION_WHOSE_RUN_THROWS_INT_PATH, "",
+               "the extension's run failed: unknown exception");
+  expect_fault(EXTENSION_WHOSE_RUN_RETURNS_1_PATH, "",
+               "the extension's run returned 1: the report is not complete");
 }
 
 TEST_F(ExtensionsTest, TheTextSoFarIsWrittenAndTheMessageMadeHarmless) {

@@ -238,6 +238,14 @@ TEST_F(TreeWalkTest, DrawsADefinitionBehindAGivenPrefix) {
             "|       `-- child: PASS\n");
 }
 
+TEST_F(TreeWalkTest, PrefixOfOneCharacterIsStillARoots) {
+  EXPECT_EQ(tree.print_tree(data, *counted("name")->fwd, ">", true), 0);
+  EXPECT_EQ(output.take(),
+            ">name: PASS\n"
+            ">   1 CRITICAL     (1 diagnosis     0 observation)\n"
+            ">   \n");
+}
+
 TEST_F(TreeWalkTest, GoesTwoHundredLevelsDeep) {
   Node node = plain("leaf");
   for (int level = 0; level < 200; ++level) node = plain("n", {node});

@@ -56,7 +56,7 @@ TEST(ExportedSymbols, OfTheReportAreItsFactoryAlone) {
 }
 
 TEST(ExportedSymbols, AreFoundByThisTestWhereThereAreOthers) {
-  EXPECT_EQ(SymbolTable(NO_FACTORY_PATH).defined_names().count("created"), 1U);
+  EXPECT_EQ(SymbolTable(EXTENSION_WITHOUT_FACTORY_PATH).defined_names().count("created"), 1U);
 }
 
 }  // namespace

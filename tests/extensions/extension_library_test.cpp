@@ -11,6 +11,7 @@
 #include "tests/support/allocations.h"
 #include "tests/support/captured_output_log.h"
 #include "tests/support/captured_standard_error.h"
+#include "tests/support/grouping_locale.h"
 #include "tests/support/records.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 
@@ -125,6 +126,24 @@ TEST_F(ExtensionLibraryTest, WritesTheReportOfAnIssueFromEndToEnd) {
     // The host's header comes first, and a rule ends it.
     EXPECT_LT(report.find(RULE), report.find("Issues contributing to FAIL\n"));
   }
+}
+
+TEST_F(ExtensionLibraryTest, WritesTheSameBytesUnderALocaleThatGroupsDigits) {
+  Data data = make_record_of_one_issue();
+  data.line_width = 80;
+  data.log_level = "info";
+  const auto& output_of_issue = data.issues_by_mask->at(24)[0]->outputs[0];
+  output_of_issue->row_ids = {1234, 5678};
+  for (int node = 100; node < 150; ++node) {
+    output_of_issue->node_names.push_back("n" + std::to_string(node));
+  }
+  add_issues(data, 1, "O", 12);
+  EXPECT_EQ(create(data)->run(), 0);
+  const std::string report = output.take();
+  EXPECT_NE(report.find("1. D (appears on 52 nodes)\n"), std::string::npos);
+  const GroupingLocale locale;
+  EXPECT_EQ(create(data)->run(), 0);
+  EXPECT_EQ(output.take(), report);
 }
 
 TEST_F(ExtensionLibraryTest, CreatingAndDeletingWritesNothing) {

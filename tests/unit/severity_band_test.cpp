@@ -1,4 +1,4 @@
-#include "standalone/engine/severity_band.h"
+#include "standalone/engine/severity_scale.h"
 
 #include <gtest/gtest.h>
 

@@ -24,8 +24,8 @@ class ErrorLog {
   /// and not written, on purpose: a report is its text alone.
   ErrorLog(const char* /*file*/, const char* /*function*/, unsigned int /*line*/, int priority)
       : level(priority) {
-    // Numbers must read the same whatever locale the host has set.
-    text.imbue(std::locale::classic());
+    // Numbers must read the same whatever locale the host has set; to look costs less than to set.
+    if (text.getloc() != std::locale::classic()) text.imbue(std::locale::classic());
   }
 
   ErrorLog(const ErrorLog&) = delete;

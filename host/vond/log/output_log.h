@@ -102,8 +102,8 @@ class OutputLog {
 
  private:
   void prepare() {
-    // Numbers must read the same whatever locale the host has set.
-    text.imbue(std::locale::classic());
+    // Numbers must read the same whatever locale the host has set; to look costs less than to set.
+    if (text.getloc() != std::locale::classic()) text.imbue(std::locale::classic());
     if (!singleton_obj) singleton_obj = std::make_unique<OutputLogStream>();
   }
 };

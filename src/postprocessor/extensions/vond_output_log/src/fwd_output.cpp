@@ -314,9 +314,9 @@ int FwdOutputFunctions::select_details(const Data& data, IssuesByFwd& selection,
     diagnoses.clear();
     observations.clear();
     if (!data.issues_by_mask) return;
-    if (selection.empty()) selection = sort_by_fwd(*data.issues_by_mask);
-    const auto found = selection.find(fwd.name);
-    if (found == selection.end()) return;
+    if (!selection) selection = sort_by_fwd(*data.issues_by_mask);
+    const auto found = selection->find(fwd.name);
+    if (found == selection->end()) return;
     const int threshold = data.fail_threshold;
     append(diagnoses, index_entry(found->second, band_name, DIAGNOSES, threshold));
     append(observations, index_entry(found->second, band_name, OBSERVATIONS, threshold));

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -104,7 +105,8 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
   /// Every definition's own part of the issue index; what it is keyed by belongs to the issues.
   /// Made once a walk, when it is first needed: asking every issue for every definition would take
   /// the product of the two.
-  using IssuesByFwd = std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>;
+  using IssuesByFwd =
+      std::optional<std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>>;
 
   /// Sets both lists to the issues of the band that is named.
   using BandSelection = std::function<int(IssueList& diagnoses, IssueList& observations,

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <bit>
+#include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "vond/postprocessor/collapsed_analysis_output.h"
@@ -19,13 +22,41 @@ inline std::vector<std::vector<std::string>> node_lists(
   return lists;
 }
 
+/// A set of names that only counts: a table with linear probing of views into the names.
+class DistinctNames {
+ public:
+  /// `most` is how many names may be added.
+  explicit DistinctNames(std::size_t most) : slots_(std::bit_ceil(2 * most + 1)) {}
+
+  void add(std::string_view name) {
+    const std::size_t last_slot = slots_.size() - 1;
+    std::size_t slot = std::hash<std::string_view>()(name) & last_slot;
+    // A free slot is a view of nothing, which not even an empty name is.
+    while (slots_[slot].data() != nullptr) {
+      if (slots_[slot] == name) return;
+      slot = (slot + 1) & last_slot;
+    }
+    slots_[slot] = name;
+    ++count_;
+  }
+
+  std::size_t count() const { return count_; }
+
+ private:
+  std::vector<std::string_view> slots_;
+  std::size_t count_ = 0;
+};
+
 /// Returns on how many distinct nodes the issue was found.
 inline std::size_t count_distinct_nodes(const vond::postprocessor::CollapsedAnalysisOutput& issue) {
-  std::set<std::string> names;
+  std::size_t names = 0;
+  for (const auto& output : issue.outputs) names += output->node_names.size();
+  if (names < 2) return names;
+  DistinctNames distinct(names);
   for (const auto& output : issue.outputs) {
-    names.insert(output->node_names.begin(), output->node_names.end());
+    for (const std::string& name : output->node_names) distinct.add(name);
   }
-  return names.size();
+  return distinct.count();
 }
 
 /// Returns the presentable ids of the related issues of one type, each once, in byte order. The

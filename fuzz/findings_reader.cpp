@@ -1,0 +1,232 @@
+// Bytes read as a file of findings: every line gives either a finding that keeps its promises or an
+// error at a place of the line, and what was read reads the same when it is written down again.
+
+#include "standalone/engine/findings_reader.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "fuzz/json_text.h"
+#include "fuzz/memory_file.h"
+#include "fuzz/oracle.h"
+#include "fuzz/target.h"
+#include "fuzz/text.h"
+#include "standalone/engine/collapser.h"
+#include "standalone/engine/definition_tree.h"
+#include "standalone/engine/definitions_reader.h"
+#include "standalone/engine/harmless_text.h"
+#include "standalone/engine/json_fault.h"
+#include "standalone/engine/severity_scale.h"
+#include "standalone/host/node_folding.h"
+
+namespace {
+
+using namespace vond::fuzz;
+using namespace vond::standalone;
+
+// Small, so that inputs of a fuzzer's size have lines that are too long.
+constexpr std::size_t SHORT_LIMIT = 100;
+
+void expect_harmless(std::string_view text, LineEnds line_ends = LineEnds::SHOWN) {
+  expect(is_utf8(text), "text in UTF-8", text);
+  expect(is_harmless(text, line_ends), "harmless text", text);
+}
+
+void expect_names(const std::vector<std::string_view>& names) {
+  for (const std::string_view name : names) {
+    expect_harmless(name);
+    expect(!name.empty(), "a name that is not empty", name);
+  }
+}
+
+void check_finding(const Finding& finding) {
+  expect_names({finding.id});
+  expect_harmless(finding.category);
+  expect_harmless(finding.message, LineEnds::KEPT);
+  expect_harmless(finding.remedy, LineEnds::KEPT);
+  expect_names(finding.definitions);
+  expect_names(finding.based_on);
+  for (const std::string_view node : finding.nodes) expect_harmless(node);
+  expect(finding.severity >= LOWEST_SEVERITY && finding.severity <= HIGHEST_SEVERITY,
+         "a severity on the scale", finding.id);
+}
+
+std::string member(const std::string& key, const std::string& json) {
+  return ",\"" + key + "\":" + json;
+}
+
+std::string json_strings(const std::vector<std::string_view>& texts) {
+  std::vector<std::string> values;
+  values.reserve(texts.size());
+  for (const std::string_view text : texts) values.push_back(json_string(text));
+  return json_array(values);
+}
+
+/// Writes nodes so that no name is taken for a set. Empty names, which only sets can hold, are left
+/// out.
+std::string json_nodes(const std::vector<std::string_view>& nodes) {
+  std::vector<std::string> values;
+  for (const std::string_view node : nodes) {
+    if (node.empty()) continue;
+    const bool is_taken_for_a_set = node.find_first_of("[],") != node.npos;
+    values.push_back(json_string(is_taken_for_a_set ? fold_node_names({{std::string(node)}})
+                                                    : std::string(node)));
+  }
+  return json_array(values);
+}
+
+std::string json_line(const Finding& finding) {
+  std::vector<std::string> row_ids;
+  for (const int id : finding.row_ids) row_ids.push_back(std::to_string(id));
+  return "{\"type\":" + json_string(type_name(finding.type)) +
+         member("id", json_string(finding.id)) +
+         member("severity", std::to_string(finding.severity)) +
+         member("category", json_string(finding.category)) +
+         member("message", json_string(finding.message)) +
+         member("remedy", json_string(finding.remedy)) +
+         member("nodes", json_nodes(finding.nodes)) + member("row_ids", json_array(row_ids)) +
+         member("definitions", json_strings(finding.definitions)) +
+         member("based_on", json_strings(finding.based_on)) + "}";
+}
+
+/// Writes down what is read, a line of findings for every usable line of input.
+class Notes : public FindingsSink {
+ public:
+  explicit Notes(bool definitions_are_paths) : definitions_are_paths_(definitions_are_paths) {}
+
+  void finding(const Finding& finding) override {
+    check_finding(finding);
+    for (const std::string_view name : finding.definitions) {
+      expect(!definitions_are_paths_ || spelled_depth(name) <= MAX_DEFINITION_DEPTH,
+             "definitions that the tree can hold", name);
+    }
+    lines.push_back(json_line(finding));
+  }
+
+  void examined(const std::vector<std::string_view>& nodes) override {
+    for (const std::string_view node : nodes) expect_harmless(node);
+    lines.push_back("{\"examined\":" + json_nodes(nodes) + "}");
+  }
+
+  std::vector<std::string> lines;
+
+ private:
+  bool definitions_are_paths_;
+};
+
+/// What a reader makes of an input.
+struct Reading {
+  std::vector<std::string> lines;
+  std::vector<std::string> warnings;
+  std::vector<std::string> errors;
+  std::size_t rejected = 0;
+  bool ended_early = false;
+
+  std::size_t usable_and_rejected() const { return lines.size() + rejected; }
+};
+
+Reading read(std::string_view input, const ReadingOptions& options) {
+  static MemoryFile file;
+  const std::string& path = file.holding(input);
+  Notes notes(options.definitions_are_paths);
+  FindingsReader reader(notes, options);
+  Reading reading;
+  try {
+    reader.read(path);
+    expect(reader.bytes_read() == input.size(), "all of the input to be read", input);
+  } catch (const InputError& error) {
+    reading.ended_early = true;
+    reading.errors.emplace_back(error.what());
+  }
+  for (const InputError& error : reader.rejected().errors)
+    reading.errors.emplace_back(error.what());
+  for (const std::string& error : reading.errors) expect_place(error, path, input);
+  reading.warnings = reader.warnings();
+  for (const std::string& warning : reading.warnings) expect_harmless(warning);
+  reading.rejected = reader.rejected().count;
+  reading.lines = std::move(notes.lines);
+  return reading;
+}
+
+/// One line of the input as the reader should see it.
+std::string_view text_of_line(std::string_view line, bool is_first) {
+  constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+  if (is_first && line.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
+    line.remove_prefix(BYTE_ORDER_MARK.size());
+  }
+  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  return line;
+}
+
+/// The lines of the input that count, by their kind.
+struct LineCounts {
+  std::size_t not_blank = 0;
+  std::size_t broken = 0;
+  std::size_t too_long = 0;
+};
+
+LineCounts count_lines(std::string_view input) {
+  LineCounts counts;
+  bool is_first = true;
+  for (const std::string_view raw_line : lines_of(input)) {
+    const std::string_view line = text_of_line(raw_line, std::exchange(is_first, false));
+    const bool is_too_long = line.size() > SHORT_LIMIT;
+    const bool is_blank = line.find_first_not_of(" \t\r") == std::string_view::npos;
+    if (is_too_long) ++counts.too_long;
+    if (!is_blank) ++counts.not_blank;
+    if (!is_blank && find_json_fault(line, "line")) ++counts.broken;
+  }
+  return counts;
+}
+
+/// A reader that ends at the first bad line has found the same up to there.
+void check_early_end(std::string_view input, const Reading& all) {
+  const Reading start = read(input, {.keep_going = false});
+  expect(start.ended_early == (all.rejected != 0), "a bad line to end the reading", input);
+  expect(start.lines.size() <= all.lines.size() &&
+             std::equal(start.lines.begin(), start.lines.end(), all.lines.begin()),
+         "the same findings up to the first bad line", input);
+  if (start.ended_early) {
+    expect_same("the first error to be told", start.errors.front(), all.errors.front());
+  } else {
+    expect_same("all findings to be read", start.lines, all.lines);
+    expect_same("the same warnings", start.warnings, all.warnings);
+  }
+}
+
+void check_short_limit(std::string_view input, const LineCounts& counts) {
+  const Reading reading = read(input, {.keep_going = true, .longest_line = SHORT_LIMIT});
+  expect(reading.rejected >= counts.too_long, "lines that are too long to be left out", input);
+}
+
+/// What was read, written down and read again, is the same.
+void check_second_reading(const Reading& first) {
+  std::string text;
+  for (const std::string& line : first.lines) text += line + "\n";
+  const Reading second = read(text, {.keep_going = false});
+  if (second.ended_early) fail(second.errors.front(), text);
+  expect(second.warnings.empty(), "no warnings about what was written", text);
+  expect_same("what was read to be what is read again", second.lines, first.lines);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view input = text_of(data, size);
+  if (has_long_ranges(input)) return 0;
+  const LineCounts counts = count_lines(input);
+  const Reading all = read(input, {.keep_going = true});
+  expect(!all.ended_early, "the reader to keep going", input);
+  expect(all.usable_and_rejected() == counts.not_blank,
+         "a finding or an error for every line that is not blank", input);
+  expect(all.rejected >= counts.broken, "lines that are no JSON to be left out", input);
+  check_early_end(input, all);
+  check_short_limit(input, counts);
+  check_second_reading(all);
+  read(input, {.keep_going = true, .definitions_are_paths = true});
+  return 0;
+}

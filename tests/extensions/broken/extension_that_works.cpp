@@ -1,0 +1,7 @@
+#include "witness.h"
+
+using vond::postprocessor::PostprocessorExtension;
+
+extern "C" VOND_HOST_API PostprocessorExtension* create(witness::Data& record) {
+  return new witness::Extension(record);
+}

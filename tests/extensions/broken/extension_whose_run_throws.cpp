@@ -1,0 +1,22 @@
+#include <stdexcept>
+
+#include "witness.h"
+
+using vond::postprocessor::PostprocessorExtension;
+
+namespace {
+
+class Failing : public witness::Extension {
+ public:
+  using Extension::Extension;
+  int run() override {
+    Extension::run();
+    throw std::runtime_error("disk full");
+  }
+};
+
+}  // namespace
+
+extern "C" VOND_HOST_API PostprocessorExtension* create(witness::Data& record) {
+  return new Failing(record);
+}
