@@ -1,7 +1,6 @@
 #include "standalone/cli/destinations.h"
 
 #include <cerrno>
-#include <system_error>
 
 #include "vond/log/output_log.h"
 
@@ -24,7 +23,7 @@ Destinations::Outcome Destinations::finish() {
   if (const int error = standard_output_.finish(); error != 0) {
     outcome.complete = false;
     if (error != EPIPE) {
-      outcome.errors.push_back("standard output: " + std::generic_category().message(error));
+      outcome.errors.push_back(standard_output_.error_message());
     }
   }
   for (const auto& file : files_) {

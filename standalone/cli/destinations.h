@@ -17,9 +17,9 @@ class Destinations {
   Destinations(const Destinations&) = delete;
   Destinations& operator=(const Destinations&) = delete;
 
-  /// Writes to standard output what is held back of a report that is not complete. The files are
-  /// not kept.
-  void abandon() noexcept { standard_output_.finish(); }
+  /// Writes to standard output and to devices what is held back of a report that is not complete.
+  /// The files are not kept.
+  void abandon() noexcept { DescriptorBuffer::drain_all(); }
 
   /// Completes all destinations. Returns what is wrong with those that are not complete; a reader
   /// that has gone away is told nothing, for it knows.

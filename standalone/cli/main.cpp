@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <exception>
 #include <filesystem>
@@ -39,9 +41,14 @@ enum ExitStatus : int { PASSED = 0, FAILED = 1, BAD_INPUT = 2, NO_REPORT = 3 };
 
 constexpr int DEFAULT_WIDTH = 80;
 
+/// Messages hold file names and what extensions say, which must not steer a terminal either.
 void print_message(const std::string& kind, const std::string& message) {
-  // What an extension or a file name says may hold anything.
   std::cerr << "vond-report: " + kind + ": " + harmless(message) + "\n";
+}
+
+/// Takes no memory itself.
+void print_lack_of_memory() {
+  std::cerr << "vond-report: error: out of memory; the report is not complete\n";
 }
 
 /// Returns the width of the terminal that standard output is, DEFAULT_WIDTH if it is none.
@@ -61,12 +68,13 @@ bool wants_color(ColorMode mode) {
 /// Returns the report's time: now, or what SOURCE_DATE_EPOCH says, for reports that can be
 /// reproduced. Throws UsageError when that is no time.
 std::time_t report_time() {
+  constexpr std::time_t END_OF_YEAR_9999 = 253402300799;
   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
   if (epoch == nullptr || *epoch == '\0') return std::time(nullptr);
-  char* end = nullptr;
-  errno = 0;
-  const long long seconds = std::strtoll(epoch, &end, 10);
-  if (errno != 0 || *end != '\0') {
+  const char* const end = epoch + std::strlen(epoch);
+  std::time_t seconds = 0;
+  const auto [rest, error] = std::from_chars(epoch, end, seconds);
+  if (error != std::errc() || rest != end || seconds < 0 || seconds > END_OF_YEAR_9999) {
     throw UsageError("SOURCE_DATE_EPOCH is \"" + harmless(epoch) +
                      "\", expected seconds since 1970 as a whole number");
   }
@@ -175,9 +183,20 @@ void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
   }
 }
 
+bool has_run_out_of_memory = false;
+
+[[noreturn]] void note_lack_of_memory() {
+  has_run_out_of_memory = true;
+  throw std::bad_alloc();
+}
+
+/// Streams swallow the exceptions of their buffers: for lack of memory a statement would be cut
+/// short and nobody would know. So each attempt that failed counts.
 void run_extensions(const Options& options, Report& report) {
+  has_run_out_of_memory = false;
   if (options.extensions.empty()) run_extension(default_extension(), report.record());
   for (const std::string& path : options.extensions) run_extension(path, report.record());
+  if (has_run_out_of_memory) throw std::bad_alloc();
 }
 
 ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
@@ -186,7 +205,23 @@ ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
   return report.failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
 }
 
+/// A report in place of its own input is never what was meant.
+void refuse_to_replace_inputs(const Options& options) {
+  std::vector<std::string> inputs = options.inputs;
+  if (options.definitions) inputs.push_back(*options.definitions);
+  for (const std::string& output : options.outputs) {
+    for (const std::string& input : inputs) {
+      std::error_code error;
+      if (std::filesystem::is_regular_file(output, error) &&
+          std::filesystem::equivalent(output, input == "-" ? "/dev/stdin" : input, error)) {
+        throw UsageError("--output is \"" + output + "\", which is an input, too");
+      }
+    }
+  }
+}
+
 ExitStatus write_report(const Options& options) {
+  refuse_to_replace_inputs(options);
   set_logging(options);
   ReportFacts& facts = report_facts();
   facts.written_at = report_time();
@@ -220,7 +255,10 @@ ExitStatus write_report(const Options& options) {
 ExitStatus print_information(const Information& information) {
   StandardOutput output;
   output.stream() << information.text;
-  return output.finish() == 0 ? PASSED : NO_REPORT;
+  const int error = output.finish();
+  if (error == 0) return PASSED;
+  if (error != EPIPE) print_message("error", output.error_message());
+  return NO_REPORT;
 }
 
 ExitStatus run(int argc, const char* const* argv) {
@@ -229,9 +267,37 @@ ExitStatus run(int argc, const char* const* argv) {
   return print_information(std::get<Information>(request));
 }
 
+/// Ends the process after an exception that nobody could catch, as one in the middle of writing a
+/// statement: with what has been written so far.
 [[noreturn]] void end_after_terminate() {
   DescriptorBuffer::drain_all();
+  OutputFile::remove_unfinished();
+  try {
+    if (std::current_exception()) std::rethrow_exception(std::current_exception());
+    print_message("error", "the program cannot go on; the report is not complete");
+  } catch (const std::bad_alloc&) {
+    print_lack_of_memory();
+    std::_Exit(NO_REPORT);
+  } catch (const std::exception& error) {
+    print_message("error", std::string("the program cannot go on: ") + error.what() +
+                               "; the report is not complete");
+  } catch (...) {
+    print_message("error", "the program cannot go on; the report is not complete");
+  }
   std::abort();
+}
+
+extern "C" void end_after_signal(int signal) {
+  OutputFile::remove_unfinished();
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+void tidy_up_after_signals() {
+  for (const int signal : ENDING_SIGNALS) {
+    // What the caller has the program ignore, as nohup does, stays ignored.
+    if (std::signal(signal, end_after_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
+  }
 }
 
 }  // namespace
@@ -242,6 +308,8 @@ int main(int argc, char** argv) {
   occupy_standard_descriptors();
   // A reader that goes away is an error of one destination, not the end of all of them.
   std::signal(SIGPIPE, SIG_IGN);
+  tidy_up_after_signals();
+  std::set_new_handler(note_lack_of_memory);
   std::set_terminate(end_after_terminate);
   try {
     return run(argc, argv);
@@ -252,7 +320,7 @@ int main(int argc, char** argv) {
     print_message("error", error.what());
     return BAD_INPUT;
   } catch (const std::bad_alloc&) {
-    print_message("error", "out of memory");
+    print_lack_of_memory();
   } catch (const std::exception& error) {
     print_message("error", error.what());
   }

@@ -89,10 +89,48 @@ std::string unknown_argument(const std::string& argument, const CLI::App& app) {
          suggestion_for(option, std::vector<std::string_view>(names.begin(), names.end()));
 }
 
+/// Returns the message for an option that is given too often or lacks its value.
+std::string argument_mismatch(const CLI::ArgumentMismatch& error, const CLI::App& app) {
+  const std::string_view message = error.what();
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (option->get_expected_max() == 0 && message.substr(0, name.size() - 2) == name.substr(2)) {
+      return name + " takes no value";
+    }
+    if (message.substr(0, name.size()) != name) continue;
+    if (option->count() > 1) {
+      return name + " is given " + std::to_string(option->count()) + " times, expected it once";
+    }
+    return name + " has no value, expected " + name + " " + option->get_type_name();
+  }
+  return error.what();
+}
+
+/// CLI11 takes the next word for the value of "--output=", so that an empty variable in a script
+/// would make the report replace the findings.
+void refuse_empty_values(int argc, const char* const* argv) {
+  for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+    const std::string_view word = argv[i];
+    if (word.substr(0, 2) == "--" && word.find('=') == word.size() - 1) {
+      throw UsageError(harmless(word.substr(0, word.size() - 1)) + " has no value after \"=\"");
+    }
+  }
+}
+
+void refuse_empty_names(const std::string& option, const std::vector<std::string>& files) {
+  for (const std::string& file : files) {
+    if (file.empty()) reject(option, file, "the name of a file", {});
+  }
+}
+
 /// The command line as CLI11 sees it: words, which are understood once all of them are there.
 struct CommandLine {
   CommandLine();
   Options options() const;
+
+  void add_flag(const std::string& name, bool& flag, const std::string& description);
+  void add_list(const std::string& name, const std::string& type, std::vector<std::string>& values,
+                const std::string& description);
 
   CLI::App app{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   Options parsed;
@@ -101,49 +139,66 @@ struct CommandLine {
 };
 
 CommandLine::CommandLine() {
-  app.set_version_flag("--version", std::string("vond-report ") + VERSION);
+  app.set_version_flag("--version", std::string("vond-report ") + VERSION,
+                       "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this text and exit");
   app.footer(EXIT_STATUSES);
   app.add_option("FINDINGS", parsed.inputs,
-                 "Files of findings, JSON Lines; \"-\" or nothing: standard input");
+                 "Files of findings, JSON Lines; \"-\" or nothing:\nstandard input")
+      ->type_name("");
   app.add_option("-d,--definitions", definitions, "Framework definitions, JSON")->type_name("FILE");
   app.add_option("-t,--fail-threshold", fail_threshold,
-                 "Issues of bands that reach up to N contribute to FAIL: 0 to 100, or a band's "
-                 "name for its upper bound (default: 75)")
+                 "Issues of bands that reach up to N contribute\nto FAIL: 0 to 100, or a band's "
+                 "name for its\nupper bound (default: 75)")
       ->type_name("N");
   app.add_option("--collapse", collapse,
-                 "What makes findings one issue: equal texts, or an equal id: text or id "
+                 "What makes findings one issue: equal texts, or\nan equal id: text or id "
                  "(default: text)")
       ->type_name("WHAT");
-  app.add_flag("--keep-going", parsed.keep_going,
-               "Report on the rest of the input when lines of it cannot be used");
-  app.add_option("--examined", examined, "Nodes that were looked at; may be repeated")
-      ->type_name("NODESET")
-      ->allow_extra_args(false);
-  app.add_option("--expect", expected, "Nodes that should have been looked at; may be repeated")
-      ->type_name("NODESET")
-      ->allow_extra_args(false);
+  add_flag("--keep-going", parsed.keep_going,
+           "Report on the rest of the input when lines of\nit cannot be used");
+  add_list("--examined", "NODESET", examined, "Nodes that were looked at; may be repeated");
+  add_list("--expect", "NODESET", expected,
+           "Nodes that should have been looked at; may be\nrepeated");
   app.add_option("-w,--width", width,
-                 "Columns of the report, 0: no wrapping (default: the terminal's, else 80)")
+                 "Columns of the report, 0: no wrapping (default:\nthe terminal's, else 80)")
       ->type_name("N");
   app.add_option("--log-level", log_level,
-                 "Level of error reports; \"info\" and \"debug\" show database row ids (default: "
+                 "Level of error reports; \"info\" and \"debug\" show\ndatabase row ids (default: "
                  "warning)")
       ->type_name("NAME");
-  app.add_flag("--syslog", parsed.syslog, "Send error reports to the system log");
+  add_flag("--syslog", parsed.syslog, "Send error reports to the system log");
   app.add_option("--color", color, "Colours: auto, always or never (default: auto)")
       ->type_name("WHEN");
-  app.add_option("-o,--output", parsed.outputs, "A further destination; may be repeated")
-      ->type_name("FILE")
-      ->allow_extra_args(false);
-  app.add_option("-e,--extension", parsed.extensions,
-                 "An output extension to run; may be repeated (default: the text report)")
-      ->type_name("FILE")
+  add_list("-o,--output", "FILE", parsed.outputs, "A further destination; may be repeated");
+  add_list("-e,--extension", "FILE", parsed.extensions,
+           "An output extension to run; may be repeated\n(default: the text report)");
+}
+
+void CommandLine::add_flag(const std::string& name, bool& flag, const std::string& description) {
+  app.add_flag(name, flag, description)->disable_flag_override();
+}
+
+/// Adds an option that may be repeated and takes one value each time, so that none of them takes
+/// the operands too.
+void CommandLine::add_list(const std::string& name, const std::string& type,
+                           std::vector<std::string>& values, const std::string& description) {
+  app.add_option(name, values, description)
+      ->type_name(type)
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->allow_extra_args(false);
 }
 
 Options CommandLine::options() const {
   Options options = parsed;
-  if (!definitions.empty()) options.definitions = definitions;
+  refuse_empty_names("FINDINGS", options.inputs);
+  refuse_empty_names("--output", options.outputs);
+  refuse_empty_names("--extension", options.extensions);
+  if (app.count("--definitions") != 0) {
+    refuse_empty_names("--definitions", {definitions});
+    options.definitions = definitions;
+  }
   if (app.count("--fail-threshold") != 0) options.fail_threshold = parse_threshold(fail_threshold);
   if (app.count("--width") != 0) options.width = parse_width(width);
   if (app.count("--log-level") != 0) {
@@ -167,6 +222,7 @@ Options CommandLine::options() const {
 std::variant<Options, Information> parse_options(int argc, const char* const* argv,
                                                  bool input_is_terminal) {
   CommandLine line;
+  refuse_empty_values(argc, argv);
   try {
     line.app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -175,6 +231,8 @@ std::variant<Options, Information> parse_options(int argc, const char* const* ar
     return Information{std::string(version.what()) + "\n"};
   } catch (const CLI::ExtrasError&) {
     throw UsageError(unknown_argument(line.app.remaining().front(), line.app));
+  } catch (const CLI::ArgumentMismatch& error) {
+    throw UsageError(argument_mismatch(error, line.app));
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }

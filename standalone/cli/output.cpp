@@ -1,6 +1,7 @@
 #include "standalone/cli/output.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace vond::standalone {
 namespace {
@@ -22,12 +24,41 @@ mode_t new_file_mode() {
   return 0666 & ~mask;
 }
 
-/// Returns `path` with every link in it followed, also where it ends at a file not made yet.
+/// Returns where `path` leads, also where it is a link to a file not made yet.
 std::string behind_links(const std::string& path) {
+  constexpr int MOST_LINKS = 40;
+  std::filesystem::path file = path;
   std::error_code error;
-  const auto resolved = std::filesystem::weakly_canonical(path, error);
-  return error ? path : resolved.string();
+  for (int links = 0; links < MOST_LINKS; ++links) {
+    const std::filesystem::path target = std::filesystem::read_symlink(file, error);
+    if (error) break;
+    file = file.parent_path() / target;
+  }
+  return file.string();
 }
+
+/// Another process that shares the terminal or the pipe may have made it non-blocking.
+void wait_until_writable(int descriptor) {
+  pollfd waited{descriptor, POLLOUT, 0};
+  ::poll(&waited, 1, -1);
+}
+
+/// While it lives the handlers of ENDING_SIGNALS wait, so that they find names and files in step.
+class SignalsHeld {
+ public:
+  SignalsHeld() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : ENDING_SIGNALS) sigaddset(&signals, signal);
+    sigprocmask(SIG_BLOCK, &signals, &before_);
+  }
+  ~SignalsHeld() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+ private:
+  sigset_t before_{};
+};
 
 }  // namespace
 
@@ -55,6 +86,8 @@ int DescriptorBuffer::drain() noexcept {
         ::write(descriptor_, position, static_cast<std::size_t>(pptr() - position));
     if (written >= 0) {
       position += written;
+    } else if (errno == EAGAIN) {
+      wait_until_writable(descriptor_);
     } else if (errno != EINTR) {
       error_ = errno;
     }
@@ -82,10 +115,47 @@ StandardOutput::StandardOutput()
       buffer_(STDOUT_FILENO, is_terminal_ ? DescriptorBuffer::Flushing::AT_ONCE
                                           : DescriptorBuffer::Flushing::IN_BLOCKS) {}
 
+std::string StandardOutput::error_message() const {
+  return "standard output: " + std::generic_category().message(buffer_.error());
+}
+
 int OutputFile::Descriptor::close() noexcept {
   const int result = number_ < 0 ? 0 : ::close(number_);
   number_ = -1;
   return result == 0 ? 0 : errno;
+}
+
+OutputFile::UnfinishedName::~UnfinishedName() {
+  const SignalsHeld signals_held;
+  if (exists()) ::unlink(path_.c_str());
+  std::erase(all(), this);
+}
+
+int OutputFile::UnfinishedName::make_beside(const std::string& path) {
+  std::string name = path + ".XXXXXX";
+  const SignalsHeld signals_held;
+  all().push_back(this);
+  const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
+  if (descriptor >= 0) path_ = std::move(name);
+  return descriptor;
+}
+
+bool OutputFile::UnfinishedName::rename_to(const std::string& path) {
+  const SignalsHeld signals_held;
+  if (std::rename(path_.c_str(), path.c_str()) != 0) return false;
+  path_.clear();
+  return true;
+}
+
+void OutputFile::UnfinishedName::unlink_all() noexcept {
+  for (const UnfinishedName* name : all()) {
+    if (name->exists()) ::unlink(name->path_.c_str());
+  }
+}
+
+std::vector<const OutputFile::UnfinishedName*>& OutputFile::UnfinishedName::all() {
+  static std::vector<const UnfinishedName*> names;
+  return names;
 }
 
 OutputFile::OutputFile(const std::string& path)
@@ -94,25 +164,22 @@ OutputFile::OutputFile(const std::string& path)
       descriptor_(open()),
       buffer_(descriptor_.number(), DescriptorBuffer::Flushing::IN_BLOCKS) {}
 
-OutputFile::~OutputFile() {
-  if (!temporary_path_.empty()) ::unlink(temporary_path_.c_str());
-}
+void OutputFile::remove_unfinished() noexcept { UnfinishedName::unlink_all(); }
 
 int OutputFile::open() {
   struct stat status {};
-  const bool exists = ::stat(path_.c_str(), &status) == 0;
+  const bool exists = ::stat(name_.c_str(), &status) == 0;
   if (exists && S_ISDIR(status.st_mode)) fail(EISDIR);
   if (exists && !S_ISREG(status.st_mode)) {
-    const int special = ::open(path_.c_str(), O_WRONLY | O_CLOEXEC);
+    // Links such as /dev/stdout name pipes that only the system can follow.
+    const int special = ::open(name_.c_str(), O_WRONLY | O_CLOEXEC);
     if (special < 0) fail(errno);
     return special;
   }
   // A file that may not be written is not to be replaced either.
   if (exists && ::access(path_.c_str(), W_OK) != 0) fail(errno);
-  std::string temporary = path_ + ".XXXXXX";
-  const int descriptor = ::mkostemp(temporary.data(), O_CLOEXEC);
+  const int descriptor = unfinished_name_.make_beside(path_);
   if (descriptor < 0) fail(errno);
-  temporary_path_ = temporary;
   ::fchmod(descriptor, exists ? status.st_mode & 07777 : new_file_mode());
   return descriptor;
 }
@@ -120,9 +187,7 @@ int OutputFile::open() {
 void OutputFile::commit() {
   if (const int error = buffer_.drain(); error != 0) fail(error);
   if (const int error = descriptor_.close(); error != 0) fail(error);
-  if (temporary_path_.empty()) return;
-  if (std::rename(temporary_path_.c_str(), path_.c_str()) != 0) fail(errno);
-  temporary_path_.clear();
+  if (unfinished_name_.exists() && !unfinished_name_.rename_to(path_)) fail(errno);
 }
 
 void OutputFile::fail(int error) const {

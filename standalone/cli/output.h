@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <cstddef>
 #include <ostream>
 #include <stdexcept>
@@ -63,20 +64,25 @@ class StandardOutput {
   /// Writes what is held back. Returns the errno of the first write that failed, 0 if none has.
   int finish() noexcept { return buffer_.drain(); }
 
+  /// Says what kept the text from being written.
+  std::string error_message() const;
+
  private:
   bool is_terminal_;
   DescriptorBuffer buffer_;
   std::ostream stream_{&buffer_};
 };
 
+/// The signals by which users and systems end a program.
+inline constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
+
 /// A file as a destination of the report: complete, or not there. It is written under another name
-/// beside its own; what is no regular file, a device or a pipe, is written as it is.
+/// beside its own, and removed unless it is committed; what is no regular file, a device or a pipe,
+/// is written as it is.
 class OutputFile {
  public:
   /// Throws OutputError when the file cannot be made.
   explicit OutputFile(const std::string& path);
-  /// Removes the file unless it has been committed.
-  ~OutputFile();
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
@@ -85,7 +91,33 @@ class OutputFile {
   /// Completes the file and gives it its name. Throws OutputError when it is not complete.
   void commit();
 
+  /// Removes what there is of all files that are not complete; for ends of the process that run no
+  /// destructors. A handler of one of ENDING_SIGNALS may call it.
+  static void remove_unfinished() noexcept;
+
  private:
+  /// The name beside the file's own under which it is written. The file goes with this object
+  /// unless it has been given its own name.
+  class UnfinishedName {
+   public:
+    UnfinishedName() = default;
+    ~UnfinishedName();
+    UnfinishedName(const UnfinishedName&) = delete;
+    UnfinishedName& operator=(const UnfinishedName&) = delete;
+
+    bool exists() const { return !path_.empty(); }
+    /// Makes a file beside `path` and returns its descriptor, -1 and errno if it cannot be made.
+    int make_beside(const std::string& path);
+    /// Returns false and sets errno when the file cannot be renamed.
+    bool rename_to(const std::string& path);
+    static void unlink_all() noexcept;
+
+   private:
+    static std::vector<const UnfinishedName*>& all();
+
+    std::string path_;
+  };
+
   /// A descriptor that closes itself.
   class Descriptor {
    public:
@@ -108,8 +140,8 @@ class OutputFile {
   std::string name_;
   /// Where the report is to stand, behind all links.
   std::string path_;
-  /// Where it is being written; empty when that is `path_` itself.
-  std::string temporary_path_;
+  /// Where it is being written; no name when that is `path_` itself.
+  UnfinishedName unfinished_name_;
   Descriptor descriptor_;
   DescriptorBuffer buffer_;
   std::ostream stream_{&buffer_};

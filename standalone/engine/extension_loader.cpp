@@ -6,6 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <system_error>
 
 #include "vond/postprocessor/postprocessor_extension.h"
@@ -54,6 +55,8 @@ template <typename Step>
 auto guard(const std::string& path, const std::string& step_name, Step step) {
   try {
     return step();
+  } catch (const std::bad_alloc&) {
+    throw ExtensionError(path, "the extension's " + step_name + " failed: out of memory");
   } catch (const std::exception& error) {
     throw ExtensionError(path, "the extension's " + step_name + " failed: " + error.what());
   } catch (...) {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vond::test {
+
+std::string read_file(const std::string& path);
+
+/// A folder of its own, which goes with everything in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::string& path() const { return path_; }
+  /// Returns the path of `name` in the folder.
+  std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+  /// Makes a file and returns its path.
+  std::string write(const std::string& name, std::string_view text) const;
+  /// Returns what stands in the folder, sorted.
+  std::vector<std::string> names() const;
+
+ private:
+  std::string path_;
+};
+
+}  // namespace vond::test
