@@ -19,16 +19,15 @@
 #include <vector>
 
 #include "standalone/cli/destinations.h"
+#include "standalone/cli/input.h"
+#include "standalone/cli/message.h"
 #include "standalone/cli/options.h"
-#include "standalone/cli/progress.h"
 #include "standalone/engine/collapser.h"
 #include "standalone/engine/definitions_reader.h"
 #include "standalone/engine/examination.h"
 #include "standalone/engine/extension_loader.h"
-#include "standalone/engine/findings_reader.h"
 #include "standalone/engine/harmless_text.h"
 #include "standalone/engine/input_error.h"
-#include "standalone/engine/node_set.h"
 #include "standalone/engine/record.h"
 #include "standalone/host/report_facts.h"
 #include "vond/log/error_log.h"
@@ -40,11 +39,6 @@ namespace {
 enum ExitStatus : int { PASSED = 0, FAILED = 1, BAD_INPUT = 2, NO_REPORT = 3 };
 
 constexpr int DEFAULT_WIDTH = 80;
-
-/// Messages hold file names and what extensions say, which must not steer a terminal either.
-void print_message(const std::string& kind, const std::string& message) {
-  std::cerr << "vond-report: " + kind + ": " + harmless(message) + "\n";
-}
 
 /// Takes no memory itself.
 void print_lack_of_memory() {
@@ -101,73 +95,6 @@ std::vector<DefinitionSpec> read_definition_specs(const std::string& path) {
   for (const std::string& warning : file.warnings) print_message("warning", warning);
   return std::move(file.roots);
 }
-
-/// Returns how many bytes there are to read, 0 when not all inputs are files.
-std::uintmax_t total_size(const std::vector<std::string>& inputs) {
-  std::uintmax_t total = 0;
-  for (const std::string& input : inputs) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(input, error);
-    if (error) return 0;
-    total += size;
-  }
-  return total;
-}
-
-/// What all inputs together tell.
-class Input : public FindingsSink {
- public:
-  explicit Input(const Options& options) {
-    for (const std::string& node : options.examined) examination_.add_examined(node);
-    for (const std::string& node : options.expected) examination_.add_expected(node);
-    read(options);
-  }
-
-  void finding(const Finding& finding) override {
-    collapser_.add(finding);
-    progress_->update(reader_->bytes_read(), collapser_.findings());
-  }
-
-  void examined(const std::vector<std::string_view>& nodes) override {
-    examination_.set_known();
-    for (const std::string_view node : nodes) examination_.add_examined(node);
-  }
-
-  Collapser& collapser() { return collapser_; }
-  const Examination& examination() const { return examination_; }
-  std::size_t lines_rejected() const { return lines_rejected_; }
-
- private:
-  void read(const Options& options) {
-    FindingsReader reader(*this, {.keep_going = options.keep_going,
-                                  .definitions_are_paths = !options.definitions.has_value()});
-    {
-      Progress progress(total_size(options.inputs), isatty(STDERR_FILENO) == 1);
-      reader_ = &reader;
-      progress_ = &progress;
-      for (const std::string& path : options.inputs) reader.read(path);
-    }
-    for (const std::string& warning : reader.warnings()) print_message("warning", warning);
-    print_rejected(reader.rejected());
-  }
-
-  void print_rejected(const RejectedLines& rejected) {
-    lines_rejected_ = rejected.count;
-    for (const InputError& error : rejected.errors) print_message("error", error.what());
-    const std::size_t more = rejected.count - rejected.errors.size();
-    if (more != 0) {
-      print_message("error", "and " + std::to_string(more) + " more " +
-                                 (more == 1 ? "line" : "lines") + " that cannot be used");
-    }
-  }
-
-  // Only while reading.
-  const FindingsReader* reader_ = nullptr;
-  Progress* progress_ = nullptr;
-  Collapser collapser_;
-  Examination examination_;
-  std::size_t lines_rejected_ = 0;
-};
 
 void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
   const StringInterner& nodes = input.collapser().node_names();
