@@ -24,9 +24,12 @@ class ExtensionsTest : public ::testing::Test {
     EXPECT_EQ(outcome.status, 3);
   }
 
-  /// Copies the program into a folder without extensions and returns its path.
+  /// Copies the program and the library that it links against into a folder without extensions and
+  /// returns its path.
   std::string copy_program() const {
     fs::create_directory(folder / "bin");
+    const fs::path library = VOND_HOST_LIBRARY_PATH;
+    fs::copy_file(library, folder / "bin" / library.filename());
     fs::copy_file(VOND_REPORT, folder / "bin/vond-report");
     return folder / "bin/vond-report";
   }

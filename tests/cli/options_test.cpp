@@ -46,7 +46,7 @@ Options:
 
 Exit status:
   0  report written, nothing fails
-  1  report written, something fails
+  1  report written, something fails, or expected nodes were not examined
   2  usage or input error
   3  the report could not be completed
 
