@@ -88,6 +88,7 @@ void expect_harmless(const std::string& text) {
 void expect_harmless(const Outcome& outcome) {
   expect_harmless(outcome.output);
   expect_harmless(outcome.errors);
+  EXPECT_LE(outcome.status, 3) << outcome.errors;
 }
 
 /// A place for text in a line of findings.

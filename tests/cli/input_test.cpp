@@ -41,6 +41,11 @@ TEST_F(InputTest, OneMessageAndNoReportForALineThatCannotBeUsed) {
                       ":2:1: the line is an array, expected an object with the keys of a finding");
 }
 
+TEST_F(InputTest, AByteThatIsNoTextIsNamedInTheWholeMessage) {
+  expect_bad_findings("{\"id\": \"a\x80\"}\n",
+                      ":1:10: found the byte 0x80, expected text in UTF-8");
+}
+
 TEST_F(InputTest, AFileThatCannotBeReadIsNamed) {
   expect_error(run({"no/such/file"}), 2,
                "no/such/file: cannot be opened (No such file or directory), expected a file of "

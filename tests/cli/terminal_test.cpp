@@ -1,8 +1,6 @@
 // What depends on whether a terminal is behind standard input or standard output.
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "tests/cli/command.h"
 #include "tests/cli/temporary_folder.h"
 
@@ -17,8 +15,11 @@ constexpr char FINDING[] =
 
 bool has_colors(const std::string& text) { return text.find("\033[") != std::string::npos; }
 
-std::string without_colors(const std::string& text) {
-  return std::regex_replace(text, std::regex("\033\\[[0-9;]*m"), "");
+std::string without_colors(std::string text) {
+  for (std::size_t at = text.find("\033["); at != std::string::npos; at = text.find("\033[", at)) {
+    text.erase(at, text.find('m', at) + 1 - at);
+  }
+  return text;
 }
 
 std::string report_of_width(const std::string& width) {
