@@ -66,12 +66,10 @@ std::string json_strings(const std::vector<std::string_view>& texts) {
   return json_array(values);
 }
 
-/// Writes nodes so that no name is taken for a set. Empty names, which only sets can hold, are left
-/// out.
+/// Writes nodes so that no name is taken for a set.
 std::string json_nodes(const std::vector<std::string_view>& nodes) {
   std::vector<std::string> values;
   for (const std::string_view node : nodes) {
-    if (node.empty()) continue;
     const bool is_taken_for_a_set = node.find_first_of("[],") != node.npos;
     values.push_back(json_string(is_taken_for_a_set ? fold_node_names({{std::string(node)}})
                                                     : std::string(node)));

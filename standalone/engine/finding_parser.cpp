@@ -306,6 +306,9 @@ void FindingParser::expand_nodes(std::string_view source, std::string_view text,
                                  const ValueName& name, std::vector<std::string_view>& nodes) {
   try {
     const auto& names = expanded_.emplace_back(expand_node_set(text));
+    if (std::find(names.begin(), names.end(), std::string()) != names.end()) {
+      refuse(source, name, "names of nodes that are not empty");
+    }
     nodes.insert(nodes.end(), names.begin(), names.end());
   } catch (const NodeSetError& error) {
     // Where the text is not the source's own, places in it are none of the source.

@@ -45,8 +45,10 @@ T& checked(simdjson::simdjson_result<T>& result) {
 /// Returns the source text of a value without the white space behind it; of an array or object only
 /// its bracket.
 inline std::string_view source_of(simdjson::ondemand::value& value) {
+  // The white space of JSON alone: no control character may pass for it.
+  constexpr std::string_view WHITE_SPACE = " \t\r\n";
   std::string_view source = value.raw_json_token();
-  while (source.size() > 1 && static_cast<unsigned char>(source.back()) <= ' ') {
+  while (source.size() > 1 && WHITE_SPACE.find(source.back()) != std::string_view::npos) {
     source.remove_suffix(1);
   }
   return source;

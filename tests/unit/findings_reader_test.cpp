@@ -260,6 +260,19 @@ TEST(FindingsReader, TellsWhereTheFileIsNoText) {
   EXPECT_EQ(error_of("just words\n"), "FILE:1:1: found \"just\", expected a JSON value");
 }
 
+TEST(FindingsReader, RefusesControlCharactersBehindValuesThatNobodyReads) {
+  using namespace std::string_literals;
+  EXPECT_EQ(error_of("{\"id\":\"x\",\"severity\":1,\"z\":3\0}"s),
+            "FILE:1:29: found a NUL byte, expected text in UTF-8");
+  EXPECT_EQ(error_of("{\"id\":\"x\",\"severity\":1,\"x-z\":true\x01}"),
+            "FILE:1:34: found \"\\x01\", expected \",\" or \"}\"");
+}
+
+TEST(FindingsReader, RefusesEmptyNamesInNodeSets) {
+  EXPECT_EQ(error_of(R"({"id":"x","severity":1,"nodes":"'',a"})"),
+            "FILE:1:32: nodes is \"'',a\", expected names of nodes that are not empty");
+}
+
 TEST(FindingsReader, WantsAnObject) {
   const std::string expected = ", expected an object with the keys of a finding";
   EXPECT_EQ(error_of(" [1]"), "FILE:1:2: the line is an array" + expected);
