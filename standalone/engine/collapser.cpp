@@ -174,12 +174,19 @@ bool Collapser::Equal::operator()(const Key& key, std::uint32_t issue) const {
 
 void Collapser::add(const Finding& finding) {
   ++findings_;
-  CollapsedOutput& output = issue_of(finding).outputs[0];
+  CollapsedOutput& output = issues_[issue_of(finding)].outputs[0];
   for (const std::string_view node : finding.nodes) output.nodes.push_back(node_names_.id_of(node));
   append(output.row_ids, finding.row_ids);
 }
 
-CollapsedIssue& Collapser::issue_of(const Finding& finding) {
+std::uint32_t Collapser::issue_of(const Finding& finding) {
+  if (finding.wording == Finding::UNKNOWN_WORDING) return find_issue(finding);
+  KnownWording& known = known_wordings_[finding.wording % known_wordings_.size()];
+  if (known.wording != finding.wording) known = {finding.wording, find_issue(finding)};
+  return known.issue;
+}
+
+std::uint32_t Collapser::find_issue(const Finding& finding) {
   definitions_ = finding.definitions;
   based_on_ = finding.based_on;
   sort_unique(definitions_);
@@ -187,10 +194,10 @@ CollapsedIssue& Collapser::issue_of(const Finding& finding) {
   const Key key{finding.type,    finding.severity, finding.id,    finding.category,
                 finding.message, finding.remedy,   &definitions_, &based_on_};
   const auto found = index_.find(key);
-  return found != index_.end() ? issues_[*found] : add_issue(key);
+  return found != index_.end() ? *found : add_issue(key);
 }
 
-CollapsedIssue& Collapser::add_issue(const Key& key) {
+std::uint32_t Collapser::add_issue(const Key& key) {
   const auto number = static_cast<std::uint32_t>(issues_.size());
   hashes_.push_back(index_.hash_function()(key));
   CollapsedIssue& issue = issues_.emplace_back();
@@ -207,12 +214,13 @@ CollapsedIssue& Collapser::add_issue(const Key& key) {
                            {},
                            0});
   index_.insert(number);
-  return issue;
+  return number;
 }
 
 std::vector<CollapsedIssue> Collapser::finish(CollapseBy what) {
   index_.clear();
   hashes_.clear();
+  known_wordings_.fill({});
   std::vector<CollapsedIssue> issues = std::exchange(issues_, {});
   if (what == CollapseBy::ID) {
     issues = merge_by_id(std::move(issues));

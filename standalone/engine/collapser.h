@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -94,14 +95,21 @@ class Collapser {
     const std::vector<CollapsedIssue>* issues;
   };
 
-  CollapsedIssue& issue_of(const Finding& finding);
-  CollapsedIssue& add_issue(const Key& key);
+  std::uint32_t issue_of(const Finding& finding);
+  std::uint32_t find_issue(const Finding& finding);
+  std::uint32_t add_issue(const Key& key);
 
   std::size_t findings_ = 0;
   StringInterner node_names_;
   std::vector<CollapsedIssue> issues_;
   std::vector<std::size_t> hashes_;
   std::unordered_set<std::uint32_t, Hash, Equal> index_{0, Hash{&hashes_}, Equal{&issues_}};
+  /// The issues of wordings seen last, each in the place that its number gives it.
+  struct KnownWording {
+    std::uint64_t wording = Finding::UNKNOWN_WORDING;
+    std::uint32_t issue = 0;
+  };
+  std::array<KnownWording, 1024> known_wordings_{};
   // Kept between findings for their memory.
   std::vector<std::string_view> definitions_;
   std::vector<std::string_view> based_on_;

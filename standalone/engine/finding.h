@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,11 @@ struct Finding {
   std::vector<std::string_view> definitions;
   /// Ids of observations, in input order.
   std::vector<std::string_view> based_on;
+  /// Findings of one reader that have the same number, unless it is UNKNOWN_WORDING, differ in
+  /// nodes and row ids alone.
+  std::uint64_t wording = UNKNOWN_WORDING;
+
+  static constexpr std::uint64_t UNKNOWN_WORDING = 0;
 };
 
 }  // namespace vond::standalone

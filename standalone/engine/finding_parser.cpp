@@ -250,6 +250,7 @@ void FindingParser::read_row_ids(ondemand::value& value) {
                  std::to_string(Limits::max()));
     }
     finding_.row_ids.push_back(static_cast<int>(row_id));
+    row_id_source_ = source;
     ++index;
   }
 }

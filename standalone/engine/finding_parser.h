@@ -34,6 +34,8 @@ class FindingParser {
   const Finding& finding() const noexcept { return finding_; }
   /// The nodes that the last line named, when it was of the kind EXAMINED.
   const std::vector<std::string_view>& examined() const noexcept { return examined_; }
+  /// Where the last line's last row id stands, when it has any.
+  std::string_view row_id_source() const noexcept { return row_id_source_; }
   /// The last line's unknown keys.
   const std::vector<UnknownKey>& unknown_keys() const noexcept { return unknown_keys_; }
 
@@ -68,6 +70,7 @@ class FindingParser {
   std::vector<std::string_view> examined_;
   /// What node sets stand for; the views of a line point here.
   std::vector<std::vector<std::string>> expanded_;
+  std::string_view row_id_source_;
   std::vector<UnknownKey> unknown_keys_;
   std::unordered_set<std::string_view> unlisted_keys_;
   /// A bit per key that the line has.

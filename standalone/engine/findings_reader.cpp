@@ -67,6 +67,10 @@ void FindingsReader::read(const std::string& path) {
   LineReader::Line line;
   while (lines.next(line)) {
     bytes_read_ = bytes_before + lines.bytes_read();
+    if (const Finding* repeated = repeated_.find(line.text)) {
+      sink_.finding(*repeated);
+      continue;
+    }
     if (!line.is_too_long && is_blank(line.text)) {
       continue;
     }
@@ -118,6 +122,7 @@ void FindingsReader::deliver(const std::string& file, const LineReader::Line& li
   }
   if (parser_->kind() == FindingParser::Kind::FINDING) {
     sink_.finding(parser_->finding());
+    repeated_.learn(line.text, *parser_);
   } else {
     sink_.examined(parser_->examined());
   }

@@ -9,6 +9,7 @@
 #include "standalone/engine/finding.h"
 #include "standalone/engine/input_error.h"
 #include "standalone/engine/line_reader.h"
+#include "standalone/engine/repeated_findings.h"
 #include "standalone/engine/unknown_keys.h"
 
 namespace vond::standalone {
@@ -77,6 +78,7 @@ class FindingsReader {
   FindingsSink& sink_;
   ReadingOptions options_;
   std::unique_ptr<FindingParser> parser_;
+  RepeatedFindings repeated_;
   UnknownKeys unknown_keys_;
   RejectedLines rejected_;
   std::size_t bytes_read_ = 0;

@@ -48,16 +48,14 @@ bool can_be_folded(std::string_view name) {
 class NameSorter {
  public:
   void add(std::string_view name) {
+    if (add_to_last_family(name)) return;
     if (!can_be_folded(name)) {
       odd_names_.push_back(name);
       return;
     }
     split(name);
-    // Most names are of the family of the name before.
-    if (family_ == families_.end() || family_->first != structure_) {
-      family_ = families_.try_emplace(structure_).first;
-      family_->second.axes = numbers_.size();
-    }
+    family_ = families_.try_emplace(structure_).first;
+    family_->second.axes = numbers_.size();
     auto& numbers = family_->second.numbers;
     numbers.insert(numbers.end(), numbers_.begin(), numbers_.end());
   }
@@ -76,20 +74,48 @@ class NameSorter {
   std::vector<std::string_view>& odd_names() { return odd_names_; }
 
  private:
+  /// Adds a name of the family of the name before, as most are, without taking it apart first;
+  /// false when it is of another one.
+  bool add_to_last_family(std::string_view name) {
+    if (family_ == families_.end()) return false;
+    auto& [structure, family] = *family_;
+    const std::size_t numbers_before = family.numbers.size();
+    std::size_t at = 0;
+    for (const char c : structure) {
+      const bool is_number = c == NUMBER_MARK;
+      if (at == name.size() || (is_number ? !is_digit(name[at]) : name[at] != c)) {
+        at = 0;
+        break;
+      }
+      if (is_number) {
+        family.numbers.push_back(take_number(name, at));
+      } else {
+        ++at;
+      }
+    }
+    const bool is_of_family = at == name.size() && at != 0;
+    if (!is_of_family) family.numbers.resize(numbers_before);
+    return is_of_family;
+  }
+
   void split(std::string_view name) {
     structure_.clear();
     numbers_.clear();
     for (std::size_t at = 0; at < name.size();) {
-      if (!is_digit(name[at])) {
+      if (is_digit(name[at])) {
+        numbers_.push_back(take_number(name, at));
+        structure_ += NUMBER_MARK;
+      } else {
         structure_ += name[at++];
-        continue;
       }
-      std::size_t end = at + 1;
-      while (end < name.size() && is_digit(name[end])) ++end;
-      numbers_.push_back(table_.add(name.substr(at, end - at)));
-      structure_ += NUMBER_MARK;
-      at = end;
     }
+  }
+
+  /// Reads the number at `at`, which is moved behind it.
+  NumberKey take_number(std::string_view name, std::size_t& at) {
+    const std::size_t start = at;
+    while (at < name.size() && is_digit(name[at])) ++at;
+    return table_.add(name.substr(start, at - start));
   }
 
   NumberTable table_;
@@ -159,30 +185,55 @@ class NumberWriter {
   const NumberTable& table_;
 };
 
-/// Sorts names by one byte of the keys of one axis; equal ones keep their order.
-void sort_by_byte(std::size_t axis, unsigned shift, std::vector<const NumberKey*>& names,
-                  std::vector<const NumberKey*>& scratch) {
-  const auto byte_of = [=](const NumberKey* name) { return (name[axis] >> shift) & 0xFFU; };
-  std::array<std::size_t, 257> starts = {};
-  for (const NumberKey* name : names) ++starts[byte_of(name) + 1];
-  std::partial_sum(starts.begin(), starts.end(), starts.begin());
-  for (const NumberKey* name : names) scratch[starts[byte_of(name)]++] = name;
-  names.swap(scratch);
+/// Sorts items by the keys that `key_of` returns, in a time linear in their number, so that a name
+/// in a large set costs what it costs in a small one; equal ones keep their order. `scratch` is as
+/// large as `items`.
+template <typename Item, typename KeyOf>
+void radix_sort(std::vector<Item>& items, std::vector<Item>& scratch, KeyOf key_of) {
+  NumberKey varying = 0;
+  for (const Item item : items) varying |= key_of(item) ^ key_of(items.front());
+  // Bytes that are the same everywhere are left out: few are not, as names hold small numbers of a
+  // few lengths.
+  for (unsigned shift = 0; shift < 64; shift += 8) {
+    if (((varying >> shift) & 0xFFU) == 0) continue;
+    const auto byte_of = [=](const Item item) { return (key_of(item) >> shift) & 0xFFU; };
+    std::array<std::size_t, 257> starts = {};
+    for (const Item item : items) ++starts[byte_of(item) + 1];
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    for (const Item item : items) scratch[starts[byte_of(item)]++] = item;
+    items.swap(scratch);
+  }
 }
 
-/// Sorts names axis by axis, in a time linear in their number, so that a name in a large set costs
-/// what it costs in a small one.
-void sort_by_axes(std::size_t axes, std::vector<const NumberKey*>& names) {
-  std::vector<const NumberKey*> scratch(names.size());
-  // From the last byte of the last axis to the first of the first, leaving out those that are the
-  // same everywhere: few are not, as names hold small numbers of a few lengths.
-  for (std::size_t axis = axes; axis-- > 0;) {
-    NumberKey varying = 0;
-    for (const NumberKey* name : names) varying |= name[axis] ^ names.front()[axis];
-    for (unsigned shift = 0; shift < 64; shift += 8) {
-      if (((varying >> shift) & 0xFFU) != 0) sort_by_byte(axis, shift, names, scratch);
+/// Sorts names of one axis and drops repeated ones.
+void sort_numbers(std::vector<NumberKey>& numbers) {
+  if (!std::is_sorted(numbers.begin(), numbers.end())) {
+    std::vector<NumberKey> scratch(numbers.size());
+    radix_sort(numbers, scratch, [](NumberKey number) { return number; });
+  }
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
+
+/// Sorts names axis by axis and drops repeated ones.
+void sort_names(std::vector<NumberKey>& numbers, std::size_t axes) {
+  const auto less = [axes](const NumberKey* a, const NumberKey* b) {
+    return std::lexicographical_compare(a, a + axes, b, b + axes);
+  };
+  std::vector<const NumberKey*> names;
+  for (std::size_t at = 0; at < numbers.size(); at += axes) names.push_back(&numbers[at]);
+  if (!std::is_sorted(names.begin(), names.end(), less)) {
+    std::vector<const NumberKey*> scratch(names.size());
+    for (std::size_t axis = axes; axis-- > 0;) {
+      radix_sort(names, scratch, [axis](const NumberKey* name) { return name[axis]; });
     }
   }
+  std::vector<NumberKey> sorted;
+  sorted.reserve(numbers.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const bool is_new = i == 0 || less(names[i - 1], names[i]);
+    if (is_new) sorted.insert(sorted.end(), names[i], names[i] + axes);
+  }
+  numbers = std::move(sorted);
 }
 
 /// Returns for each of `count` things the lowest index of a thing that is equal to it.
@@ -205,7 +256,11 @@ class FamilyFolder {
   /// Sorts the family's names.
   FamilyFolder(std::string_view structure, Family& family, const NumberTable& table)
       : structure_(structure), family_(family), writer_(table) {
-    sort_names();
+    if (family.axes == 1) {
+      sort_numbers(family.numbers);
+    } else {
+      sort_names(family.numbers, family.axes);
+    }
     fold_last_axis();
     fold_earlier_axis();
   }
@@ -241,24 +296,6 @@ class FamilyFolder {
   std::size_t name_count() const { return family_.numbers.size() / family_.axes; }
   const NumberKey* name(std::size_t index) const {
     return family_.numbers.data() + index * family_.axes;
-  }
-
-  /// Sorts the names axis by axis and drops repeated ones.
-  void sort_names() {
-    const std::size_t axes = family_.axes;
-    const auto less = [axes](const NumberKey* a, const NumberKey* b) {
-      return std::lexicographical_compare(a, a + axes, b, b + axes);
-    };
-    std::vector<const NumberKey*> names(name_count());
-    for (std::size_t i = 0; i < names.size(); ++i) names[i] = name(i);
-    if (!std::is_sorted(names.begin(), names.end(), less)) sort_by_axes(axes, names);
-    std::vector<NumberKey> sorted;
-    sorted.reserve(family_.numbers.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      const bool is_new = i == 0 || less(names[i - 1], names[i]);
-      if (is_new) sorted.insert(sorted.end(), names[i], names[i] + axes);
-    }
-    family_.numbers = std::move(sorted);
   }
 
   void fold_last_axis() {
