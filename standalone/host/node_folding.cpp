@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <numeric>
 #include <span>
 #include <string_view>
@@ -114,8 +116,11 @@ class NameSorter {
   /// Reads the number at `at`, which is moved behind it.
   NumberKey take_number(std::string_view name, std::size_t& at) {
     const std::size_t start = at;
-    while (at < name.size() && is_digit(name[at])) ++at;
-    return table_.add(name.substr(start, at - start));
+    std::uint64_t value = 0;
+    for (; at < name.size() && is_digit(name[at]); ++at) {
+      value = 10 * value + static_cast<std::uint64_t>(name[at] - '0');
+    }
+    return table_.add(name.substr(start, at - start), value);
   }
 
   NumberTable table_;
@@ -205,13 +210,49 @@ void radix_sort(std::vector<Item>& items, std::vector<Item>& scratch, KeyOf key_
   }
 }
 
-/// Sorts names of one axis and drops repeated ones.
-void sort_numbers(std::vector<NumberKey>& numbers) {
-  if (!std::is_sorted(numbers.begin(), numbers.end())) {
-    std::vector<NumberKey> scratch(numbers.size());
-    radix_sort(numbers, scratch, [](NumberKey number) { return number; });
+/// Sorts numbers and drops repeated ones by setting a bit for each; false, with nothing done, when
+/// they are too scattered for that. The numbers of one axis seldom are, and this costs half of what
+/// sorting does.
+bool sort_in_bitmap(std::vector<NumberKey>& numbers) {
+  using Word = std::uint64_t;
+  constexpr std::size_t BITS = std::numeric_limits<Word>::digits;
+  /// The numbers of one length.
+  struct Range {
+    NumberKey least = std::numeric_limits<NumberKey>::max();
+    NumberKey greatest = 0;
+    std::size_t first_word = 0;
+    std::size_t words = 0;
+  };
+  std::array<Range, LONG_NUMBER + 1> ranges;
+  for (const NumberKey number : numbers) {
+    Range& range = ranges[length_of(number)];
+    range.least = std::min(range.least, number);
+    range.greatest = std::max(range.greatest, number);
   }
-  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+  std::size_t words = 0;
+  for (Range& range : ranges) {
+    if (range.least > range.greatest) continue;
+    range.first_word = words;
+    range.words = (range.greatest - range.least) / BITS + 1;
+    words += range.words;
+  }
+  if (words > numbers.size()) return false;
+
+  std::vector<Word> bitmap(words);
+  for (const NumberKey number : numbers) {
+    const Range& range = ranges[length_of(number)];
+    const NumberKey bit = number - range.least;
+    bitmap[range.first_word + bit / BITS] |= Word{1} << (bit % BITS);
+  }
+  numbers.clear();
+  for (const Range& range : ranges) {
+    for (std::size_t i = 0; i < range.words; ++i) {
+      for (Word word = bitmap[range.first_word + i]; word != 0; word &= word - 1) {
+        numbers.push_back(range.least + i * BITS + static_cast<unsigned>(std::countr_zero(word)));
+      }
+    }
+  }
+  return true;
 }
 
 /// Sorts names axis by axis and drops repeated ones.
@@ -256,9 +297,7 @@ class FamilyFolder {
   /// Sorts the family's names.
   FamilyFolder(std::string_view structure, Family& family, const NumberTable& table)
       : structure_(structure), family_(family), writer_(table) {
-    if (family.axes == 1) {
-      sort_numbers(family.numbers);
-    } else {
+    if (family.axes != 1 || !sort_in_bitmap(family.numbers)) {
       sort_names(family.numbers, family.axes);
     }
     fold_last_axis();

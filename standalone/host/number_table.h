@@ -48,13 +48,12 @@ inline void increment(std::string& digits) {
 /// is not known earlier. Holds views of the digits.
 class NumberTable {
  public:
-  NumberKey add(std::string_view digits) {
+  /// `value` is that of the digits, anything for those of a long number.
+  NumberKey add(std::string_view digits, std::uint64_t value) {
     if (digits.size() > MAX_PACKED_DIGITS) {
       long_numbers_.push_back(digits);
       return pack(LONG_NUMBER, long_numbers_.size() - 1);
     }
-    std::uint64_t value = 0;
-    for (const char c : digits) value = 10 * value + static_cast<std::uint64_t>(c - '0');
     return pack(digits.size(), value);
   }
 

@@ -5,7 +5,6 @@
 #include <functional>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "vond/postprocessor/collapsed_analysis_output.h"
@@ -22,28 +21,27 @@ inline std::vector<std::vector<std::string>> node_lists(
   return lists;
 }
 
-/// A set of names that only counts: a table with linear probing of views into the names.
+/// A set of names that only counts: a table with linear probing. Keeps pointers to the names.
 class DistinctNames {
  public:
   /// `most` is how many names may be added.
   explicit DistinctNames(std::size_t most) : slots_(std::bit_ceil(2 * most + 1)) {}
 
-  void add(std::string_view name) {
+  void add(const std::string& name) {
     const std::size_t last_slot = slots_.size() - 1;
-    std::size_t slot = std::hash<std::string_view>()(name) & last_slot;
-    // A free slot is a view of nothing, which not even an empty name is.
-    while (slots_[slot].data() != nullptr) {
-      if (slots_[slot] == name) return;
+    std::size_t slot = std::hash<std::string>()(name) & last_slot;
+    while (slots_[slot] != nullptr) {
+      if (*slots_[slot] == name) return;
       slot = (slot + 1) & last_slot;
     }
-    slots_[slot] = name;
+    slots_[slot] = &name;
     ++count_;
   }
 
   std::size_t count() const { return count_; }
 
  private:
-  std::vector<std::string_view> slots_;
+  std::vector<const std::string*> slots_;
   std::size_t count_ = 0;
 };
 
