@@ -262,7 +262,11 @@ void sort_names(std::vector<NumberKey>& numbers, std::size_t axes) {
   };
   std::vector<const NumberKey*> names;
   for (std::size_t at = 0; at < numbers.size(); at += axes) names.push_back(&numbers[at]);
-  if (!std::is_sorted(names.begin(), names.end(), less)) {
+  // Few names do not make up for the radix sort's tables.
+  constexpr std::size_t FEW_NAMES = 256;
+  if (names.size() < FEW_NAMES) {
+    std::sort(names.begin(), names.end(), less);
+  } else if (!std::is_sorted(names.begin(), names.end(), less)) {
     std::vector<const NumberKey*> scratch(names.size());
     for (std::size_t axis = axes; axis-- > 0;) {
       radix_sort(names, scratch, [axis](const NumberKey* name) { return name[axis]; });
@@ -282,11 +286,13 @@ template <typename Less>
 std::vector<std::uint32_t> lowest_equal_index(std::size_t count, Less less) {
   std::vector<std::uint32_t> order(count);
   std::iota(order.begin(), order.end(), 0U);
-  std::stable_sort(order.begin(), order.end(), less);
+  std::sort(order.begin(), order.end(), less);
   std::vector<std::uint32_t> lowest(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const bool is_new = i == 0 || less(order[i - 1], order[i]);
-    lowest[order[i]] = is_new ? order[i] : lowest[order[i - 1]];
+  for (auto first = order.begin(); first != order.end();) {
+    const auto end =
+        std::find_if(first, order.end(), [&](auto other) { return less(*first, other); });
+    const std::uint32_t lowest_equal = *std::min_element(first, end);
+    for (; first != end; ++first) lowest[*first] = lowest_equal;
   }
   return lowest;
 }
@@ -308,8 +314,9 @@ class FamilyFolder {
   void append_terms(std::string& text) const {
     std::vector<std::uint32_t> order(groups_.size());
     std::iota(order.begin(), order.end(), 0U);
-    std::stable_sort(order.begin(), order.end(),
-                     [this](auto a, auto b) { return term_of_group_[a] < term_of_group_[b]; });
+    std::sort(order.begin(), order.end(), [this](auto a, auto b) {
+      return std::pair(term_of_group_[a], a) < std::pair(term_of_group_[b], b);
+    });
     std::vector<NumberKey> earlier;
     for (std::size_t first = 0; first < order.size();) {
       std::size_t end = first;

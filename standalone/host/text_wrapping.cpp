@@ -74,33 +74,54 @@ Cluster long_cluster_at(std::string_view text) {
   return cluster;
 }
 
-/// Expects a text that is not empty and begins at a cluster's start.
-Cluster cluster_at(std::string_view text) {
-  // Between two ASCII characters of one line there is always a boundary.
-  if (is_ascii(text[0]) && (text.size() == 1 || is_ascii(text[1]))) {
-    return {1, ascii_columns(text[0])};
+// Most lines are printable ASCII, and need not be asked what each character is. What walks along a
+// line therefore takes how as an argument: as PlainText or as AnyText. Both expect a text that is
+// not empty and begins at a cluster's start.
+
+struct PlainText {
+  static Cluster cluster_at(std::string_view /*text*/) { return {1, 1}; }
+};
+
+struct AnyText {
+  static Cluster cluster_at(std::string_view text) {
+    // Between two ASCII characters of one line there is always a boundary.
+    if (is_ascii(text[0]) && (text.size() == 1 || is_ascii(text[1]))) {
+      return {1, ascii_columns(text[0])};
+    }
+    return long_cluster_at(text);
   }
-  return long_cluster_at(text);
+};
+
+/// Looks at every byte, which is quicker than to stop at the first that is not.
+bool is_plain(std::string_view text) {
+  bool is_plain = true;
+  for (const char character : text) {
+    is_plain &= character >= ' ' && character <= '~';
+  }
+  return is_plain;
 }
 
 /// Whether the text begins with a blank that no other character clings to.
+template <typename Text>
 bool starts_with_blank(std::string_view text) {
-  return !text.empty() && text[0] == ' ' && cluster_at(text).size == 1;
+  return !text.empty() && text[0] == ' ' && Text::cluster_at(text).size == 1;
 }
 
+template <typename Text>
 std::size_t count_blanks(std::string_view text) {
   std::size_t count = 0;
-  while (starts_with_blank(text.substr(count))) {
+  while (starts_with_blank<Text>(text.substr(count))) {
     ++count;
   }
   return count;
 }
 
+template <typename Text>
 Word first_word(std::string_view text) {
   std::size_t size = 0;
   std::size_t columns = 0;
   while (size < text.size()) {
-    const Cluster cluster = cluster_at(text.substr(size));
+    const Cluster cluster = Text::cluster_at(text.substr(size));
     if (cluster.size == 1 && text[size] == ' ') {
       break;
     }
@@ -124,11 +145,6 @@ std::size_t count_columns(std::string_view text,
     }
   }
   return columns;
-}
-
-bool fits(std::string_view text, std::size_t room) {
-  // No character has more columns than bytes.
-  return text.size() <= room || count_columns(text, room) <= room;
 }
 
 /// The longest start of blanks and of the tree's drawing characters that ends in a blank.
@@ -157,12 +173,13 @@ std::size_t depth_behind(char character, std::size_t depth) {
 /// Returns the piece of a word that goes into the room: all of it, or up to the best separator, or
 /// up to the end of the room if the word may be cut anywhere. It is empty when there is none. Node
 /// lists thus break between terms rather than inside brackets, and paths at their slashes.
+template <typename Text>
 Piece first_piece(std::string_view word, std::size_t room, std::size_t depth, bool cut_anywhere) {
   Piece reached{0, 0, depth};
   Piece separated;
   Piece separated_outside_brackets;
   while (reached.size < word.size()) {
-    const Cluster cluster = cluster_at(word.substr(reached.size));
+    const Cluster cluster = Text::cluster_at(word.substr(reached.size));
     if (reached.columns + cluster.columns > room) {
       break;
     }
@@ -235,14 +252,19 @@ class TextWrapper {
     const std::string_view words = line.substr(lead);
     output_ += line.substr(0, lead);
     row_ = {room_beside(column + lead)};
-    if (fits(words, row_.room)) {
+    const bool plain = is_plain(words);
+    if (words.size() <= row_.room || (!plain && count_columns(words, row_.room) <= row_.room)) {
       output_ += words;
       return;
     }
     if (options_.label_end) {
       continue_at(continuation_column(line, column));
     }
-    fill(words);
+    if (plain) {
+      fill<PlainText>(words);
+    } else {
+      fill<AnyText>(words);
+    }
   }
 
   std::size_t room_beside(std::size_t lead_columns) const {
@@ -267,23 +289,25 @@ class TextWrapper {
     continuation_room_ = room_beside(column);
   }
 
+  template <typename Text>
   void fill(std::string_view words) {
     while (!words.empty()) {
-      const std::size_t blanks = count_blanks(words);
+      const std::size_t blanks = count_blanks<Text>(words);
       words.remove_prefix(blanks);
-      const Word word = first_word(words);
+      const Word word = first_word<Text>(words);
       words.remove_prefix(word.text.size());
       if (!word.text.empty()) {
-        place(word, blanks);
+        place<Text>(word, blanks);
       }
     }
   }
 
+  template <typename Text>
   void place(const Word& word, std::size_t blanks) {
     const bool fits_into_row = row_.column + blanks + word.columns <= row_.room;
     const bool fits_nowhere = !row_.has_word || word.columns > continuation_room_;
     if (!fits_into_row && fits_nowhere && options_.splits_words) {
-      place_in_pieces(word.text, blanks);
+      place_in_pieces<Text>(word.text, blanks);
     } else if (fits_into_row || !row_.has_word) {
       append(word, blanks);
     } else {
@@ -292,9 +316,10 @@ class TextWrapper {
     }
   }
 
+  template <typename Text>
   void place_in_pieces(std::string_view word, std::size_t blanks) {
     for (std::size_t depth = 0; !word.empty(); blanks = 0) {
-      const Piece piece = next_piece(word, blanks, depth);
+      const Piece piece = next_piece<Text>(word, blanks, depth);
       if (piece.size > 0) {
         append({word.substr(0, piece.size), piece.columns}, blanks);
         word.remove_prefix(piece.size);
@@ -307,15 +332,16 @@ class TextWrapper {
   }
 
   /// Returns what of the word goes into the row. It is empty only if the row has a word already.
+  template <typename Text>
   Piece next_piece(std::string_view word, std::size_t blanks, std::size_t depth) const {
     const std::size_t room = row_.room - std::min(row_.room, row_.column + blanks);
     const bool cut_anywhere = !row_.has_word || room >= continuation_room_;
-    const Piece piece = first_piece(word, room, depth, cut_anywhere);
+    const Piece piece = first_piece<Text>(word, room, depth, cut_anywhere);
     if (piece.size > 0 || row_.has_word) {
       return piece;
     }
     // A single cluster can be wider than any room: it stands out.
-    const Cluster cluster = cluster_at(word);
+    const Cluster cluster = Text::cluster_at(word);
     return {cluster.size, cluster.columns, depth};
   }
 
