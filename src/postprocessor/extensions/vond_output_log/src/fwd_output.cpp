@@ -159,6 +159,11 @@ std::size_t count_digits(std::size_t number) {
 }  // namespace
 
 int FwdOutputFunctions::print_full_tree(const Data& data) {
+  NodeSummaries nodes;
+  return print_full_tree(data, nodes);
+}
+
+int FwdOutputFunctions::print_full_tree(const Data& data, NodeSummaries& nodes) {
   write(word_wrap("Issues (repeated from above) ordered in the framework definition hierarchy",
                   data.line_width, ""));
   write_line_end();
@@ -166,9 +171,9 @@ int FwdOutputFunctions::print_full_tree(const Data& data) {
 
   if (!data.fwd_root) return 0;
   const auto& roots = data.fwd_root->roots;
-  IssuesByFwd selection;
+  Walk walk{data, nodes, {}};
   for (const auto& root : roots) {
-    if (print_subtree(data, selection, *root->fwd, "", true) == 1) return 1;
+    if (print_subtree(walk, *root->fwd, "", true) == 1) return 1;
     if (roots.size() != 1) write_line_end();
   }
   return 0;
@@ -176,12 +181,14 @@ int FwdOutputFunctions::print_full_tree(const Data& data) {
 
 int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::string& prefix,
                                    bool last) {
-  IssuesByFwd selection;
-  return print_subtree(data, selection, fwd, prefix, last);
+  NodeSummaries nodes;
+  Walk walk{data, nodes, {}};
+  return print_subtree(walk, fwd, prefix, last);
 }
 
-int FwdOutputFunctions::print_subtree(const Data& data, IssuesByFwd& selection, const Fwd& fwd,
-                                      const std::string& prefix, bool last) {
+int FwdOutputFunctions::print_subtree(Walk& walk, const Fwd& fwd, const std::string& prefix,
+                                      bool last) {
+  const Data& data = walk.data;
   const auto& child_groups = fwd.node->child_groups;
   const auto [line_prefix, child_prefix] = draw_prefixes(prefix, last, !child_groups.empty());
 
@@ -195,9 +202,9 @@ int FwdOutputFunctions::print_subtree(const Data& data, IssuesByFwd& selection, 
     if (print_issue_num(data, scratch, data.line_width, child_prefix, gap, fwd) == 1) return 1;
     const auto select = [&](IssueList& diagnoses, IssueList& observations,
                             const std::string& band_name) {
-      return select_details(data, selection, diagnoses, observations, band_name, fwd);
+      return select_details(walk, diagnoses, observations, band_name, fwd);
     };
-    if (print_bands(select, child_prefix, data.line_width, scratch) == 1) return 1;
+    if (print_bands(select, walk.nodes, child_prefix, data.line_width, scratch) == 1) return 1;
   }
 
   std::size_t remaining = 0;
@@ -207,7 +214,7 @@ int FwdOutputFunctions::print_subtree(const Data& data, IssuesByFwd& selection, 
   for (const auto& group : child_groups) {
     for (const auto& child : group.children) {
       --remaining;
-      if (print_subtree(data, selection, *child->fwd, inherited, remaining == 0) == 1) return 1;
+      if (print_subtree(walk, *child->fwd, inherited, remaining == 0) == 1) return 1;
     }
   }
   return 0;
@@ -271,17 +278,19 @@ int FwdOutputFunctions::print_details(const Data& data, const Fwd& fwd,
                           const std::string& band_name) {
     return get_details_by_severity(data, diagnoses, observations, band_name, fwd);
   };
-  return print_bands(select, child_prefix, width, text);
+  NodeSummaries nodes;
+  return print_bands(select, nodes, child_prefix, width, text);
 }
 
-int FwdOutputFunctions::print_bands(const BandSelection& select, const std::string& child_prefix,
-                                    int width, std::string& text) {
+int FwdOutputFunctions::print_bands(const BandSelection& select, NodeSummaries& nodes,
+                                    const std::string& child_prefix, int width, std::string& text) {
   const auto bands = descending_bands(SEVERITY_BANDS);
   IssueList diagnoses;
   IssueList observations;
   for (const auto& [lower, upper_bound, severity, name] : bands) {
     if (select(diagnoses, observations, name) == 1) return 1;
-    if (print_details_by_severity(diagnoses, observations, child_prefix, width, name, text) == 1) {
+    if (print_details_by_severity(diagnoses, observations, nodes, child_prefix, width, name,
+                                  text) == 1) {
       return 1;
     }
     // The last band has its spacer too; that is wanted.
@@ -307,17 +316,17 @@ int FwdOutputFunctions::get_details_by_severity(const Data& data, IssueList& dia
   });
 }
 
-int FwdOutputFunctions::select_details(const Data& data, IssuesByFwd& selection,
-                                       IssueList& diagnoses, IssueList& observations,
+int FwdOutputFunctions::select_details(Walk& walk, IssueList& diagnoses, IssueList& observations,
                                        const std::string& band_name, const Fwd& fwd) {
   return report_selection_errors([&] {
     diagnoses.clear();
     observations.clear();
-    if (!data.issues_by_mask) return;
-    if (!selection) selection = sort_by_fwd(*data.issues_by_mask);
-    const auto found = selection->find(fwd.name);
-    if (found == selection->end()) return;
-    const int threshold = data.fail_threshold;
+    if (!walk.data.issues_by_mask) return;
+    auto& issues_by_fwd = walk.issues_by_fwd;
+    if (!issues_by_fwd) issues_by_fwd = sort_by_fwd(*walk.data.issues_by_mask);
+    const auto found = issues_by_fwd->find(fwd.name);
+    if (found == issues_by_fwd->end()) return;
+    const int threshold = walk.data.fail_threshold;
     append(diagnoses, index_entry(found->second, band_name, DIAGNOSES, threshold));
     append(observations, index_entry(found->second, band_name, OBSERVATIONS, threshold));
     append(observations, index_entry(found->second, band_name, MISSING_DATA, threshold));
@@ -352,6 +361,16 @@ int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
                                                   const std::string& prefix, const int& width,
                                                   const std::string& band_name,
                                                   std::string& buffer) {
+  NodeSummaries nodes;
+  return print_details_by_severity(diagnoses, observations, nodes, prefix, width, band_name,
+                                   buffer);
+}
+
+int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
+                                                  const IssueList& observations,
+                                                  NodeSummaries& nodes, const std::string& prefix,
+                                                  int width, const std::string& band_name,
+                                                  std::string& buffer) {
   if (diagnoses.empty() && observations.empty()) return 0;
   {
     OutputLog statement;
@@ -361,8 +380,11 @@ int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
     OutputLog statement;
     statement << "\n";
   }
-  if (!diagnoses.empty() && print_fwd_body(buffer, width, prefix, diagnoses, true) == 1) return 1;
-  if (!observations.empty() && print_fwd_body(buffer, width, prefix, observations, false) == 1) {
+  if (!diagnoses.empty() && print_fwd_body(buffer, width, prefix, diagnoses, nodes, true) == 1) {
+    return 1;
+  }
+  if (!observations.empty() &&
+      print_fwd_body(buffer, width, prefix, observations, nodes, false) == 1) {
     return 1;
   }
   return 0;
@@ -370,6 +392,13 @@ int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
 
 int FwdOutputFunctions::print_fwd_body(std::string& buffer, const int& width,
                                        const std::string& prefix, const IssueList& issues,
+                                       bool is_diagnosis) {
+  NodeSummaries nodes;
+  return print_fwd_body(buffer, width, prefix, issues, nodes, is_diagnosis);
+}
+
+int FwdOutputFunctions::print_fwd_body(std::string& buffer, int width, const std::string& prefix,
+                                       const IssueList& issues, NodeSummaries& nodes,
                                        bool is_diagnosis) {
   write(word_wrap(prefix + (is_diagnosis ? "Diagnoses" : "Observations"), width, prefix));
   write_line_end();
@@ -382,14 +411,16 @@ int FwdOutputFunctions::print_fwd_body(std::string& buffer, const int& width,
     ++ordinal;
     const std::string ordinal_pad =
         blanks(digits - count_digits(static_cast<std::size_t>(ordinal)));
-    if (format_fwd_header(buffer, ordinal, prefix, ordinal_pad, issue) == 1) return 1;
+    if (format_fwd_header(buffer, ordinal, prefix, ordinal_pad, issue, nodes) == 1) return 1;
     // Ids of ordinals with one digit less than the longest, or in a list of up to nine, do not
     // stand in the column where their continuation begins; that is wanted.
     write(word_wrap(buffer, width, prefix + blanks(4) + ordinal_pad));
     write_line_end();
 
     format_fwd_spacer(spacer, is_diagnosis);
-    if (format_fwd_body(buffer, body_indent, spacer, width, issue, is_diagnosis) == 1) return 1;
+    if (format_fwd_body(buffer, body_indent, spacer, width, issue, nodes, is_diagnosis) == 1) {
+      return 1;
+    }
     write(buffer);
     write_line_end();
   }
@@ -399,11 +430,18 @@ int FwdOutputFunctions::print_fwd_body(std::string& buffer, const int& width,
 int FwdOutputFunctions::format_fwd_header(std::string& buffer, const int& ordinal,
                                           const std::string& prefix, const std::string& ordinal_pad,
                                           const Issue& issue) {
+  NodeSummaries nodes;
+  return format_fwd_header(buffer, ordinal, prefix, ordinal_pad, issue, nodes);
+}
+
+int FwdOutputFunctions::format_fwd_header(std::string& buffer, int ordinal,
+                                          const std::string& prefix, const std::string& ordinal_pad,
+                                          const Issue& issue, NodeSummaries& nodes) {
   try {
-    const std::size_t nodes = count_distinct_nodes(*issue);
+    const std::size_t count = nodes.count(*issue);
     // "0 node)" is wanted.
     buffer = prefix + std::to_string(ordinal) + "." + ordinal_pad + " " + issue->get_id() +
-             " (appears on " + std::to_string(nodes) + (nodes > 1 ? " nodes)" : " node)");
+             " (appears on " + std::to_string(count) + (count > 1 ? " nodes)" : " node)");
   } catch (const std::exception& error) {
     ErrorLog(SOURCE_FILE, "format_fwd_header", 441, ERROR_PRIORITY).stream() << error.what();
     return 1;
@@ -418,6 +456,13 @@ void FwdOutputFunctions::format_fwd_spacer(std::string& spacer, bool is_diagnosi
 int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& body_indent,
                                         const std::string& spacer, const int& width,
                                         const Issue& issue, bool is_diagnosis) {
+  NodeSummaries nodes;
+  return format_fwd_body(buffer, body_indent, spacer, width, issue, nodes, is_diagnosis);
+}
+
+int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& body_indent,
+                                        const std::string& spacer, int width, const Issue& issue,
+                                        NodeSummaries& nodes, bool is_diagnosis) {
   const auto append_segment = [&](std::string_view label, const std::string& text) {
     std::string segment;
     if (format_fwd_segment(segment, body_indent, spacer, std::string(label), text, width) == 1)
@@ -439,8 +484,7 @@ int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& 
   const std::string remedy = remove_endl(has_outputs ? issue->outputs[0]->remedy : "");
   if (!remedy.empty() && !append_segment("Remedy:", remedy)) return 1;
 
-  auto nodes = node_lists(*issue);
-  if (!nodes.empty() && !append_segment("Nodes:", get_node_string(nodes))) return 1;
+  if (has_outputs && !append_segment("Nodes:", nodes.text(*issue, *this))) return 1;
 
   if (!issue->related_issues[is_diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS].empty() &&
       !append_segment(is_diagnosis ? DIAGNOSIS_REFERENCE : OBSERVATION_REFERENCE,

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "node_summaries.h"
 #include "vond/fwd.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
@@ -27,6 +28,9 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
 
   /// Writes the section's heading and the tree of every root.
   int print_full_tree(const Data& data);
+
+  /// The same, with what is known of the issues' nodes already.
+  int print_full_tree(const Data& data, NodeSummaries& nodes);
 
   /// Writes one definition and everything below it. `prefix` is what its parent hands to its
   /// children, empty for a root; `last` tells that no sibling follows, and is set for every root.
@@ -102,23 +106,40 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
                          const std::string& text, const int& width);
 
  private:
-  /// Every definition's own part of the issue index; what it is keyed by belongs to the issues.
-  /// Made once a walk, when it is first needed: asking every issue for every definition would take
-  /// the product of the two.
-  using IssuesByFwd =
-      std::optional<std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>>;
+  /// What a walk remembers from definition to definition.
+  struct Walk {
+    const Data& data;
+    NodeSummaries& nodes;
+    /// Every definition's own part of the issue index; what it is keyed by belongs to the issues.
+    /// Made when it is first needed: asking every issue for every definition would take the product
+    /// of the two.
+    std::optional<std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>>
+        issues_by_fwd;
+  };
 
   /// Sets both lists to the issues of the band that is named.
   using BandSelection = std::function<int(IssueList& diagnoses, IssueList& observations,
                                           const std::string& band_name)>;
 
-  int print_subtree(const Data& data, IssuesByFwd& selection, const vond::Fwd& fwd,
-                    const std::string& prefix, bool last);
-  int print_bands(const BandSelection& select, const std::string& child_prefix, int width,
-                  std::string& text);
+  int print_subtree(Walk& walk, const vond::Fwd& fwd, const std::string& prefix, bool last);
+  int print_bands(const BandSelection& select, NodeSummaries& nodes,
+                  const std::string& child_prefix, int width, std::string& text);
   /// Does what get_details_by_severity() does.
-  int select_details(const Data& data, IssuesByFwd& selection, IssueList& diagnoses,
-                     IssueList& observations, const std::string& band_name, const vond::Fwd& fwd);
+  int select_details(Walk& walk, IssueList& diagnoses, IssueList& observations,
+                     const std::string& band_name, const vond::Fwd& fwd);
+
+  // The layout with what is known of the issues' nodes already.
+
+  int print_details_by_severity(const IssueList& diagnoses, const IssueList& observations,
+                                NodeSummaries& nodes, const std::string& prefix, int width,
+                                const std::string& band_name, std::string& buffer);
+  int print_fwd_body(std::string& buffer, int width, const std::string& prefix,
+                     const IssueList& issues, NodeSummaries& nodes, bool is_diagnosis);
+  int format_fwd_header(std::string& buffer, int ordinal, const std::string& prefix,
+                        const std::string& ordinal_pad, const Issue& issue, NodeSummaries& nodes);
+  int format_fwd_body(std::string& buffer, const std::string& body_indent,
+                      const std::string& spacer, int width, const Issue& issue,
+                      NodeSummaries& nodes, bool is_diagnosis);
 };
 
 }  // namespace vond_output_log

@@ -18,10 +18,9 @@ namespace {
 /// Returns the issue's first line: its number, padded to `width` digits, its id, and on how many
 /// nodes it was found.
 std::string header_line(const CollapsedAnalysisOutput& issue, int number, int width,
-                        const std::string& prefix) {
+                        const std::string& prefix, std::size_t nodes) {
   const int digits = static_cast<int>(std::log10(number) + 1.0);
   const auto padding = static_cast<std::size_t>(std::max(width - digits, 0));
-  const std::size_t nodes = count_distinct_nodes(issue);
   return prefix + std::to_string(number) + ". " + std::string(padding, ' ') + issue.get_id() +
          " (appears on " + std::to_string(nodes) + (nodes == 1 ? " node" : " nodes") + ")\n";
 }
@@ -47,14 +46,21 @@ std::string row_ids_line(const CollapsedAnalysisOutput& issue, const std::string
 void IssuePrinting::PrintOutput(std::shared_ptr<CollapsedAnalysisOutput> issue,
                                 const PostprocessorExtensionData& data, int number, int width,
                                 std::string prefix, bool diagnosis) {
+  NodeSummaries nodes;
+  PrintOutput(issue, data, number, width, prefix, diagnosis, nodes);
+}
+
+void IssuePrinting::PrintOutput(const std::shared_ptr<CollapsedAnalysisOutput>& issue,
+                                const PostprocessorExtensionData& data, int number, int width,
+                                const std::string& prefix, bool diagnosis, NodeSummaries& nodes) {
   // Further lines begin right under the first character of the id.
   const std::string indent = prefix + std::string(static_cast<std::size_t>(width) + 2, ' ');
 
-  write(vond::str::word_wrap(header_line(*issue, number, width, prefix), data.line_width, indent));
+  write(vond::str::word_wrap(header_line(*issue, number, width, prefix, nodes.count(*issue)),
+                             data.line_width, indent));
 
   std::string body = issue->get_message_string(indent) + issue->get_remedy_string(indent);
-  auto nodes = node_lists(*issue);
-  if (!nodes.empty()) body += indent + "Nodes: " + get_node_string(nodes) + "\n";
+  if (!issue->outputs.empty()) body += indent + "Nodes: " + nodes.text(*issue, *this) + "\n";
   body += GetCategoryLine(issue, indent);
   body += related_issues_line(*issue, indent, diagnosis);
   body += issue->get_fwd_string(indent, "Framework Definition");

@@ -42,20 +42,26 @@ VondOutputLog::VondOutputLog(vond::postprocessor::PostprocessorExtensionData& en
 VondOutputLog::~VondOutputLog() = default;
 
 int VondOutputLog::run() {
+  NodeSummaries nodes;
   write(vond::util::EngineHelper::format_header());
   write_rule();
   utilities_.print_validation(data);
   if (utilities_.Summarize(data) == 1) return 1;
-  if (PrintSection(false) == 1) return 1;
+  if (print_section(false, nodes) == 1) return 1;
   write_rule();
-  if (PrintSection(true) == 1) return 1;
+  if (print_section(true, nodes) == 1) return 1;
   write_rule();
-  if (utilities_.print_full_tree(data) == 1) return 1;
+  if (utilities_.print_full_tree(data, nodes) == 1) return 1;
   utilities_.PrintEnd(data);
   return 0;
 }
 
 int VondOutputLog::PrintSection(bool other) {
+  NodeSummaries nodes;
+  return print_section(other, nodes);
+}
+
+int VondOutputLog::print_section(bool other, NodeSummaries& nodes) {
   // 1. The heading.
   write_wrapped(other ? "Other issues (not contributing to FAIL)\n"
                       : "Issues contributing to FAIL\n");
@@ -78,37 +84,37 @@ int VondOutputLog::PrintSection(bool other) {
 
   // 3. The bands, worst first.
   for (const auto& [lower, upper, severity, name] : descending_bands(SEVERITY_BANDS)) {
-    print_band(name, static_cast<unsigned>(severity) | section_bit);
+    print_band(name, static_cast<unsigned>(severity) | section_bit, nodes);
   }
   return 0;
 }
 
-void VondOutputLog::print_band(const std::string& name, unsigned mask) {
+void VondOutputLog::print_band(const std::string& name, unsigned mask, NodeSummaries& nodes) {
   const IssueList& diagnoses = find_group(*data.issues_by_mask, mask | DIAGNOSES);
   const IssueList& observations = find_group(*data.issues_by_mask, mask | OBSERVATIONS);
   const IssueList& missing_data = find_group(*data.issues_by_mask, mask | MISSING_DATA);
   if (diagnoses.empty() && observations.empty() && missing_data.empty()) return;
   write_wrapped(vond::str::upper(name) + ":\n");
-  print_diagnoses(diagnoses);
-  print_observations(observations, missing_data);
+  print_diagnoses(diagnoses, nodes);
+  print_observations(observations, missing_data, nodes);
 }
 
-void VondOutputLog::print_diagnoses(const IssueList& diagnoses) {
+void VondOutputLog::print_diagnoses(const IssueList& diagnoses, NodeSummaries& nodes) {
   if (diagnoses.empty()) return;
   write_wrapped("Diagnoses\n");
   const int width = number_width(diagnoses.size());
   int number = 0;
   for (const auto& issue : diagnoses) {
     ++number;
-    if (issue) utilities_.PrintOutput(issue, data, number, width, "", true);
+    if (issue) utilities_.PrintOutput(issue, data, number, width, "", true, nodes);
     // An entry without an issue leaves its blank line behind, unlike one among the observations;
     // that is wanted.
     write("\n");
   }
 }
 
-void VondOutputLog::print_observations(const IssueList& observations,
-                                       const IssueList& missing_data) {
+void VondOutputLog::print_observations(const IssueList& observations, const IssueList& missing_data,
+                                       NodeSummaries& nodes) {
   if (observations.empty() && missing_data.empty()) return;
   write_wrapped("Observations\n");
   const int width = number_width(observations.size() + missing_data.size());
@@ -117,7 +123,7 @@ void VondOutputLog::print_observations(const IssueList& observations,
     for (const auto& issue : *group) {
       ++number;
       if (!issue) continue;
-      utilities_.PrintOutput(issue, data, number, width, "", false);
+      utilities_.PrintOutput(issue, data, number, width, "", false, nodes);
       write("\n");
     }
   }

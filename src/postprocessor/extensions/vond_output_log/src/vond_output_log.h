@@ -48,12 +48,13 @@ class VondOutputLog : public vond::postprocessor::PostprocessorExtension {
   int PrintSection(bool other);
 
  private:
+  int print_section(bool other, NodeSummaries& nodes);
   /// Writes one band of a section: nothing when it has no issues.
-  void print_band(const std::string& name, unsigned mask);
-  void print_diagnoses(const vond::postprocessor::IssueList& diagnoses);
+  void print_band(const std::string& name, unsigned mask, NodeSummaries& nodes);
+  void print_diagnoses(const vond::postprocessor::IssueList& diagnoses, NodeSummaries& nodes);
   /// Writes both kinds of observations as one group, in one run of numbers.
   void print_observations(const vond::postprocessor::IssueList& observations,
-                          const vond::postprocessor::IssueList& missing_data);
+                          const vond::postprocessor::IssueList& missing_data, NodeSummaries& nodes);
   void write_wrapped(const std::string& text);
   int number_width(std::size_t issues) const;
 

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "vond/postprocessor/collapsed_analysis_output.h"
+#include "vond/postprocessor/string_interface.h"
+
+namespace vond_output_log {
+
+/// Returns the node names of every output, a list per output.
+inline std::vector<std::vector<std::string>> node_lists(
+    const vond::postprocessor::CollapsedAnalysisOutput& issue) {
+  std::vector<std::vector<std::string>> lists;
+  lists.reserve(issue.outputs.size());
+  for (const auto& output : issue.outputs) lists.push_back(output->node_names);
+  return lists;
+}
+
+/// A set of names that only counts: a table with linear probing. Keeps pointers to the names.
+class DistinctNames {
+ public:
+  /// `most` is how many names may be added.
+  explicit DistinctNames(std::size_t most) : slots_(std::bit_ceil(2 * most + 1)) {}
+
+  void add(const std::string& name) {
+    const std::size_t last_slot = slots_.size() - 1;
+    std::size_t slot = std::hash<std::string>()(name) & last_slot;
+    while (slots_[slot] != nullptr) {
+      if (*slots_[slot] == name) return;
+      slot = (slot + 1) & last_slot;
+    }
+    slots_[slot] = &name;
+    ++count_;
+  }
+
+  std::size_t count() const { return count_; }
+
+ private:
+  std::vector<const std::string*> slots_;
+  std::size_t count_ = 0;
+};
+
+/// Returns on how many distinct nodes the issue was found.
+inline std::size_t count_distinct_nodes(const vond::postprocessor::CollapsedAnalysisOutput& issue) {
+  std::size_t names = 0;
+  for (const auto& output : issue.outputs) names += output->node_names.size();
+  if (names < 2) return names;
+  DistinctNames distinct(names);
+  for (const auto& output : issue.outputs) {
+    for (const std::string& name : output->node_names) distinct.add(name);
+  }
+  return distinct.count();
+}
+
+/// How a report shows the nodes of issues. A report shows an issue in its section and under each of
+/// its definitions; what that needs of its nodes is worked out once, when it is first asked for.
+/// Issues must neither change nor go while this lives, which is one report or one part of it.
+class NodeSummaries {
+ public:
+  using Issue = vond::postprocessor::CollapsedAnalysisOutput;
+
+  /// Returns on how many distinct nodes the issue was found.
+  std::size_t count(const Issue& issue) {
+    std::optional<std::size_t>& count = summaries_[&issue].count;
+    if (!count) count = count_distinct_nodes(issue);
+    return *count;
+  }
+
+  /// Returns the nodes of all outputs as `host` writes them.
+  const std::string& text(const Issue& issue, vond::postprocessor::StringInterface& host) {
+    std::optional<std::string>& text = summaries_[&issue].text;
+    if (!text) {
+      auto lists = node_lists(issue);
+      text = host.get_node_string(lists);
+    }
+    return *text;
+  }
+
+ private:
+  struct Summary {
+    std::optional<std::size_t> count;
+    std::optional<std::string> text;
+  };
+
+  std::unordered_map<const Issue*, Summary> summaries_;
+};
+
+}  // namespace vond_output_log
