@@ -79,10 +79,12 @@ Cluster long_cluster_at(std::string_view text) {
 // not empty and begins at a cluster's start.
 
 struct PlainText {
+  static constexpr bool IS_PLAIN = true;
   static Cluster cluster_at(std::string_view /*text*/) { return {1, 1}; }
 };
 
 struct AnyText {
+  static constexpr bool IS_PLAIN = false;
   static Cluster cluster_at(std::string_view text) {
     // Between two ASCII characters of one line there is always a boundary.
     if (is_ascii(text[0]) && (text.size() == 1 || is_ascii(text[1]))) {
@@ -292,6 +294,9 @@ class TextWrapper {
   template <typename Text>
   void fill(std::string_view words) {
     while (!words.empty()) {
+      if constexpr (Text::IS_PLAIN) {
+        words.remove_prefix(append_fitting_words(words));
+      }
       const std::size_t blanks = count_blanks<Text>(words);
       words.remove_prefix(blanks);
       const Word word = first_word<Text>(words);
@@ -300,6 +305,21 @@ class TextWrapper {
         place<Text>(word, blanks);
       }
     }
+  }
+
+  /// Appends as many words of printable ASCII as fit into the row and returns their size, with the
+  /// blanks before them: where a byte is a column, the end of the row need only be looked up.
+  std::size_t append_fitting_words(std::string_view words) {
+    const std::size_t room = row_.room - std::min(row_.room, row_.column);
+    const std::size_t end = words.size() <= room ? words.size() : words.rfind(' ', room);
+    if (end == std::string_view::npos) {
+      return 0;
+    }
+    const std::size_t size = words.substr(0, end).find_last_not_of(' ') + 1;
+    if (size > 0) {
+      append({words.substr(0, size), size}, 0);
+    }
+    return size;
   }
 
   template <typename Text>
