@@ -100,7 +100,7 @@ std::shared_ptr<FwdNode> DefinitionTree::make_node(const std::string& name, bool
   node->fwd->name = name;
   node->fwd->skipped = skipped;
   node->fwd->node = node.get();
-  by_name_.emplace(name, node->fwd.get());
+  by_name_.emplace(node->fwd->name, node->fwd.get());
   return node;
 }
 

@@ -45,7 +45,8 @@ class DefinitionTree {
   std::vector<std::shared_ptr<FwdNode>>& children_of(const std::string& name);
 
   std::shared_ptr<FwdHierarchy> hierarchy_ = std::make_shared<FwdHierarchy>();
-  std::unordered_map<std::string, Fwd*> by_name_;
+  /// The names are the definitions' own.
+  std::unordered_map<std::string_view, Fwd*> by_name_;
   std::vector<std::string> unknown_names_;
 };
 

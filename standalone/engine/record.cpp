@@ -66,10 +66,10 @@ Report::Report(Collapser& collapser, const RecordOptions& options) : Report() {
   record_.fail_threshold = options.fail_threshold;
   record_.line_width = options.line_width;
   record_.log_level = options.log_level;
-  fill_issues(collapsed, collapser.node_names());
   relate_issues(collapsed);
   index_issues(collapsed);
   hang_definitions(collapsed, options);
+  fill_issues(std::move(collapsed), collapser.node_names());
 }
 
 Report::~Report() {
@@ -83,17 +83,6 @@ bool Report::failed() const {
 
 std::shared_ptr<Report::Issue> Report::issue(std::size_t number) const {
   return {issues_, &(*issues_)[number]};
-}
-
-void Report::fill_issues(std::vector<CollapsedIssue>& collapsed, const StringInterner& node_names) {
-  for (std::size_t number = 0; number < collapsed.size(); ++number) {
-    CollapsedIssue& from = collapsed[number];
-    Issue& to = (*issues_)[number];
-    for (CollapsedOutput& output : from.outputs) {
-      to.outputs.push_back(make_output(from.id, output, node_names));
-    }
-    to.fwd_names.insert(from.definitions.begin(), from.definitions.end());
-  }
 }
 
 void Report::relate_issues(const std::vector<CollapsedIssue>& collapsed) {
@@ -143,6 +132,19 @@ void Report::hang_definitions(const std::vector<CollapsedIssue>& collapsed,
   tree.decide();
   record_.fwd_root = tree.hierarchy();
   unknown_definitions_ = tree.unknown_names();
+}
+
+void Report::fill_issues(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names) {
+  for (std::size_t number = 0; number < collapsed.size(); ++number) {
+    CollapsedIssue& from = collapsed[number];
+    Issue& to = (*issues_)[number];
+    for (CollapsedOutput& output : from.outputs) {
+      to.outputs.push_back(make_output(from.id, output, node_names));
+    }
+    for (std::string& name : from.definitions) {
+      to.fwd_names.insert(to.fwd_names.end(), std::move(name));
+    }
+  }
 }
 
 }  // namespace vond::standalone

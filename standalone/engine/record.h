@@ -54,10 +54,10 @@ class Report {
   Report() = default;
 
   std::shared_ptr<Issue> issue(std::size_t number) const;
-  void fill_issues(std::vector<CollapsedIssue>& collapsed, const StringInterner& node_names);
   void relate_issues(const std::vector<CollapsedIssue>& collapsed);
   void index_issues(const std::vector<CollapsedIssue>& collapsed);
   void hang_definitions(const std::vector<CollapsedIssue>& collapsed, const RecordOptions& options);
+  void fill_issues(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names);
 
   /// In the order of the report, in one array: sets of issues are ordered by address, and so in the
   /// order of the report too.

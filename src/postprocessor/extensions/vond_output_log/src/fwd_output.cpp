@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <set>
 #include <string_view>
 #include <unordered_map>
 #include <utility>

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <set>
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -10,12 +11,14 @@ namespace vond_output_log {
 
 /// Returns the presentable ids of the related issues of one type, each once, in byte order. The
 /// lookup may leave an empty entry behind in the issue, which nothing observes.
-inline std::set<std::string> usable_related_ids(vond::postprocessor::CollapsedAnalysisOutput& issue,
-                                                vond::postprocessor::Type type) {
-  std::set<std::string> ids;
+inline std::vector<std::string> usable_related_ids(
+    vond::postprocessor::CollapsedAnalysisOutput& issue, vond::postprocessor::Type type) {
+  std::vector<std::string> ids;
   for (const auto& related : issue.related_issues[type]) {
-    ids.insert(vond::postprocessor::UtilityFunctions::get_usable_id(related->get_id()));
+    ids.push_back(vond::postprocessor::UtilityFunctions::get_usable_id(related->get_id()));
   }
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
   return ids;
 }
 
