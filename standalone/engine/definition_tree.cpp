@@ -18,9 +18,9 @@ std::string_view spelled_parent(std::string_view name) {
 }
 
 /// Adds the names of all missing parents.
-std::set<std::string> with_parents(const std::set<std::string>& names) {
-  std::set<std::string> all = names;
-  for (const std::string& name : names) {
+std::set<std::string_view> with_parents(const std::set<std::string_view>& names) {
+  std::set<std::string_view> all = names;
+  for (const std::string_view name : names) {
     std::string_view parent = spelled_parent(name);
     while (!parent.empty() && all.emplace(parent).second) parent = spelled_parent(parent);
   }
@@ -37,10 +37,10 @@ std::string_view start_of(std::string_view text, std::size_t size) {
   return text.substr(0, size);
 }
 
-std::string too_deep(const std::string& name) {
+std::string too_deep(std::string_view name) {
   constexpr std::size_t SHOWN = 60;
-  const std::string shown = name.size() > SHOWN ? std::string(start_of(name, SHOWN)) + "…" : name;
-  return "definition \"" + shown + "\" is " + std::to_string(spelled_depth(name)) +
+  const std::string shown(start_of(name, SHOWN));
+  return "definition \"" + shown + (name.size() > SHOWN ? "…" : "") + "\" is " + std::to_string(spelled_depth(name)) +
          " levels deep, expected at most " + std::to_string(MAX_DEFINITION_DEPTH);
 }
 
@@ -69,22 +69,22 @@ int spelled_depth(std::string_view name) {
 }
 
 DefinitionTree::DefinitionTree(const std::vector<DefinitionSpec>& specs,
-                               const std::set<std::string>& names) {
+                               const std::set<std::string_view>& names) {
   for (const DefinitionSpec& spec : specs) hierarchy_->roots.push_back(make_subtree(spec));
-  for (const std::string& name : names) {
+  for (const std::string_view name : names) {
     if (by_name_.count(name) != 0) continue;
     hierarchy_->roots.push_back(make_node(name, false));
-    unknown_names_.push_back(name);
+    unknown_names_.emplace_back(name);
   }
 }
 
-DefinitionTree::DefinitionTree(const std::set<std::string>& names) {
-  for (const std::string& name : names) {
+DefinitionTree::DefinitionTree(const std::set<std::string_view>& names) {
+  for (const std::string_view name : names) {
     if (spelled_depth(name) > MAX_DEFINITION_DEPTH) throw InputError(too_deep(name));
   }
   // In byte order a parent comes before its children, for its name is the start of theirs.
-  for (const std::string& name : with_parents(names)) {
-    const std::string parent(spelled_parent(name));
+  for (const std::string_view name : with_parents(names)) {
+    const std::string_view parent = spelled_parent(name);
     auto& siblings = parent.empty() ? hierarchy_->roots : children_of(parent);
     siblings.push_back(make_node(name, false));
   }
@@ -94,7 +94,7 @@ void DefinitionTree::decide() {
   for (const auto& root : hierarchy_->roots) decide_node(*root);
 }
 
-std::shared_ptr<FwdNode> DefinitionTree::make_node(const std::string& name, bool skipped) {
+std::shared_ptr<FwdNode> DefinitionTree::make_node(std::string_view name, bool skipped) {
   auto node = std::make_shared<FwdNode>();
   node->fwd = std::make_shared<Fwd>();
   node->fwd->name = name;
@@ -113,7 +113,7 @@ std::shared_ptr<FwdNode> DefinitionTree::make_subtree(const DefinitionSpec& spec
   return node;
 }
 
-std::vector<std::shared_ptr<FwdNode>>& DefinitionTree::children_of(const std::string& name) {
+std::vector<std::shared_ptr<FwdNode>>& DefinitionTree::children_of(std::string_view name) {
   auto& groups = by_name_.at(name)->node->child_groups;
   if (groups.empty()) groups.emplace_back();
   return groups[0].children;

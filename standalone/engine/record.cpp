@@ -3,7 +3,6 @@
 #include <set>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "standalone/engine/definition_tree.h"
@@ -30,14 +29,25 @@ unsigned band_mask(const CollapsedIssue& issue, int fail_threshold) {
 /// Returns the type code under which issues of a type are counted.
 unsigned count_code(TypeCode type) { return type == DIAGNOSES ? DIAGNOSES : ALL_OBSERVATIONS; }
 
-/// Returns the names of definitions that issues use. Most of them stand in many issues, and a hash
-/// tells that sooner than an order does.
-std::set<std::string> definition_names(const std::vector<CollapsedIssue>& collapsed) {
-  std::unordered_set<std::string_view> distinct;
+using IssueCounts = decltype(Fwd::issue_counts);
+
+/// Returns the counts of all definitions that issues name.
+std::unordered_map<std::string_view, IssueCounts> count_by_definition(
+    const std::vector<CollapsedIssue>& collapsed, int fail_threshold) {
+  std::unordered_map<std::string_view, IssueCounts> counts;
   for (const CollapsedIssue& issue : collapsed) {
-    distinct.insert(issue.definitions.begin(), issue.definitions.end());
+    const SeverityMask mask = band_mask(issue, fail_threshold) | count_code(issue.type);
+    for (const std::string& name : issue.definitions) ++counts[name][mask];
   }
-  return {distinct.begin(), distinct.end()};
+  return counts;
+}
+
+/// Returns the keys of a map, sorted.
+template <typename Map>
+std::set<typename Map::key_type> keys_of(const Map& map) {
+  std::set<typename Map::key_type> keys;
+  for (const auto& [key, value] : map) keys.insert(key);
+  return keys;
 }
 
 /// Takes the texts and frees the node numbers, so that no two copies of an issue's nodes stay.
@@ -122,13 +132,11 @@ void Report::index_issues(const std::vector<CollapsedIssue>& collapsed) {
 
 void Report::hang_definitions(const std::vector<CollapsedIssue>& collapsed,
                               const RecordOptions& options) {
-  const std::set<std::string> names = definition_names(collapsed);
+  auto counts = count_by_definition(collapsed, record_.fail_threshold);
+  const std::set<std::string_view> names = keys_of(counts);
   DefinitionTree tree =
       options.definitions ? DefinitionTree(*options.definitions, names) : DefinitionTree(names);
-  for (const CollapsedIssue& issue : collapsed) {
-    const SeverityMask mask = band_mask(issue, record_.fail_threshold) | count_code(issue.type);
-    for (const std::string& name : issue.definitions) ++tree[name].issue_counts[mask];
-  }
+  for (auto& [name, issue_counts] : counts) tree[name].issue_counts = std::move(issue_counts);
   tree.decide();
   record_.fwd_root = tree.hierarchy();
   unknown_definitions_ = tree.unknown_names();

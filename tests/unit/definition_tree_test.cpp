@@ -20,7 +20,7 @@ using vond::standalone::InputError;
 using vond::standalone::MAX_DEFINITION_DEPTH;
 using vond::standalone::spelled_depth;
 
-using Names = std::set<std::string>;
+using Names = std::set<std::string_view>;
 using Specs = std::vector<DefinitionSpec>;
 
 constexpr unsigned CRITICAL_DIAGNOSES_FAILING = 24;
