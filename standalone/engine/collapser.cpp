@@ -152,7 +152,7 @@ std::string_view type_name(postprocessor::TypeCode type) {
   }
 }
 
-std::size_t Collapser::Hash::operator()(const Key& key) const {
+std::size_t Collapser::hash_of(const Key& key) {
   std::size_t hash = key.type;
   mix(hash, static_cast<std::size_t>(key.severity));
   for (const std::string_view text : {key.id, key.category, key.message, key.remedy}) {
@@ -163,13 +163,12 @@ std::size_t Collapser::Hash::operator()(const Key& key) const {
   return hash;
 }
 
-bool Collapser::Equal::operator()(const Key& key, std::uint32_t issue) const {
-  const CollapsedIssue& other = (*issues)[issue];
-  const CollapsedOutput& output = other.outputs[0];
-  return key.type == other.type && key.severity == other.severity && key.id == other.id &&
+bool Collapser::is_of(const Key& key, const CollapsedIssue& issue) {
+  const CollapsedOutput& output = issue.outputs[0];
+  return key.type == issue.type && key.severity == issue.severity && key.id == issue.id &&
          key.category == output.category && key.message == output.message &&
-         key.remedy == output.remedy && same(*key.definitions, other.definitions) &&
-         same(*key.based_on, other.based_on);
+         key.remedy == output.remedy && same(*key.definitions, issue.definitions) &&
+         same(*key.based_on, issue.based_on);
 }
 
 void Collapser::add(const Finding& finding) {
@@ -193,13 +192,33 @@ std::uint32_t Collapser::find_issue(const Finding& finding) {
   sort_unique(based_on_);
   const Key key{finding.type,    finding.severity, finding.id,    finding.category,
                 finding.message, finding.remedy,   &definitions_, &based_on_};
-  const auto found = index_.find(key);
-  return found != index_.end() ? *found : add_issue(key);
+  const std::size_t hash = hash_of(key);
+  const std::size_t last_place = index_.size() - 1;
+  for (std::size_t place = hash & last_place;; place = (place + 1) & last_place) {
+    const std::uint32_t issue = index_[place];
+    if (issue == NO_ISSUE) {
+      index_[place] = add_issue(key, hash);
+      if (2 * issues_.size() > index_.size()) grow_index();
+      return static_cast<std::uint32_t>(issues_.size() - 1);
+    }
+    if (hashes_[issue] == hash && is_of(key, issues_[issue])) return issue;
+  }
 }
 
-std::uint32_t Collapser::add_issue(const Key& key) {
+void Collapser::grow_index() {
+  const std::size_t last_place = 2 * index_.size() - 1;
+  std::vector<std::uint32_t> index(last_place + 1, NO_ISSUE);
+  for (std::uint32_t issue = 0; issue < hashes_.size(); ++issue) {
+    std::size_t place = hashes_[issue] & last_place;
+    while (index[place] != NO_ISSUE) place = (place + 1) & last_place;
+    index[place] = issue;
+  }
+  index_ = std::move(index);
+}
+
+std::uint32_t Collapser::add_issue(const Key& key, std::size_t hash) {
   const auto number = static_cast<std::uint32_t>(issues_.size());
-  hashes_.push_back(index_.hash_function()(key));
+  hashes_.push_back(hash);
   CollapsedIssue& issue = issues_.emplace_back();
   issue.type = key.type;
   issue.id = key.id;
@@ -213,12 +232,11 @@ std::uint32_t Collapser::add_issue(const Key& key) {
                            {},
                            {},
                            0});
-  index_.insert(number);
   return number;
 }
 
 std::vector<CollapsedIssue> Collapser::finish(CollapseBy what) {
-  index_.clear();
+  index_.assign(FIRST_INDEX_SIZE, NO_ISSUE);
   hashes_.clear();
   known_wordings_.fill({});
   std::vector<CollapsedIssue> issues = std::exchange(issues_, {});

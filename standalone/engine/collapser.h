@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "standalone/engine/finding.h"
@@ -81,29 +80,24 @@ class Collapser {
     const std::vector<std::string_view>* definitions;
     const std::vector<std::string_view>* based_on;
   };
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(const Key& key) const;
-    std::size_t operator()(std::uint32_t issue) const { return (*hashes)[issue]; }
-    const std::vector<std::size_t>* hashes;
-  };
-  struct Equal {
-    using is_transparent = void;
-    bool operator()(std::uint32_t left, std::uint32_t right) const { return left == right; }
-    bool operator()(const Key& key, std::uint32_t issue) const;
-    bool operator()(std::uint32_t issue, const Key& key) const { return (*this)(key, issue); }
-    const std::vector<CollapsedIssue>* issues;
-  };
+
+  static std::size_t hash_of(const Key& key);
+  static bool is_of(const Key& key, const CollapsedIssue& issue);
+  static constexpr std::uint32_t NO_ISSUE = static_cast<std::uint32_t>(-1);
+  static constexpr std::size_t FIRST_INDEX_SIZE = 256;
 
   std::uint32_t issue_of(const Finding& finding);
   std::uint32_t find_issue(const Finding& finding);
-  std::uint32_t add_issue(const Key& key);
+  std::uint32_t add_issue(const Key& key, std::size_t hash);
+  void grow_index();
 
   std::size_t findings_ = 0;
   StringInterner node_names_;
   std::vector<CollapsedIssue> issues_;
+  /// Of the issues' keys.
   std::vector<std::size_t> hashes_;
-  std::unordered_set<std::uint32_t, Hash, Equal> index_{0, Hash{&hashes_}, Equal{&issues_}};
+  /// The issues by the hashes of their keys: a table with linear probing, a power of two in size.
+  std::vector<std::uint32_t> index_ = std::vector<std::uint32_t>(FIRST_INDEX_SIZE, NO_ISSUE);
   /// The issues of wordings seen last, each in the place that its number gives it.
   struct KnownWording {
     std::uint64_t wording = Finding::UNKNOWN_WORDING;

@@ -51,11 +51,10 @@ std::set<typename Map::key_type> keys_of(const Map& map) {
 }
 
 /// Takes the texts and frees the node numbers, so that no two copies of an issue's nodes stay.
-std::shared_ptr<analysis::AnalysisOutput> make_output(const std::string& id,
-                                                      CollapsedOutput& collapsed,
+std::shared_ptr<analysis::AnalysisOutput> make_output(std::string id, CollapsedOutput& collapsed,
                                                       const StringInterner& node_names) {
   auto output = std::make_shared<analysis::AnalysisOutput>();
-  output->identifier = id;
+  output->identifier = std::move(id);
   output->category = std::move(collapsed.category);
   output->message = std::move(collapsed.message);
   output->remedy = std::move(collapsed.remedy);
@@ -147,7 +146,8 @@ void Report::fill_issues(std::vector<CollapsedIssue> collapsed, const StringInte
     CollapsedIssue& from = collapsed[number];
     Issue& to = (*issues_)[number];
     for (CollapsedOutput& output : from.outputs) {
-      to.outputs.push_back(make_output(from.id, output, node_names));
+      const bool is_last = &output == &from.outputs.back();
+      to.outputs.push_back(make_output(is_last ? std::move(from.id) : from.id, output, node_names));
     }
     for (std::string& name : from.definitions) {
       to.fwd_names.insert(to.fwd_names.end(), std::move(name));

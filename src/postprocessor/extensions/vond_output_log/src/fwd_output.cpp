@@ -170,7 +170,7 @@ int FwdOutputFunctions::print_full_tree(const Data& data, NodeSummaries& nodes) 
 
   if (!data.fwd_root) return 0;
   const auto& roots = data.fwd_root->roots;
-  Walk walk{data, nodes, {}};
+  Walk walk{data, nodes};
   for (const auto& root : roots) {
     if (print_subtree(walk, *root->fwd, "", true) == 1) return 1;
     if (roots.size() != 1) write_line_end();
@@ -181,7 +181,7 @@ int FwdOutputFunctions::print_full_tree(const Data& data, NodeSummaries& nodes) 
 int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::string& prefix,
                                    bool last) {
   NodeSummaries nodes;
-  Walk walk{data, nodes, {}};
+  Walk walk{data, nodes};
   return print_subtree(walk, fwd, prefix, last);
 }
 
@@ -315,20 +315,27 @@ int FwdOutputFunctions::get_details_by_severity(const Data& data, IssueList& dia
   });
 }
 
+void FwdOutputFunctions::find_issues(Walk& walk, const Fwd& fwd) {
+  auto& issues_by_fwd = walk.issues_by_fwd;
+  if (!issues_by_fwd) issues_by_fwd = sort_by_fwd(*walk.data.issues_by_mask);
+  const auto found = issues_by_fwd->find(fwd.name);
+  walk.issues_of_last_fwd = found == issues_by_fwd->end() ? nullptr : &found->second;
+  walk.last_fwd = &fwd;
+}
+
 int FwdOutputFunctions::select_details(Walk& walk, IssueList& diagnoses, IssueList& observations,
                                        const std::string& band_name, const Fwd& fwd) {
   return report_selection_errors([&] {
     diagnoses.clear();
     observations.clear();
     if (!walk.data.issues_by_mask) return;
-    auto& issues_by_fwd = walk.issues_by_fwd;
-    if (!issues_by_fwd) issues_by_fwd = sort_by_fwd(*walk.data.issues_by_mask);
-    const auto found = issues_by_fwd->find(fwd.name);
-    if (found == issues_by_fwd->end()) return;
+    if (walk.last_fwd != &fwd) find_issues(walk, fwd);
+    if (walk.issues_of_last_fwd == nullptr) return;
+    const IssuesByMask& issues = *walk.issues_of_last_fwd;
     const int threshold = walk.data.fail_threshold;
-    append(diagnoses, index_entry(found->second, band_name, DIAGNOSES, threshold));
-    append(observations, index_entry(found->second, band_name, OBSERVATIONS, threshold));
-    append(observations, index_entry(found->second, band_name, MISSING_DATA, threshold));
+    append(diagnoses, index_entry(issues, band_name, DIAGNOSES, threshold));
+    append(observations, index_entry(issues, band_name, OBSERVATIONS, threshold));
+    append(observations, index_entry(issues, band_name, MISSING_DATA, threshold));
   });
 }
 

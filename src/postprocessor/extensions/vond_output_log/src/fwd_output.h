@@ -114,7 +114,11 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
     /// Made when it is first needed: asking every issue for every definition would take the product
     /// of the two.
     std::optional<std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>>
-        issues_by_fwd;
+        issues_by_fwd = std::nullopt;
+    /// The definition that was asked for last and its part, null when it has none: bands are asked
+    /// for one by one.
+    const vond::Fwd* last_fwd = nullptr;
+    const vond::postprocessor::IssuesByMask* issues_of_last_fwd = nullptr;
   };
 
   /// Sets both lists to the issues of the band that is named.
@@ -124,6 +128,8 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
   int print_subtree(Walk& walk, const vond::Fwd& fwd, const std::string& prefix, bool last);
   int print_bands(const BandSelection& select, NodeSummaries& nodes,
                   const std::string& child_prefix, int width, std::string& text);
+  /// Makes `fwd` the definition that was asked for last.
+  static void find_issues(Walk& walk, const vond::Fwd& fwd);
   /// Does what get_details_by_severity() does.
   int select_details(Walk& walk, IssueList& diagnoses, IssueList& observations,
                      const std::string& band_name, const vond::Fwd& fwd);
