@@ -1,5 +1,6 @@
 // Bytes read as a file of findings: every line gives either a finding that keeps its promises or an
 // error at a place of the line, and what was read reads the same when it is written down again.
+// What a line tells does not depend on how often it comes.
 
 #include "standalone/engine/findings_reader.h"
 
@@ -211,6 +212,22 @@ void check_second_reading(const Reading& first) {
   expect_same("what was read to be what is read again", second.lines, first.lines);
 }
 
+/// A line that repeats an earlier one tells the same.
+void check_repetition(std::string_view input, const Reading& first) {
+  // A byte order mark in the middle is none, and neither is half a line end.
+  if (input != text_of_line(input, true)) return;
+  const std::string line_end = "\n";
+  std::string text;
+  std::vector<std::string> lines;
+  for (int time = 0; time < 3; ++time) {
+    text.append(input).append(line_end);
+    lines.insert(lines.end(), first.lines.begin(), first.lines.end());
+  }
+  const Reading all = read(text, {.keep_going = true});
+  expect_same("repeated lines to tell the same", all.lines, lines);
+  expect(all.rejected == 3 * first.rejected, "repeated lines to be rejected as often", input);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -225,6 +242,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check_early_end(input, all);
   check_short_limit(input, counts);
   check_second_reading(all);
+  check_repetition(input, all);
   read(input, {.keep_going = true, .definitions_are_paths = true});
   return 0;
 }

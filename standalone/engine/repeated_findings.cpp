@@ -40,7 +40,9 @@ std::uint64_t hash_of_beginning(std::string_view line) {
 constexpr std::array<bool, 256> name_letters() {
   std::array<bool, 256> letters{};
   for (unsigned char letter = ' '; letter <= '~'; ++letter) letters[letter] = true;
-  for (const unsigned char letter : {'"', '\\', '[', ']', ','}) letters[letter] = false;
+  for (const char letter : {'"', '\\', '[', ']', ','}) {
+    letters[static_cast<unsigned char>(letter)] = false;
+  }
   return letters;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 #include <ostream>
 #include <random>
@@ -791,6 +792,40 @@ INSTANTIATE_TEST_SUITE_P(Ways, CollapseSweep, testing::Values(CollapseBy::TEXT, 
                          [](const auto& test) {
                            return test.param == CollapseBy::TEXT ? "ByText" : "ById";
                          });
+
+// ---- Findings that are known to be of one wording ----------------------------------------------
+
+TEST(CollapseByText, FindingsOfOneWordingAreOneIssue) {
+  Collapser collapser;
+  for (int time = 0; time < 3; ++time) {
+    // Places for wordings are few: the later ones take those of the first ones.
+    for (std::uint64_t wording = 1; wording <= 5000; ++wording) {
+      const std::string message = "message " + std::to_string(wording % 2500);
+      auto finding = make_finding({.message = message, .nodes = {"n1"}, .row_ids = {time}});
+      finding.wording = wording;
+      collapser.add(finding);
+    }
+  }
+  EXPECT_EQ(collapser.findings(), 15000U);
+  const auto issues = collapser.finish(CollapseBy::TEXT);
+  ASSERT_EQ(issues.size(), 2500U);
+  for (const CollapsedIssue& issue : issues) {
+    EXPECT_EQ(issue.outputs[0].row_ids, (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(issue.outputs[0].nodes.size(), 6U);
+  }
+}
+
+TEST(CollapseByText, WordingsAreForgottenWithTheIssues) {
+  Collapser collapser;
+  for (const char* id : {"first", "second"}) {
+    auto finding = make_finding({.id = id});
+    finding.wording = 7;
+    collapser.add(finding);
+    const auto issues = collapser.finish(CollapseBy::TEXT);
+    ASSERT_EQ(issues.size(), 1U);
+    EXPECT_EQ(issues[0].id, id);
+  }
+}
 
 TEST(TypeName, IsWhatFindingsCallIt) {
   EXPECT_EQ(vond::standalone::type_name(DIAGNOSES), "diagnosis");

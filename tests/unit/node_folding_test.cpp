@@ -295,6 +295,54 @@ TEST(NodeFolding, UnfoldsToTheSameNamesEachOnce) {
   }
 }
 
+std::string padded(std::size_t number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+// Many names are sorted in other ways than few, close ones in others than scattered ones.
+
+TEST(NodeFolding, FoldsManyNamesInAnyOrder) {
+  Names one_axis;
+  Names growing;
+  Names two_axes;
+  for (std::size_t i = 0; i < 3000; ++i) {
+    one_axis.push_back("node" + padded(i, 5));
+    growing.push_back("n" + std::to_string(i));
+    two_axes.push_back("r" + padded(i / 100, 2) + "n" + std::to_string(i % 100 + 1));
+  }
+  for (unsigned seed = 0; seed < 5; ++seed) {
+    RandomNames random(seed);
+    for (Names* names : {&one_axis, &growing, &two_axes}) random.shuffle(*names);
+    EXPECT_EQ(fold_node_names({one_axis}), "node[00000-02999]");
+    EXPECT_EQ(fold_node_names({growing, growing}), "n[0-2999]");
+    EXPECT_EQ(fold_node_names({two_axes}), "r[00-29]n[1-100]");
+    EXPECT_EQ(fold_node_names({growing, one_axis}), "n[0-2999],node[00000-02999]");
+  }
+}
+
+TEST(NodeFolding, FoldsManyScatteredNumbersInAnyOrder) {
+  Names names;
+  std::string folded = "n[";
+  // Longer ones last, as folding has them, and some that one machine word cannot hold.
+  for (std::size_t digits = 1; digits <= 24; ++digits) {
+    for (std::size_t first = 2; first <= 8; first += 3) {
+      const std::string number = std::to_string(first) + std::string(digits - 1, '0');
+      names.push_back("n" + number);
+      folded.append(number).append(",");
+    }
+  }
+  folded.back() = ']';
+  for (unsigned seed = 0; seed < 5; ++seed) {
+    RandomNames(seed).shuffle(names);
+    EXPECT_EQ(fold_node_names({names, names}), folded);
+  }
+}
+
+TEST(NodeFolding, TakesNamesOfFamiliesThatTakeTurns) {
+  EXPECT_EQ(fold("n1 n1x n2 n x n01 n1n1 n2n n n3"), "n,n[1-3,01],n2n,n1n1,n1x,x");
+}
+
 TEST(NodeFolding, DependsOnTheSetOfNamesOnly) {
   for (unsigned seed = 0; seed < 300; ++seed) {
     RandomNames random(seed);
