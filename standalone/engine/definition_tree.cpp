@@ -40,8 +40,9 @@ std::string_view start_of(std::string_view text, std::size_t size) {
 std::string too_deep(std::string_view name) {
   constexpr std::size_t SHOWN = 60;
   const std::string shown(start_of(name, SHOWN));
-  return "definition \"" + shown + (name.size() > SHOWN ? "…" : "") + "\" is " + std::to_string(spelled_depth(name)) +
-         " levels deep, expected at most " + std::to_string(MAX_DEFINITION_DEPTH);
+  return "definition \"" + shown + (name.size() > SHOWN ? "…" : "") + "\" is " +
+         std::to_string(spelled_depth(name)) + " levels deep, expected at most " +
+         std::to_string(MAX_DEFINITION_DEPTH);
 }
 
 bool has_issue_contributing_to_fail(const Fwd& fwd) {

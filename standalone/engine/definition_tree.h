@@ -21,8 +21,7 @@ class DefinitionTree {
  public:
   /// The tree that `specs` describe. Those of `names` that it lacks become further roots, in byte
   /// order, and unknown_names().
-  DefinitionTree(const std::vector<DefinitionSpec>& specs,
-                 const std::set<std::string_view>& names);
+  DefinitionTree(const std::vector<DefinitionSpec>& specs, const std::set<std::string_view>& names);
 
   /// The tree that `names` spell, in byte order, parents made where they are missing. Throws
   /// InputError for a name that is deeper than MAX_DEFINITION_DEPTH.
