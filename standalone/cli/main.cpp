@@ -5,12 +5,12 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <exception>
 #include <filesystem>
-#include <iostream>
 #include <new>
 #include <string>
 #include <string_view>
@@ -19,9 +19,12 @@
 #include <vector>
 
 #include "standalone/cli/destinations.h"
+#include "standalone/cli/emergencies.h"
+#include "standalone/cli/exit_status.h"
 #include "standalone/cli/input.h"
 #include "standalone/cli/message.h"
 #include "standalone/cli/options.h"
+#include "standalone/cli/output.h"
 #include "standalone/engine/collapser.h"
 #include "standalone/engine/definitions_reader.h"
 #include "standalone/engine/examination.h"
@@ -36,14 +39,7 @@
 namespace vond::standalone {
 namespace {
 
-enum ExitStatus : int { PASSED = 0, FAILED = 1, BAD_INPUT = 2, NO_REPORT = 3 };
-
 constexpr int DEFAULT_WIDTH = 80;
-
-/// Takes no memory itself.
-void print_lack_of_memory() {
-  std::cerr << "vond-report: error: out of memory; the report is not complete\n";
-}
 
 /// Returns the width of the terminal that standard output is, DEFAULT_WIDTH if it is none.
 int default_width() {
@@ -110,20 +106,13 @@ void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
   }
 }
 
-bool has_run_out_of_memory = false;
-
-[[noreturn]] void note_lack_of_memory() {
-  has_run_out_of_memory = true;
-  throw std::bad_alloc();
-}
-
 /// Streams swallow the exceptions of their buffers: for lack of memory a statement would be cut
 /// short and nobody would know. So each attempt that failed counts.
 void run_extensions(const Options& options, Report& report) {
-  has_run_out_of_memory = false;
+  const std::size_t failures_before = failed_allocations();
   if (options.extensions.empty()) run_extension(default_extension(), report.record());
   for (const std::string& path : options.extensions) run_extension(path, report.record());
-  if (has_run_out_of_memory) throw std::bad_alloc();
+  if (failed_allocations() != failures_before) throw std::bad_alloc();
 }
 
 ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
@@ -194,39 +183,6 @@ ExitStatus run(int argc, const char* const* argv) {
   return print_information(std::get<Information>(request));
 }
 
-/// Ends the process after an exception that nobody could catch, as one in the middle of writing a
-/// statement: with what has been written so far.
-[[noreturn]] void end_after_terminate() {
-  DescriptorBuffer::drain_all();
-  OutputFile::remove_unfinished();
-  try {
-    if (std::current_exception()) std::rethrow_exception(std::current_exception());
-    print_message("error", "the program cannot go on; the report is not complete");
-  } catch (const std::bad_alloc&) {
-    print_lack_of_memory();
-    std::_Exit(NO_REPORT);
-  } catch (const std::exception& error) {
-    print_message("error", std::string("the program cannot go on: ") + error.what() +
-                               "; the report is not complete");
-  } catch (...) {
-    print_message("error", "the program cannot go on; the report is not complete");
-  }
-  std::abort();
-}
-
-extern "C" void end_after_signal(int signal) {
-  OutputFile::remove_unfinished();
-  std::signal(signal, SIG_DFL);
-  std::raise(signal);
-}
-
-void tidy_up_after_signals() {
-  for (const int signal : ENDING_SIGNALS) {
-    // What the caller has the program ignore, as nohup does, stays ignored.
-    if (std::signal(signal, end_after_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
-  }
-}
-
 }  // namespace
 }  // namespace vond::standalone
 
@@ -235,9 +191,7 @@ int main(int argc, char** argv) {
   occupy_standard_descriptors();
   // A reader that goes away is an error of one destination, not the end of all of them.
   std::signal(SIGPIPE, SIG_IGN);
-  tidy_up_after_signals();
-  std::set_new_handler(note_lack_of_memory);
-  std::set_terminate(end_after_terminate);
+  prepare_for_emergencies();
   try {
     return run(argc, argv);
   } catch (const UsageError& error) {

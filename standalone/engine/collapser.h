@@ -80,12 +80,17 @@ class Collapser {
     const std::vector<std::string_view>* definitions;
     const std::vector<std::string_view>* based_on;
   };
+  /// The issue that findings of a wording belong to.
+  struct KnownWording {
+    std::uint64_t wording = Finding::UNKNOWN_WORDING;
+    std::uint32_t issue = 0;
+  };
 
-  static std::size_t hash_of(const Key& key);
-  static bool is_of(const Key& key, const CollapsedIssue& issue);
   static constexpr std::uint32_t NO_ISSUE = static_cast<std::uint32_t>(-1);
   static constexpr std::size_t FIRST_INDEX_SIZE = 256;
 
+  static std::size_t hash_of(const Key& key);
+  static bool is_of(const Key& key, const CollapsedIssue& issue);
   std::uint32_t issue_of(const Finding& finding);
   std::uint32_t find_issue(const Finding& finding);
   std::uint32_t add_issue(const Key& key, std::size_t hash);
@@ -98,11 +103,7 @@ class Collapser {
   std::vector<std::size_t> hashes_;
   /// The issues by the hashes of their keys: a table with linear probing, a power of two in size.
   std::vector<std::uint32_t> index_ = std::vector<std::uint32_t>(FIRST_INDEX_SIZE, NO_ISSUE);
-  /// The issues of wordings seen last, each in the place that its number gives it.
-  struct KnownWording {
-    std::uint64_t wording = Finding::UNKNOWN_WORDING;
-    std::uint32_t issue = 0;
-  };
+  /// The wordings seen last, each in the place that its number gives it.
   std::array<KnownWording, 1024> known_wordings_{};
   // Kept between findings for their memory.
   std::vector<std::string_view> definitions_;

@@ -1,136 +1,21 @@
 #include "standalone/host/node_folding.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <numeric>
 #include <span>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
+#include "standalone/host/name_families.h"
+#include "standalone/host/name_sorting.h"
 #include "standalone/host/number_table.h"
 
 namespace vond::standalone {
 
 namespace {
-
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-/// What a number is in the structure of a name: the one digit that can stand there.
-constexpr char NUMBER_MARK = '0';
-
-/// The numbers of the names of one structure (the name with NUMBER_MARK for every number): `axes`
-/// numbers a name, one name after the other.
-struct Family {
-  std::size_t axes = 0;
-  std::vector<NumberKey> numbers;
-};
-
-/// Whether a name can stand in a node set as it is: nothing in it means anything to a shell or to
-/// the readers of node sets (to pdsh a `-` at the start excludes).
-bool can_be_folded(std::string_view name) {
-  static constexpr auto ALLOWED = [] {
-    std::array<bool, 256> allowed = {};
-    for (char c = 'a'; c <= 'z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (char c = 'A'; c <= 'Z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (char c = '0'; c <= '9'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (const char c : std::string_view("._:+=%-")) allowed[static_cast<unsigned char>(c)] = true;
-    return allowed;
-  }();
-  return !name.empty() && name.front() != '-' && std::all_of(name.begin(), name.end(), [](char c) {
-    return ALLOWED[static_cast<unsigned char>(c)];
-  });
-}
-
-/// Sorts names into families. Holds views of the names.
-class NameSorter {
- public:
-  void add(std::string_view name) {
-    if (add_to_last_family(name)) return;
-    if (!can_be_folded(name)) {
-      odd_names_.push_back(name);
-      return;
-    }
-    split(name);
-    family_ = families_.try_emplace(structure_).first;
-    family_->second.axes = numbers_.size();
-    auto& numbers = family_->second.numbers;
-    numbers.insert(numbers.end(), numbers_.begin(), numbers_.end());
-  }
-
-  /// To be called after the last add().
-  void settle() {
-    if (!table_.has_long_numbers()) return;
-    table_.settle();
-    for (auto& [structure, family] : families_) {
-      for (NumberKey& number : family.numbers) number = table_.settled(number);
-    }
-  }
-
-  const NumberTable& table() const { return table_; }
-  std::unordered_map<std::string, Family>& families() { return families_; }
-  std::vector<std::string_view>& odd_names() { return odd_names_; }
-
- private:
-  /// Adds a name of the family of the name before, as most are, without taking it apart first;
-  /// false when it is of another one.
-  bool add_to_last_family(std::string_view name) {
-    if (family_ == families_.end()) return false;
-    auto& [structure, family] = *family_;
-    const std::size_t numbers_before = family.numbers.size();
-    std::size_t at = 0;
-    for (const char c : structure) {
-      const bool is_number = c == NUMBER_MARK;
-      if (at == name.size() || (is_number ? !is_digit(name[at]) : name[at] != c)) {
-        at = 0;
-        break;
-      }
-      if (is_number) {
-        family.numbers.push_back(take_number(name, at));
-      } else {
-        ++at;
-      }
-    }
-    const bool is_of_family = at == name.size() && at != 0;
-    if (!is_of_family) family.numbers.resize(numbers_before);
-    return is_of_family;
-  }
-
-  void split(std::string_view name) {
-    structure_.clear();
-    numbers_.clear();
-    for (std::size_t at = 0; at < name.size();) {
-      if (is_digit(name[at])) {
-        numbers_.push_back(take_number(name, at));
-        structure_ += NUMBER_MARK;
-      } else {
-        structure_ += name[at++];
-      }
-    }
-  }
-
-  /// Reads the number at `at`, which is moved behind it.
-  NumberKey take_number(std::string_view name, std::size_t& at) {
-    const std::size_t start = at;
-    std::uint64_t value = 0;
-    for (; at < name.size() && is_digit(name[at]); ++at) {
-      value = 10 * value + static_cast<std::uint64_t>(name[at] - '0');
-    }
-    return table_.add(name.substr(start, at - start), value);
-  }
-
-  NumberTable table_;
-  std::unordered_map<std::string, Family> families_;
-  std::unordered_map<std::string, Family>::iterator family_ = families_.end();
-  std::vector<std::string_view> odd_names_;
-  /// Of the last name; members so that their memory is used again.
-  std::string structure_;
-  std::vector<NumberKey> numbers_;
-};
 
 /// Writes the numbers of one axis, which are sorted and each once.
 class NumberWriter {
@@ -190,97 +75,6 @@ class NumberWriter {
   const NumberTable& table_;
 };
 
-/// Sorts items by the keys that `key_of` returns, in a time linear in their number, so that a name
-/// in a large set costs what it costs in a small one; equal ones keep their order. `scratch` is as
-/// large as `items`.
-template <typename Item, typename KeyOf>
-void radix_sort(std::vector<Item>& items, std::vector<Item>& scratch, KeyOf key_of) {
-  NumberKey varying = 0;
-  for (const Item item : items) varying |= key_of(item) ^ key_of(items.front());
-  // Bytes that are the same everywhere are left out: few are not, as names hold small numbers of a
-  // few lengths.
-  for (unsigned shift = 0; shift < 64; shift += 8) {
-    if (((varying >> shift) & 0xFFU) == 0) continue;
-    const auto byte_of = [=](const Item item) { return (key_of(item) >> shift) & 0xFFU; };
-    std::array<std::size_t, 257> starts = {};
-    for (const Item item : items) ++starts[byte_of(item) + 1];
-    std::partial_sum(starts.begin(), starts.end(), starts.begin());
-    for (const Item item : items) scratch[starts[byte_of(item)]++] = item;
-    items.swap(scratch);
-  }
-}
-
-/// Sorts numbers and drops repeated ones by setting a bit for each; false, with nothing done, when
-/// they are too scattered for that. The numbers of one axis seldom are, and this costs half of what
-/// sorting does.
-bool sort_in_bitmap(std::vector<NumberKey>& numbers) {
-  using Word = std::uint64_t;
-  constexpr std::size_t BITS = std::numeric_limits<Word>::digits;
-  /// The numbers of one length.
-  struct Range {
-    NumberKey least = std::numeric_limits<NumberKey>::max();
-    NumberKey greatest = 0;
-    std::size_t first_word = 0;
-    std::size_t words = 0;
-  };
-  std::array<Range, LONG_NUMBER + 1> ranges;
-  for (const NumberKey number : numbers) {
-    Range& range = ranges[length_of(number)];
-    range.least = std::min(range.least, number);
-    range.greatest = std::max(range.greatest, number);
-  }
-  std::size_t words = 0;
-  for (Range& range : ranges) {
-    if (range.least > range.greatest) continue;
-    range.first_word = words;
-    range.words = (range.greatest - range.least) / BITS + 1;
-    words += range.words;
-  }
-  if (words > numbers.size()) return false;
-
-  std::vector<Word> bitmap(words);
-  for (const NumberKey number : numbers) {
-    const Range& range = ranges[length_of(number)];
-    const NumberKey bit = number - range.least;
-    bitmap[range.first_word + bit / BITS] |= Word{1} << (bit % BITS);
-  }
-  numbers.clear();
-  for (const Range& range : ranges) {
-    for (std::size_t i = 0; i < range.words; ++i) {
-      for (Word word = bitmap[range.first_word + i]; word != 0; word &= word - 1) {
-        numbers.push_back(range.least + i * BITS + static_cast<unsigned>(std::countr_zero(word)));
-      }
-    }
-  }
-  return true;
-}
-
-/// Sorts names axis by axis and drops repeated ones.
-void sort_names(std::vector<NumberKey>& numbers, std::size_t axes) {
-  const auto less = [axes](const NumberKey* a, const NumberKey* b) {
-    return std::lexicographical_compare(a, a + axes, b, b + axes);
-  };
-  std::vector<const NumberKey*> names;
-  for (std::size_t at = 0; at < numbers.size(); at += axes) names.push_back(&numbers[at]);
-  // Few names do not make up for the radix sort's tables.
-  constexpr std::size_t FEW_NAMES = 256;
-  if (names.size() < FEW_NAMES) {
-    std::sort(names.begin(), names.end(), less);
-  } else if (!std::is_sorted(names.begin(), names.end(), less)) {
-    std::vector<const NumberKey*> scratch(names.size());
-    for (std::size_t axis = axes; axis-- > 0;) {
-      radix_sort(names, scratch, [axis](const NumberKey* name) { return name[axis]; });
-    }
-  }
-  std::vector<NumberKey> sorted;
-  sorted.reserve(numbers.size());
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    const bool is_new = i == 0 || less(names[i - 1], names[i]);
-    if (is_new) sorted.insert(sorted.end(), names[i], names[i] + axes);
-  }
-  numbers = std::move(sorted);
-}
-
 /// Returns for each of `count` things the lowest index of a thing that is equal to it.
 template <typename Less>
 std::vector<std::uint32_t> lowest_equal_index(std::size_t count, Less less) {
@@ -303,9 +97,7 @@ class FamilyFolder {
   /// Sorts the family's names.
   FamilyFolder(std::string_view structure, Family& family, const NumberTable& table)
       : structure_(structure), family_(family), writer_(table) {
-    if (family.axes != 1 || !sort_in_bitmap(family.numbers)) {
-      sort_names(family.numbers, family.axes);
-    }
+    sort_names(family.numbers, family.axes);
     fold_last_axis();
     fold_earlier_axis();
   }
