@@ -1,3 +1,4 @@
+#include <malloc.h>
 #include <sys/ioctl.h>
 #include <syslog.h>
 #include <unistd.h>
@@ -188,6 +189,9 @@ ExitStatus run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   using namespace vond::standalone;
+  // A large report takes millions of small pieces of memory and gives them back at a few points.
+  // Without this they would be kept in lists and merged all at once, ever again.
+  mallopt(M_MXFAST, 0);
   occupy_standard_descriptors();
   // A reader that goes away is an error of one destination, not the end of all of them.
   std::signal(SIGPIPE, SIG_IGN);
