@@ -145,6 +145,7 @@ TEST(RepeatedFindings, AreOnlyThoseThatDifferInOneNodeAndOneRowId) {
   const Texts others = {
       R"({"id":"two-nodes","severity":1,"message":"aaaaaaaaaaaaaa","nodes":["%","n9"]})",
       R"({"id":"two-row-ids","severity":1,"message":"aaaa","nodes":["%"],"row_ids":[#,7]})",
+      R"({"id":"two-row-ids","severity":1,"message":"aaaa","nodes":["%"],"row_ids":[7,#]})",
       R"({"id":"a-set","severity":1,"message":"aaaaaaaaaaaaaaaaaa","nodes":["x[1-2]%"]})",
       R"({"id":"an-escape","severity":1,"message":"aaaaaaaaaaaaaaaaaa","nodes":["\u0041%"]})",
       R"({"id":"no-nodes","severity":1,"message":"aaaaaaaaaaaaaaaaaaaaaaaaaaaaa","nodes":[]})",
@@ -162,6 +163,8 @@ TEST(RepeatedFindings, AreOnlyThoseThatDifferInOneNodeAndOneRowId) {
 TEST(RepeatedFindings, AreParsedWhenTheirNodeOrRowIdIsNotPlain) {
   const std::vector<std::pair<std::string, std::string>> values = {
       {"n[1-3]", "1"},
+      {"n[", "1"},
+      {"n]", "1"},
       {"a,b", "1"},
       {"\\u0041", "1"},
       {"", "1"},
