@@ -2,6 +2,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <string>
@@ -218,6 +219,22 @@ TEST_F(ExtensionLibraryTest, DeletingReleasesEveryPointee) {
   for (const auto& pointee : pointees) EXPECT_EQ(pointee.use_count(), 1);
   extension.reset();
   for (const auto& pointee : pointees) EXPECT_TRUE(pointee.expired());
+}
+
+/// Shows where the base keeps its record.
+class ExtensionWithData : public PostprocessorExtension {
+ public:
+  using PostprocessorExtension::PostprocessorExtension;
+  int run() override { return 0; }
+  std::ptrdiff_t offset_of_data() const {
+    return reinterpret_cast<const char*>(&data) - reinterpret_cast<const char*>(this);
+  }
+};
+
+TEST(ExtensionLayout, IsATableAndTheRecord) {
+  Data data;
+  EXPECT_EQ(ExtensionWithData(data).offset_of_data(), 8);
+  EXPECT_EQ(sizeof(ExtensionWithData), 8 + sizeof(Data));
 }
 
 TEST_F(ExtensionLibraryTest, VirtualOperationsAreTwoDestructorsAndRun) {
