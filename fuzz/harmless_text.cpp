@@ -9,6 +9,7 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
+#include "standalone/host/printable_ascii.h"
 
 namespace {
 

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "standalone/host/printable_ascii.h"
+
 namespace vond::standalone {
 
 namespace {
@@ -70,19 +72,6 @@ void append_escape(std::string& out, std::uint32_t value) {
   out.append(escape.data(), static_cast<std::size_t>(length));
 }
 
-bool is_other(char byte) { return static_cast<unsigned char>(byte - ' ') > '~' - ' '; }
-
-// Blocks without a way out in their middle are what compilers turn into vector instructions.
-constexpr std::size_t BLOCK_SIZE = 64;
-
-bool has_other_in_block(const char* block) {
-  unsigned char others = 0;
-  for (std::size_t i = 0; i < BLOCK_SIZE; ++i) {
-    others |= static_cast<unsigned char>(is_other(block[i]));
-  }
-  return others != 0;
-}
-
 std::size_t length_in_characters(std::string_view text) {
   return static_cast<std::size_t>(
       std::count_if(text.begin(), text.end(), [](char byte) { return (byte & '\xC0') != '\x80'; }));
@@ -98,20 +87,6 @@ std::string_view first_characters(std::string_view text, std::size_t count) {
 }
 
 }  // namespace
-
-bool is_printable_ascii(std::string_view text) noexcept {
-  if (text.size() < BLOCK_SIZE) {
-    return std::none_of(text.begin(), text.end(), is_other);
-  }
-  const char* const last_block = text.data() + text.size() - BLOCK_SIZE;
-  for (const char* block = text.data(); block < last_block; block += BLOCK_SIZE) {
-    if (has_other_in_block(block)) {
-      return false;
-    }
-  }
-  // Overlaps the block before, which is quicker than looking at single bytes.
-  return !has_other_in_block(last_block);
-}
 
 bool is_harmless(std::string_view text, LineEnds line_ends) noexcept {
   if (is_printable_ascii(text)) {

@@ -9,9 +9,6 @@ namespace vond::standalone {
 /// anywhere else they would let a name forge a line of the report.
 enum class LineEnds { SHOWN, KEPT };
 
-/// True when each byte is a printable ASCII character or a space. Runs at memory speed.
-bool is_printable_ascii(std::string_view text) noexcept;
-
 /// True when harmless() would return `text` as it is.
 bool is_harmless(std::string_view text, LineEnds line_ends = LineEnds::SHOWN) noexcept;
 

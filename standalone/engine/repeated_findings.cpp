@@ -48,12 +48,6 @@ constexpr std::array<bool, 256> name_letters() {
 
 constexpr std::array<bool, 256> NAME_LETTERS = name_letters();
 
-bool remove_prefix(std::string_view& text, std::string_view prefix) {
-  if (text.substr(0, prefix.size()) != prefix) return false;
-  text.remove_prefix(prefix.size());
-  return true;
-}
-
 /// Takes the name of a node from the front of `text`; empty when there is none.
 std::string_view take_node(std::string_view& text) {
   const auto* const end = std::find_if_not(text.begin(), text.end(), [](char letter) {
@@ -111,9 +105,9 @@ class RepeatedFindings::Wording {
   /// Returns the finding of `line`, null when it is not of this wording.
   const Finding* read(std::string_view line) {
     for (const auto& [text, gap] : gaps_) {
-      if (!remove_prefix(line, text) || !(gap == Gap::NODE ? read_node(line) : read_row_id(line))) {
-        return nullptr;
-      }
+      if (!line.starts_with(text)) return nullptr;
+      line.remove_prefix(text.size());
+      if (!(gap == Gap::NODE ? read_node(line) : read_row_id(line))) return nullptr;
     }
     return line == end_ ? &finding_ : nullptr;
   }

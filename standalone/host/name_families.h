@@ -81,19 +81,17 @@ class NameSorter {
     auto& [structure, family] = *family_;
     const std::size_t numbers_before = family.numbers.size();
     std::size_t at = 0;
-    for (const char c : structure) {
-      const bool is_number = c == NUMBER_MARK;
-      if (at == name.size() || (is_number ? !is_digit(name[at]) : name[at] != c)) {
-        at = 0;
-        break;
-      }
-      if (is_number) {
+    bool is_of_family = true;
+    for (auto c = structure.begin(); is_of_family && c != structure.end(); ++c) {
+      if (at == name.size()) {
+        is_of_family = false;
+      } else if (*c == NUMBER_MARK && is_digit(name[at])) {
         family.numbers.push_back(take_number(name, at));
       } else {
-        ++at;
+        is_of_family = name[at++] == *c && *c != NUMBER_MARK;
       }
     }
-    const bool is_of_family = at == name.size() && at != 0;
+    is_of_family = is_of_family && at == name.size();
     if (!is_of_family) family.numbers.resize(numbers_before);
     return is_of_family;
   }

@@ -7,6 +7,8 @@
 #include <limits>
 #include <utility>
 
+#include "standalone/host/printable_ascii.h"
+
 namespace vond::standalone {
 namespace {
 
@@ -93,15 +95,6 @@ struct AnyText {
     return long_cluster_at(text);
   }
 };
-
-/// Looks at every byte, which is quicker than to stop at the first that is not.
-bool is_plain(std::string_view text) {
-  bool is_plain = true;
-  for (const char character : text) {
-    is_plain &= character >= ' ' && character <= '~';
-  }
-  return is_plain;
-}
 
 /// Whether the text begins with a blank that no other character clings to.
 template <typename Text>
@@ -254,7 +247,7 @@ class TextWrapper {
     const std::string_view words = line.substr(lead);
     output_ += line.substr(0, lead);
     row_ = {room_beside(column + lead)};
-    const bool plain = is_plain(words);
+    const bool plain = is_printable_ascii(words);
     if (words.size() <= row_.room || (!plain && count_columns(words, row_.room) <= row_.room)) {
       output_ += words;
       return;

@@ -1,4 +1,5 @@
 #include "standalone/engine/harmless_text.h"
+#include "standalone/host/printable_ascii.h"
 
 #include <gtest/gtest.h>
 
