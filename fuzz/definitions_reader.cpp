@@ -1,7 +1,7 @@
 // Bytes read as a file of definitions: either an error at a place in the file, or definitions that
 // keep their promises and read the same when they are written down again.
 
-#include "standalone/engine/definitions_reader.h"
+#include "standalone/definitions/definitions_reader.h"
 
 #include <optional>
 #include <set>
@@ -11,9 +11,9 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/engine/harmless_text.h"
-#include "standalone/engine/input_error.h"
-#include "standalone/engine/json_fault.h"
+#include "standalone/input/input_error.h"
+#include "standalone/json/json_fault.h"
+#include "standalone/text/harmless_text.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // error at a place of the line, and what was read reads the same when it is written down again.
 // What a line tells does not depend on how often it comes.
 
-#include "standalone/engine/findings_reader.h"
+#include "standalone/findings/findings_reader.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,13 +16,13 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/engine/collapser.h"
-#include "standalone/engine/definition_tree.h"
-#include "standalone/engine/definitions_reader.h"
-#include "standalone/engine/harmless_text.h"
-#include "standalone/engine/json_fault.h"
-#include "standalone/engine/severity_scale.h"
-#include "standalone/host/node_folding.h"
+#include "standalone/definitions/definition_tree.h"
+#include "standalone/definitions/definitions_reader.h"
+#include "standalone/json/json_fault.h"
+#include "standalone/model/severity_scale.h"
+#include "standalone/nodes/node_folding.h"
+#include "standalone/report/collapser.h"
+#include "standalone/text/harmless_text.h"
 
 namespace {
 

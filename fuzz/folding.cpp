@@ -1,6 +1,6 @@
 // Names, one a line, folded: unfolding must give the same names, whatever their order.
 
-#include "standalone/host/node_folding.h"
+#include "standalone/nodes/node_folding.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/engine/node_set.h"
+#include "standalone/nodes/node_set.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Any bytes made harmless must be text that no terminal is steered by.
 
-#include "standalone/engine/harmless_text.h"
+#include "standalone/text/harmless_text.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/host/printable_ascii.h"
+#include "standalone/text/printable_ascii.h"
 
 namespace {
 

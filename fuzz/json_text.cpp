@@ -5,7 +5,7 @@
 
 #include "fuzz/oracle.h"
 #include "fuzz/text.h"
-#include "standalone/engine/harmless_text.h"
+#include "standalone/text/harmless_text.h"
 
 namespace vond::fuzz {
 namespace {

@@ -1,7 +1,7 @@
 // A text expanded as a node set: either an error at a place in the text, or names that fold to a
 // set of the same names.
 
-#include "standalone/engine/node_set.h"
+#include "standalone/nodes/node_set.h"
 
 #include <algorithm>
 #include <optional>
@@ -9,8 +9,8 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/engine/harmless_text.h"
-#include "standalone/host/node_folding.h"
+#include "standalone/nodes/node_folding.h"
+#include "standalone/text/harmless_text.h"
 
 namespace {
 

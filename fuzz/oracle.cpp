@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "standalone/engine/harmless_text.h"
+#include "standalone/text/harmless_text.h"
 
 namespace vond::fuzz {
 namespace {

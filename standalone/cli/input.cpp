@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "standalone/cli/message.h"
-#include "standalone/engine/input_error.h"
+#include "standalone/input/input_error.h"
 
 namespace vond::standalone {
 namespace {

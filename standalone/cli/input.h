@@ -6,9 +6,9 @@
 
 #include "standalone/cli/options.h"
 #include "standalone/cli/progress.h"
-#include "standalone/engine/collapser.h"
-#include "standalone/engine/examination.h"
-#include "standalone/engine/findings_reader.h"
+#include "standalone/findings/findings_reader.h"
+#include "standalone/report/collapser.h"
+#include "standalone/report/examination.h"
 
 namespace vond::standalone {
 

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "standalone/engine/harmless_text.h"
+#include "standalone/text/harmless_text.h"
 
 namespace vond::standalone {
 

@@ -4,11 +4,11 @@
 #include <map>
 #include <string_view>
 
-#include "standalone/engine/harmless_text.h"
-#include "standalone/engine/messages.h"
-#include "standalone/engine/node_set.h"
-#include "standalone/engine/severity_scale.h"
-#include "standalone/engine/suggestion.h"
+#include "standalone/model/severity_scale.h"
+#include "standalone/nodes/node_set.h"
+#include "standalone/text/harmless_text.h"
+#include "standalone/text/messages.h"
+#include "standalone/text/suggestion.h"
 #include "standalone/version.h"
 #include "vond/vocabulary/tables.h"
 

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "standalone/engine/collapser.h"
+#include "standalone/report/collapser.h"
 
 namespace vond::standalone {
 

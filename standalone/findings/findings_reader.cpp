@@ -1,0 +1,138 @@
+#include "standalone/findings/findings_reader.h"
+
+#include <optional>
+
+#include "standalone/findings/finding_keys.h"
+#include "standalone/findings/finding_parser.h"
+#include "standalone/input/input_file.h"
+#include "standalone/json/json_fault.h"
+
+namespace vond::standalone {
+
+namespace {
+
+bool is_blank(std::string_view text) {
+  return text.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+std::string size_text(std::size_t bytes) {
+  constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
+  return bytes % MEBIBYTE == 0 ? std::to_string(bytes / MEBIBYTE) + " MiB"
+                               : std::to_string(bytes) + " bytes";
+}
+
+/// A place in a line of a file.
+struct Place {
+  const std::string& file;
+  const LineReader::Line& line;
+
+  InputError error(std::size_t offset, const std::string& message) const {
+    return {file, line.number, line.column + offset, message};
+  }
+};
+
+/// Returns the error of a line that is no JSON.
+InputError json_error(const Place& place, const char* parser_message) {
+  const std::optional<JsonFault> fault = find_json_fault(place.line.text, "line");
+  if (fault) {
+    return place.error(fault->offset, fault->message);
+  }
+  return place.error(
+      0, std::string("the line cannot be read (") + parser_message + "), expected a JSON object");
+}
+
+/// Returns the error of a line with a value that cannot be used, unless it is no JSON either: then
+/// that is the first thing to tell.
+InputError value_error(const Place& place, const ValueFault& fault) {
+  if (find_json_fault(place.line.text, "line")) {
+    return json_error(place, "");
+  }
+  return place.error(static_cast<std::size_t>(fault.where - place.line.text.data()), fault.message);
+}
+
+}  // namespace
+
+FindingsReader::FindingsReader(FindingsSink& sink, ReadingOptions options)
+    : sink_(sink),
+      options_(options),
+      parser_(std::make_unique<FindingParser>(options.definitions_are_paths)),
+      unknown_keys_(finding_keys::all_names()) {}
+
+FindingsReader::~FindingsReader() = default;
+
+void FindingsReader::read(const std::string& path) {
+  InputFile file(path, "a file of findings");
+  LineReader lines(file, options_.longest_line);
+  const std::size_t bytes_before = bytes_read_;
+  LineReader::Line line;
+  while (lines.next(line)) {
+    bytes_read_ = bytes_before + lines.bytes_read();
+    if (const Finding* repeated = repeated_.find(line.text)) {
+      sink_.finding(*repeated);
+      continue;
+    }
+    if (!line.is_too_long && is_blank(line.text)) {
+      continue;
+    }
+    if (is_usable(file.name(), line)) {
+      deliver(file.name(), line);
+    }
+  }
+}
+
+std::vector<std::string> FindingsReader::warnings() const { return unknown_keys_.warnings(); }
+
+/// Reads `line`; false when it was rejected.
+bool FindingsReader::is_usable(const std::string& file, const LineReader::Line& line) {
+  try {
+    parse(file, line);
+    return true;
+  } catch (const InputError& error) {
+    if (!options_.keep_going) {
+      throw;
+    }
+    reject(error);
+    return false;
+  }
+}
+
+/// Throws InputError when `line` cannot be used.
+void FindingsReader::parse(const std::string& file, const LineReader::Line& line) {
+  const Place place{file, line};
+  if (line.is_too_long) {
+    throw place.error(0, "the line is longer than " + size_text(options_.longest_line) +
+                             ", expected one finding a line");
+  }
+  try {
+    parser_->parse(line.text);
+  } catch (const ValueFault& fault) {
+    throw value_error(place, fault);
+  } catch (const BrokenJson&) {
+    throw json_error(place, "unknown fault");
+  } catch (const simdjson::simdjson_error& error) {
+    throw json_error(place, error.what());
+  }
+}
+
+/// Hands on what was read from `line`.
+void FindingsReader::deliver(const std::string& file, const LineReader::Line& line) {
+  for (const UnknownKey& unknown : parser_->unknown_keys()) {
+    const auto offset = static_cast<std::size_t>(unknown.where - line.text.data());
+    unknown_keys_.add(unknown.key, file, line.number, line.column + offset);
+  }
+  if (parser_->kind() == FindingParser::Kind::FINDING) {
+    sink_.finding(parser_->finding());
+    repeated_.learn(line.text, *parser_);
+  } else {
+    sink_.examined(parser_->examined());
+  }
+}
+
+void FindingsReader::reject(const InputError& error) {
+  ++rejected_.count;
+  if (rejected_.errors.size() < RejectedLines::MOST_ERRORS) {
+    rejected_.errors.push_back(error);
+  }
+}
+
+}  // namespace vond::standalone

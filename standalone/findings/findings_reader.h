@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/findings/repeated_findings.h"
+#include "standalone/input/input_error.h"
+#include "standalone/input/line_reader.h"
+#include "standalone/json/unknown_keys.h"
+#include "standalone/model/finding.h"
+
+namespace vond::standalone {
+
+class FindingParser;
+
+/// Takes what the lines of the input tell, in input order. Views live until the call returns.
+class FindingsSink {
+ public:
+  virtual ~FindingsSink() = default;
+  virtual void finding(const Finding& finding) = 0;
+  /// These nodes were looked at. A name may stand more than once.
+  virtual void examined(const std::vector<std::string_view>& nodes) = 0;
+};
+
+struct ReadingOptions {
+  /// A line that cannot be used is counted and left out, in place of ending the reading.
+  bool keep_going = false;
+  /// Names of definitions are paths whose parts become definitions themselves, so that a name must
+  /// not have more than MAX_DEFINITION_DEPTH of them.
+  bool definitions_are_paths = false;
+  /// In bytes.
+  std::size_t longest_line = LONGEST_LINE;
+};
+
+/// The lines that could not be used.
+struct RejectedLines {
+  /// How many errors are kept.
+  static constexpr std::size_t MOST_ERRORS = 20;
+
+  std::size_t count = 0;
+  /// The first ones.
+  std::vector<InputError> errors;
+};
+
+/// Reads findings from JSON Lines, one file after the other. Memory does not grow with the input,
+/// only with its longest line.
+class FindingsReader {
+ public:
+  /// Keeps a reference to `sink`.
+  explicit FindingsReader(FindingsSink& sink, ReadingOptions options = {});
+  ~FindingsReader();
+  FindingsReader(const FindingsReader&) = delete;
+  FindingsReader& operator=(const FindingsReader&) = delete;
+
+  /// Reads the file at `path` to its end; "-" is standard input. Throws InputError when a line
+  /// cannot be used and, even when told to keep going, when the file cannot be read.
+  void read(const std::string& path);
+
+  /// One message per unknown key, in the order of their first places, for the user to see as
+  /// warnings: "FILE:LINE:COLUMN: unknown key …".
+  std::vector<std::string> warnings() const;
+
+  /// What was left out; nothing unless the reader was told to keep going.
+  const RejectedLines& rejected() const noexcept { return rejected_; }
+
+  /// The bytes taken from all files so far; a sink may ask while it is called.
+  std::size_t bytes_read() const noexcept { return bytes_read_; }
+
+ private:
+  bool is_usable(const std::string& file, const LineReader::Line& line);
+  void parse(const std::string& file, const LineReader::Line& line);
+  void deliver(const std::string& file, const LineReader::Line& line);
+  void reject(const InputError& error);
+
+  FindingsSink& sink_;
+  ReadingOptions options_;
+  std::unique_ptr<FindingParser> parser_;
+  RepeatedFindings repeated_;
+  UnknownKeys unknown_keys_;
+  RejectedLines rejected_;
+  std::size_t bytes_read_ = 0;
+};
+
+}  // namespace vond::standalone

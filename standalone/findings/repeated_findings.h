@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/model/finding.h"
+
+namespace vond::standalone {
+
+class FindingParser;
+
+/// Recognises a line that equals an earlier one but for its node and its row id: a check says the
+/// same of node after node, and such a line need not be parsed. Remembers a fixed number of lines,
+/// which it finds by how they begin.
+class RepeatedFindings {
+ public:
+  RepeatedFindings();
+  ~RepeatedFindings();
+  RepeatedFindings(const RepeatedFindings&) = delete;
+  RepeatedFindings& operator=(const RepeatedFindings&) = delete;
+
+  /// Returns what `line` tells, null when it has to be parsed. The finding lives until the next
+  /// call or until the line's text goes.
+  const Finding* find(std::string_view line);
+
+  /// Remembers `line`, which `parser` has just read a finding from, when a line that begins like it
+  /// has been learned before.
+  void learn(std::string_view line, const FindingParser& parser);
+
+ private:
+  class Wording;
+  struct Slot {
+    /// How the last line began that was parsed.
+    std::uint64_t beginning = 0;
+    std::unique_ptr<Wording> wording;
+  };
+
+  Slot& slot_of(std::uint64_t beginning);
+
+  std::vector<Slot> slots_;
+  std::uint64_t wordings_ = Finding::UNKNOWN_WORDING;
+};
+
+}  // namespace vond::standalone

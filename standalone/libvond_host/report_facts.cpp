@@ -1,0 +1,10 @@
+#include "standalone/libvond_host/report_facts.h"
+
+namespace vond::standalone {
+
+ReportFacts& report_facts() {
+  static ReportFacts facts;
+  return facts;
+}
+
+}  // namespace vond::standalone

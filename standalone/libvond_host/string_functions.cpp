@@ -1,0 +1,42 @@
+#include "vond/str/string_functions.h"
+
+#include <algorithm>
+
+#include "standalone/text/text_wrapping.h"
+
+namespace vond::str {
+
+std::string word_wrap(const std::string& text, int width, const std::string& indent) {
+  return standalone::wrap_text(text, {.width = width, .indent = indent});
+}
+
+std::string column_wrap(const std::string& text, int width, const std::string& indent,
+                        char column_character, bool /*flag*/) {
+  return standalone::wrap_text(
+      text,
+      {.width = width, .indent = indent, .indents_lines = false, .label_end = column_character});
+}
+
+std::string space_wrap(const std::string& text, int width, const std::string& indent) {
+  return standalone::wrap_text(text, {.width = width,
+                                      .indent = indent,
+                                      .counts_lead = false,
+                                      .splits_words = false,
+                                      .keeps_final_line_ends = false});
+}
+
+std::string upper(std::string text) {
+  // Not std::toupper: what it does depends on the host's locale.
+  std::transform(text.begin(), text.end(), text.begin(), [](char character) {
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
+                                                : character;
+  });
+  return text;
+}
+
+std::string rstrip(std::string text, std::string characters) {
+  text.erase(text.find_last_not_of(characters) + 1);
+  return text;
+}
+
+}  // namespace vond::str

@@ -1,0 +1,78 @@
+// Nodes that were looked at, and those that should have been.
+#include <gtest/gtest.h>
+
+#include "tests/standalone/cli/command.h"
+
+namespace vond::test {
+namespace {
+
+constexpr char FINDINGS[] =
+    "{\"id\": \"a\", \"severity\": 10, \"nodes\": \"n[1-2]\"}\n"
+    "{\"id\": \"b\", \"severity\": 10, \"nodes\": [\"n2\", \"n9\"]}\n";
+
+Outcome report(const std::vector<std::string>& arguments, const std::string& more_input = "") {
+  Outcome outcome = Command(arguments).input(FINDINGS + more_input).run();
+  EXPECT_EQ(outcome.errors, "");
+  return outcome;
+}
+
+bool holds(const Outcome& outcome, const std::string& text) {
+  return outcome.output.find(text) != std::string::npos;
+}
+
+TEST(ExaminationTest, WithoutItOnlyNodesWithFindingsAreCounted) {
+  const Outcome outcome = report({});
+  EXPECT_TRUE(holds(outcome, "  Nodes:    3\n"));
+  EXPECT_FALSE(holds(outcome, "xamined"));
+}
+
+TEST(ExaminationTest, HeaderAndSummaryCountExaminedNodes) {
+  const Outcome outcome = report({"--examined", "n[1-9]", "--examined", "m1,m2,n1"});
+  EXPECT_TRUE(holds(outcome, "  Nodes:    11 examined, 3 with issues\n"));
+  EXPECT_TRUE(holds(outcome, "  11 nodes examined, 3 with issues\n"));
+  EXPECT_FALSE(holds(outcome, "not examined"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST(ExaminationTest, LinesOfTheInputTellExaminedNodesToo) {
+  const std::string lines = "{\"examined\": [\"n[1-8]\", \"n9\"]}\n{\"examined\": \"m[1-2]\"}\n";
+  EXPECT_EQ(report({}, lines).output, report({"--examined", "n[1-9],m[1-2]"}).output);
+  EXPECT_TRUE(holds(report({"--examined", "x"}, lines), "  12 nodes examined, 3 with issues\n"));
+  EXPECT_TRUE(holds(report({}, lines), "  Findings read: 2\n"));
+}
+
+TEST(ExaminationTest, AnEmptyLineOfExaminedNodesTellsThatNoneWas) {
+  const Outcome outcome = report({}, "{\"examined\": []}\n");
+  EXPECT_TRUE(holds(outcome, "  0 nodes examined, 3 with issues\n"));
+  EXPECT_TRUE(holds(outcome, "  Nodes that have findings and were not examined: n[1-2,9]\n"));
+}
+
+TEST(ExaminationTest, NodesWithFindingsThatWereNotExaminedAreNamed) {
+  const Outcome outcome = report({"--examined", "n9"});
+  EXPECT_TRUE(holds(outcome, "  Nodes that have findings and were not examined: n[1-2]\n"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST(ExaminationTest, SilenceOfExpectedNodesIsNoHealth) {
+  const Outcome outcome = report({"--examined", "n[1-9]", "--expect", "n[8-12]", "--expect", "m1"});
+  EXPECT_TRUE(holds(outcome, "  Nodes that were expected and not examined: m1,n[10-12]\n"));
+  EXPECT_TRUE(holds(outcome, "  Verdict: PASS, and 4 expected nodes were not examined\n"));
+  EXPECT_TRUE(
+      holds(outcome, "End of report. Verdict: PASS, and 4 expected nodes were not examined\n"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(ExaminationTest, ExpectedNodesThatWereExaminedAreNoWordWorth) {
+  EXPECT_EQ(report({"--examined", "n[1-9]", "--expect", "n[1-9]"}).output,
+            report({"--examined", "n[1-9]"}).output);
+  EXPECT_EQ(report({"--examined", "n[1-9]", "--expect", "n[1-9]"}).status, 0);
+}
+
+TEST(ExaminationTest, ExpectedNodesAreNotExaminedWhenNothingTellsThatTheyWere) {
+  const Outcome outcome = report({"--expect", "n1"});
+  EXPECT_TRUE(holds(outcome, "  Nodes that were expected and not examined: n1\n"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+}  // namespace
+}  // namespace vond::test

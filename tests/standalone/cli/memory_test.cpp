@@ -1,0 +1,71 @@
+// A process that may not have the memory it needs tells so; it never writes a report cut short.
+#include <gtest/gtest.h>
+
+#include "tests/standalone/cli/command.h"
+#include "tests/standalone/cli/temporary_folder.h"
+
+namespace vond::test {
+namespace {
+
+constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
+
+class MemoryTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (is_under_address_sanitizer()) GTEST_SKIP() << "the sanitizer needs the address space";
+  }
+
+  /// Runs with more and more memory and expects a message until there is enough for the report.
+  void expect_all_or_nothing(const std::string& findings) {
+    const std::string path = folder.write("findings", findings);
+    const std::string report = run({path}).output;
+    std::size_t limit = least_memory();
+    for (; limit < MOST_MEMORY; limit += MEBIBYTE) {
+      const Outcome outcome = Command({path, "-o", folder / "output"}).memory_limit(limit).run();
+      if (outcome.status == 1) {
+        EXPECT_EQ(outcome.output.size(), report.size()) << limit;
+        EXPECT_EQ(outcome.errors, "");
+        EXPECT_EQ(read_file(folder / "output"), report);
+        break;
+      }
+      EXPECT_EQ(outcome.status, 3) << limit;
+      EXPECT_NE(outcome.errors.find("out of memory"), std::string::npos) << outcome.errors;
+      EXPECT_EQ(folder.names(), std::vector<std::string>{"findings"}) << limit;
+    }
+    EXPECT_LT(limit, MOST_MEMORY);
+  }
+
+  TemporaryFolder folder;
+
+ private:
+  static constexpr std::size_t MOST_MEMORY = 256 * MEBIBYTE;
+
+  /// Returns how much the program needs to start and to load its libraries.
+  std::size_t least_memory() {
+    std::size_t limit = MEBIBYTE;
+    while (Command({}).memory_limit(limit).run().status != 0) limit += MEBIBYTE / 2;
+    return limit;
+  }
+};
+
+TEST_F(MemoryTest, ManyFindings) {
+  std::string findings;
+  for (int i = 0; i < 5000; ++i) {
+    findings += R"({"id": "id)" + std::to_string(i) + R"(", "severity": 90, "nodes": "n)" +
+                std::to_string(i) + "\", \"message\": \"" + std::string(300, 'm') + "\"}\n";
+  }
+  expect_all_or_nothing(findings);
+}
+
+TEST_F(MemoryTest, AMessageThatIsLargerThanAllElse) {
+  std::string message;
+  for (int i = 0; i < 200000; ++i) message += "word ";
+  expect_all_or_nothing(R"({"id": "a", "severity": 90, "message": ")" + message + "\"}");
+}
+
+TEST_F(MemoryTest, ManyNodes) {
+  expect_all_or_nothing(R"({"id": "a", "severity": 90, "nodes": "n[1-20000]"})");
+}
+
+}  // namespace
+}  // namespace vond::test
