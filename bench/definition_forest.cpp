@@ -53,8 +53,12 @@ void DefinitionForest::write_list(OutputFile& file, const std::vector<std::size_
   for (const std::size_t index : list) {
     const Node& node = nodes_[index];
     file << (index == list.front() ? "\n" : ",\n") << R"({"name": ")" << node.name << "\"";
-    if (node.skipped) file << R"(, "skipped": true)";
-    if (!node.children.empty()) write_children(file, node.children);
+    if (node.skipped) {
+      file << R"(, "skipped": true)";
+    }
+    if (!node.children.empty()) {
+      write_children(file, node.children);
+    }
     file << "}";
   }
   file << "]";
@@ -63,7 +67,9 @@ void DefinitionForest::write_list(OutputFile& file, const std::vector<std::size_
 void DefinitionForest::write_children(OutputFile& file,
                                       const std::vector<std::size_t>& children) const {
   file << R"(, "children": )";
-  if (children.size() < TWO_GROUPS) return write_list(file, children);
+  if (children.size() < TWO_GROUPS) {
+    return write_list(file, children);
+  }
   const auto middle = children.begin() + static_cast<std::ptrdiff_t>(children.size() / 2);
   file << "[";
   write_list(file, {children.begin(), middle});

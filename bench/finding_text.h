@@ -50,7 +50,9 @@ class FindingText {
   void append_list(const Items& items, Append append) {
     line_ += "[";
     for (std::size_t index = 0; index < items.size(); ++index) {
-      if (index != 0) line_ += ", ";
+      if (index != 0) {
+        line_ += ", ";
+      }
       append(items[index]);
     }
     line_ += "]";

@@ -11,7 +11,9 @@
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   std::vector<std::vector<std::string>> lists(1);
-  for (std::string name; std::getline(std::cin, name);) lists[0].push_back(std::move(name));
+  for (std::string name; std::getline(std::cin, name);) {
+    lists[0].push_back(std::move(name));
+  }
   vond::postprocessor::StringInterface strings;
   std::string folded;
   for (long left = argc > 1 ? std::atol(argv[1]) : 1; left > 0; --left) {

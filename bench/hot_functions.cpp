@@ -63,7 +63,9 @@ class CountedOutputLog {
 
 std::string long_text(std::size_t size) {
   std::string text;
-  while (text.size() < size) text += "some words of a message that is longer than a line ";
+  while (text.size() < size) {
+    text += "some words of a message that is longer than a line ";
+  }
   return text;
 }
 
@@ -118,7 +120,9 @@ std::size_t argument(const benchmark::State& state) {
 
 void word_wrap(benchmark::State& state) {
   const std::string text = long_text(argument(state));
-  for (auto _ : state) benchmark::DoNotOptimize(vond::str::word_wrap(text, WIDTH, "   "));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(vond::str::word_wrap(text, WIDTH, "   "));
+  }
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(word_wrap)->Arg(40)->Arg(200)->Arg(100'000);
@@ -137,7 +141,9 @@ BENCHMARK(column_wrap)->Arg(100)->Arg(100'000);
 void fold(benchmark::State& state, const Names& names) {
   std::vector<Names> lists = {names};
   vond::postprocessor::StringInterface strings;
-  for (auto _ : state) benchmark::DoNotOptimize(strings.get_node_string(lists));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(strings.get_node_string(lists));
+  }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(names.size()));
 }
 
@@ -153,7 +159,9 @@ void print_output(benchmark::State& state) {
   data.line_width = WIDTH;
   vond_output_log::IssuePrinting printing;
   const CountedOutputLog log(state);
-  for (auto _ : state) printing.PrintOutput(diagnosis, data, 1, 2, "", true);
+  for (auto _ : state) {
+    printing.PrintOutput(diagnosis, data, 1, 2, "", true);
+  }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(print_output)->Arg(1)->Arg(20)->Arg(1'000)->Arg(10'000)->Arg(100'000);
@@ -174,7 +182,9 @@ BENCHMARK(print_details_by_severity)->Arg(1)->Arg(100);
 void output_log_statement(benchmark::State& state) {
   const std::string text = long_text(60);
   const CountedOutputLog log(state);
-  for (auto _ : state) OutputLog(OutputLog::NONE) << text;
+  for (auto _ : state) {
+    OutputLog(OutputLog::NONE) << text;
+  }
 }
 BENCHMARK(output_log_statement);
 

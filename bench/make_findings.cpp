@@ -65,10 +65,18 @@ int run(int argc, char** argv) {
   CLI11_PARSE(app, argc, argv);
 
   OutputFile file(options.output);
-  if (wide.parsed()) write_wide(file, options.wide, options.format, options.seed);
-  if (many.parsed()) write_issue_workload(file, options, options.many, write_many);
-  if (deep.parsed()) write_issue_workload(file, options, options.deep, write_deep);
-  if (names.parsed()) write_names(file, options.shape, options.names, options.seed);
+  if (wide.parsed()) {
+    write_wide(file, options.wide, options.format, options.seed);
+  }
+  if (many.parsed()) {
+    write_issue_workload(file, options, options.many, write_many);
+  }
+  if (deep.parsed()) {
+    write_issue_workload(file, options, options.deep, write_deep);
+  }
+  if (names.parsed()) {
+    write_names(file, options.shape, options.names, options.seed);
+  }
   file.finish();
   return 0;
 }

@@ -15,7 +15,9 @@ OutputFile::OutputFile(const std::string& path)
 }
 
 OutputFile::~OutputFile() {
-  if (file_ != nullptr && file_ != stdout) std::fclose(file_);
+  if (file_ != nullptr && file_ != stdout) {
+    std::fclose(file_);
+  }
 }
 
 void OutputFile::finish() {
@@ -29,7 +31,9 @@ void OutputFile::write_block() {
 }
 
 void OutputFile::check(bool success) const {
-  if (!success) throw std::system_error(errno, std::generic_category(), path_);
+  if (!success) {
+    throw std::system_error(errno, std::generic_category(), path_);
+  }
 }
 
 }  // namespace vond::bench

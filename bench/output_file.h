@@ -17,7 +17,9 @@ class OutputFile {
 
   OutputFile& operator<<(std::string_view text) {
     block_ += text;
-    if (block_.size() >= BLOCK_SIZE) write_block();
+    if (block_.size() >= BLOCK_SIZE) {
+      write_block();
+    }
     return *this;
   }
 

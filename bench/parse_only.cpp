@@ -38,12 +38,16 @@ std::uint64_t visit(ondemand::value value) {
       return 0;
     case ondemand::json_type::array: {
       std::uint64_t sum = 0;
-      for (auto element : value.get_array()) sum += visit(element.value());
+      for (auto element : value.get_array()) {
+        sum += visit(element.value());
+      }
       return sum;
     }
     case ondemand::json_type::object: {
       std::uint64_t sum = 0;
-      for (auto field : value.get_object()) sum += visit(field.value());
+      for (auto field : value.get_object()) {
+        sum += visit(field.value());
+      }
       return sum;
     }
   }
@@ -58,7 +62,9 @@ struct Totals {
 void visit_lines(ondemand::parser& parser, const char* text, std::size_t size, Totals& totals) {
   ondemand::document_stream stream = parser.iterate_many(text, size, BLOCK_SIZE + 1);
   for (auto finding : stream) {
-    for (auto field : finding.get_object()) totals.checksum += visit(field.value());
+    for (auto field : finding.get_object()) {
+      totals.checksum += visit(field.value());
+    }
     ++totals.findings;
   }
 }
@@ -73,7 +79,9 @@ class FileCloser {
 
 Totals visit_file(const std::string& path) {
   const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "r"));
-  if (!file) throw std::system_error(errno, std::generic_category(), path);
+  if (!file) {
+    throw std::system_error(errno, std::generic_category(), path);
+  }
   std::setvbuf(file.get(), nullptr, _IONBF, 0);
 
   ondemand::parser parser;
@@ -87,7 +95,9 @@ Totals visit_file(const std::string& path) {
     const std::size_t size = kept + read;
     const std::size_t complete = read == 0 ? size : whole_lines({block.data(), size});
     visit_lines(parser, block.data(), complete, totals);
-    if (read == 0) return totals;
+    if (read == 0) {
+      return totals;
+    }
     kept = size - complete;
     std::copy_n(block.data() + complete, kept, block.data());
   }

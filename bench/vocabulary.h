@@ -24,9 +24,13 @@ inline const std::vector<std::string> CATEGORIES = {"fabric",      "hardware", "
 /// Returns a sentence of exactly `length` characters, at least 2.
 inline std::string make_sentence(RandomNumbers& random, std::size_t length) {
   std::string text = random.pick(WORDS);
-  while (text.size() < length) text.append(" ").append(random.pick(WORDS));
+  while (text.size() < length) {
+    text.append(" ").append(random.pick(WORDS));
+  }
   text.resize(length - 1);
-  if (text.back() == ' ') text.back() = 's';
+  if (text.back() == ' ') {
+    text.back() = 's';
+  }
   return text + ".";
 }
 

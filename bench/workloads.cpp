@@ -69,7 +69,9 @@ CheckText make_check(std::size_t number, Format format, RandomNumbers& random) {
 void write_finding(OutputFile& file, const CheckText& check, const std::string& node,
                    std::size_t row_id, Format format) {
   file << check.before_node << node << check.before_row_id;
-  if (format == Format::JSON) file << digits_of(row_id);
+  if (format == Format::JSON) {
+    file << digits_of(row_id);
+  }
   file << check.end;
 }
 
@@ -86,12 +88,15 @@ class Machine {
     while (numbers.size() < count) {
       const std::size_t number =
           neighbours ? (first + numbers.size()) % NODES : random.below(NODES);
-      if (std::find(numbers.begin(), numbers.end(), number) == numbers.end())
+      if (std::find(numbers.begin(), numbers.end(), number) == numbers.end()) {
         numbers.push_back(number);
+      }
     }
     std::vector<std::string> names;
     names.reserve(count);
-    for (const std::size_t number : numbers) names.push_back(name(number));
+    for (const std::size_t number : numbers) {
+      names.push_back(name(number));
+    }
     return names;
   }
 
@@ -124,7 +129,9 @@ std::vector<std::string> some_definitions(const DefinitionForest& forest, std::s
   std::vector<std::string> names;
   while (names.size() < count) {
     const std::string& name = forest.random_name(random);
-    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    if (std::find(names.begin(), names.end(), name) == names.end()) {
+      names.push_back(name);
+    }
   }
   return names;
 }
@@ -161,7 +168,9 @@ std::string make_finding(std::size_t number, const std::vector<std::string>& ids
       .add("nodes", Machine::some_nodes(random.between(1, shape.max_nodes), random))
       .add("row_ids", std::vector<std::size_t>{number + 1})
       .add("definitions", some_definitions(forest, shape.definitions, random));
-  if (is_diagnosis(number)) finding.add("based_on", some_observations(ids, random));
+  if (is_diagnosis(number)) {
+    finding.add("based_on", some_observations(ids, random));
+  }
   return finding.line();
 }
 
@@ -197,7 +206,9 @@ void write_wide(OutputFile& findings, const WideSizes& sizes, Format format, std
   std::size_t row_id = 0;
   for (const std::size_t node : shuffled_numbers(sizes.nodes, random)) {
     const std::string name = "node" + padded(node, width);
-    for (const CheckText& check : checks) write_finding(findings, check, name, ++row_id, format);
+    for (const CheckText& check : checks) {
+      write_finding(findings, check, name, ++row_id, format);
+    }
   }
 }
 

@@ -56,7 +56,9 @@ std::string json_of(const Group& group);
 
 std::string json_of(const DefinitionSpec& definition) {
   std::vector<std::string> groups;
-  for (const Group& group : definition.child_groups) groups.push_back(json_of(group));
+  for (const Group& group : definition.child_groups) {
+    groups.push_back(json_of(group));
+  }
   return "{\"name\":" + json_string(definition.name) +
          ",\"skipped\":" + (definition.skipped ? "true" : "false") +
          ",\"children\":" + json_array(groups) + "}";
@@ -64,7 +66,9 @@ std::string json_of(const DefinitionSpec& definition) {
 
 std::string json_of(const Group& group) {
   std::vector<std::string> definitions;
-  for (const DefinitionSpec& definition : group) definitions.push_back(json_of(definition));
+  for (const DefinitionSpec& definition : group) {
+    definitions.push_back(json_of(definition));
+  }
   return json_array(definitions);
 }
 
@@ -75,7 +79,9 @@ std::string json_of(const DefinitionsFile& file) {
 void check_second_reading(const DefinitionsFile& first) {
   const std::string text = json_of(first);
   const std::optional<DefinitionsFile> second = read(text);
-  if (!second) fail("what was written to be read again", text);
+  if (!second) {
+    fail("what was written to be read again", text);
+  }
   expect(second->warnings.empty(), "no warnings about what was written", text);
   expect_same("what was read to be what is read again", json_of(*second), text);
 }
@@ -85,7 +91,9 @@ void check_second_reading(const DefinitionsFile& first) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view input = text_of(data, size);
   const std::optional<DefinitionsFile> file = read(input);
-  if (!file) return 0;
+  if (!file) {
+    return 0;
+  }
   expect(!find_json_fault(without_byte_order_mark(input), "file"), "only JSON to be read", input);
   for (const std::string& warning : file->warnings) {
     expect(is_utf8(warning) && is_harmless(warning), "harmless warnings", warning);

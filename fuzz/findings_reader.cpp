@@ -51,7 +51,9 @@ void check_finding(const Finding& finding) {
   expect_harmless(finding.remedy, LineEnds::KEPT);
   expect_names(finding.definitions);
   expect_names(finding.based_on);
-  for (const std::string_view node : finding.nodes) expect_harmless(node);
+  for (const std::string_view node : finding.nodes) {
+    expect_harmless(node);
+  }
   expect(finding.severity >= LOWEST_SEVERITY && finding.severity <= HIGHEST_SEVERITY,
          "a severity on the scale", finding.id);
 }
@@ -63,7 +65,9 @@ std::string member(const std::string& key, const std::string& json) {
 std::string json_strings(const std::vector<std::string_view>& texts) {
   std::vector<std::string> values;
   values.reserve(texts.size());
-  for (const std::string_view text : texts) values.push_back(json_string(text));
+  for (const std::string_view text : texts) {
+    values.push_back(json_string(text));
+  }
   return json_array(values);
 }
 
@@ -80,7 +84,9 @@ std::string json_nodes(const std::vector<std::string_view>& nodes) {
 
 std::string json_line(const Finding& finding) {
   std::vector<std::string> row_ids;
-  for (const int id : finding.row_ids) row_ids.push_back(std::to_string(id));
+  for (const int id : finding.row_ids) {
+    row_ids.push_back(std::to_string(id));
+  }
   return "{\"type\":" + json_string(type_name(finding.type)) +
          member("id", json_string(finding.id)) +
          member("severity", std::to_string(finding.severity)) +
@@ -107,7 +113,9 @@ class Notes : public FindingsSink {
   }
 
   void examined(const std::vector<std::string_view>& nodes) override {
-    for (const std::string_view node : nodes) expect_harmless(node);
+    for (const std::string_view node : nodes) {
+      expect_harmless(node);
+    }
     lines.push_back("{\"examined\":" + json_nodes(nodes) + "}");
   }
 
@@ -141,11 +149,16 @@ Reading read(std::string_view input, const ReadingOptions& options) {
     reading.ended_early = true;
     reading.errors.emplace_back(error.what());
   }
-  for (const InputError& error : reader.rejected().errors)
+  for (const InputError& error : reader.rejected().errors) {
     reading.errors.emplace_back(error.what());
-  for (const std::string& error : reading.errors) expect_place(error, path, input);
+  }
+  for (const std::string& error : reading.errors) {
+    expect_place(error, path, input);
+  }
   reading.warnings = reader.warnings();
-  for (const std::string& warning : reading.warnings) expect_harmless(warning);
+  for (const std::string& warning : reading.warnings) {
+    expect_harmless(warning);
+  }
   reading.rejected = reader.rejected().count;
   reading.lines = std::move(notes.lines);
   return reading;
@@ -157,7 +170,9 @@ std::string_view text_of_line(std::string_view line, bool is_first) {
   if (is_first && line.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
     line.remove_prefix(BYTE_ORDER_MARK.size());
   }
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  if (!line.empty() && line.back() == '\r') {
+    line.remove_suffix(1);
+  }
   return line;
 }
 
@@ -175,9 +190,15 @@ LineCounts count_lines(std::string_view input) {
     const std::string_view line = text_of_line(raw_line, std::exchange(is_first, false));
     const bool is_too_long = line.size() > SHORT_LIMIT;
     const bool is_blank = line.find_first_not_of(" \t\r") == std::string_view::npos;
-    if (is_too_long) ++counts.too_long;
-    if (!is_blank) ++counts.not_blank;
-    if (!is_blank && find_json_fault(line, "line")) ++counts.broken;
+    if (is_too_long) {
+      ++counts.too_long;
+    }
+    if (!is_blank) {
+      ++counts.not_blank;
+    }
+    if (!is_blank && find_json_fault(line, "line")) {
+      ++counts.broken;
+    }
   }
   return counts;
 }
@@ -205,9 +226,13 @@ void check_short_limit(std::string_view input, const LineCounts& counts) {
 /// What was read, written down and read again, is the same.
 void check_second_reading(const Reading& first) {
   std::string text;
-  for (const std::string& line : first.lines) text += line + "\n";
+  for (const std::string& line : first.lines) {
+    text += line + "\n";
+  }
   const Reading second = read(text, {.keep_going = false});
-  if (second.ended_early) fail(second.errors.front(), text);
+  if (second.ended_early) {
+    fail(second.errors.front(), text);
+  }
   expect(second.warnings.empty(), "no warnings about what was written", text);
   expect_same("what was read to be what is read again", second.lines, first.lines);
 }
@@ -215,7 +240,9 @@ void check_second_reading(const Reading& first) {
 /// A line that repeats an earlier one tells the same.
 void check_repetition(std::string_view input, const Reading& first) {
   // A byte order mark in the middle is none, and neither is half a line end.
-  if (input != text_of_line(input, true)) return;
+  if (input != text_of_line(input, true)) {
+    return;
+  }
   const std::string line_end = "\n";
   std::string text;
   std::vector<std::string> lines;
@@ -232,7 +259,9 @@ void check_repetition(std::string_view input, const Reading& first) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view input = text_of(data, size);
-  if (has_long_ranges(input)) return 0;
+  if (has_long_ranges(input)) {
+    return 0;
+  }
   const LineCounts counts = count_lines(input);
   const Reading all = read(input, {.keep_going = true});
   expect(!all.ended_early, "the reader to keep going", input);

@@ -35,7 +35,9 @@ Names reversed(Names names) {
 /// Deals the names out to three lists, the first half of them a second time.
 std::vector<Names> dealt_out(const Names& names) {
   std::vector<Names> lists(3);
-  for (std::size_t i = 0; i < names.size(); ++i) lists[i % lists.size()].push_back(names[i]);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    lists[i % lists.size()].push_back(names[i]);
+  }
   lists.emplace_back(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(names.size() / 2));
   return lists;
 }
@@ -54,7 +56,9 @@ void check_folding(const Names& names) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Names names;
   std::string_view text = text_of(data, size);
-  while (!text.empty()) names.emplace_back(take_line(text));
+  while (!text.empty()) {
+    names.emplace_back(take_line(text));
+  }
   if (names.empty()) {
     expect_same("no names to fold to a word that says so", fold_node_names({names}), "none");
   } else {

@@ -14,7 +14,9 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 bool skip(std::string_view& text, std::string_view start) {
   const bool found = text.substr(0, start.size()) == start;
-  if (found) text.remove_prefix(start.size());
+  if (found) {
+    text.remove_prefix(start.size());
+  }
   return found;
 }
 
@@ -22,7 +24,9 @@ bool skip(std::string_view& text, std::string_view start) {
 std::size_t take_number(std::string_view& text) {
   std::size_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc()) return 0;
+  if (error != std::errc()) {
+    return 0;
+  }
   text.remove_prefix(static_cast<std::size_t>(end - text.data()));
   return number;
 }
@@ -45,7 +49,9 @@ std::string json_string(std::string_view text) {
 
 std::string json_array(const std::vector<std::string>& values) {
   std::string json;
-  for (const std::string& value : values) json += (json.empty() ? "" : ",") + value;
+  for (const std::string& value : values) {
+    json += (json.empty() ? "" : ",") + value;
+  }
   return "[" + json + "]";
 }
 
@@ -70,8 +76,12 @@ bool has_long_ranges(std::string_view input) {
   for (std::size_t at = input.find('-'); at != std::string_view::npos;
        at = input.find('-', at + 1)) {
     std::size_t end = at + 1;
-    while (end < input.size() && is_digit(input[end])) ++end;
-    if (at > 0 && is_digit(input[at - 1]) && end - at > LONG) return true;
+    while (end < input.size() && is_digit(input[end])) {
+      ++end;
+    }
+    if (at > 0 && is_digit(input[at - 1]) && end - at > LONG) {
+      return true;
+    }
   }
   return false;
 }

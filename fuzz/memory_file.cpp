@@ -12,7 +12,9 @@ namespace {
 /// Returns `result` unless it says that a call has failed.
 template <typename Result>
 Result checked(Result result) {
-  if (result < 0) throw std::system_error(errno, std::generic_category(), "memory file");
+  if (result < 0) {
+    throw std::system_error(errno, std::generic_category(), "memory file");
+  }
   return result;
 }
 

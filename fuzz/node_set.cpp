@@ -42,7 +42,9 @@ std::optional<Names> expand(std::string_view text) {
 
 void check_size(const Names& names, std::string_view text) {
   std::size_t bytes = 0;
-  for (const std::string& name : names) bytes += name.size();
+  for (const std::string& name : names) {
+    bytes += name.size();
+  }
   expect(!names.empty() && names.size() <= MAX_NODE_SET_SIZE, "a number of names in its limits",
          text);
   expect(bytes <= MAX_NODE_SET_BYTES, "names of a size in its limits", text);
@@ -81,11 +83,15 @@ void check_folding(const Names& names) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text = text_of(data, size);
   const std::optional<Names> names = expand(text);
-  if (!names) return 0;
+  if (!names) {
+    return 0;
+  }
   check_size(*names, text);
   if (!has_special_characters(text)) {
     expect_same("plain names to stand for themselves", *names, split_at_commas(text));
   }
-  if (names->size() <= MOST_NAMES_TO_FOLD) check_folding(*names);
+  if (names->size() <= MOST_NAMES_TO_FOLD) {
+    check_folding(*names);
+  }
   return 0;
 }

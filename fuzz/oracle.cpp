@@ -16,7 +16,9 @@ std::string shown(std::string_view text) {
 
 std::string one_a_line(const Names& names) {
   std::string lines;
-  for (const std::string& name : names) lines += standalone::harmless(name) + "\n";
+  for (const std::string& name : names) {
+    lines += standalone::harmless(name) + "\n";
+  }
   return lines;
 }
 
@@ -28,7 +30,9 @@ void fail(std::string_view expectation, std::string_view text) {
 }
 
 void expect_same(std::string_view expectation, std::string_view left, std::string_view right) {
-  if (left == right) return;
+  if (left == right) {
+    return;
+  }
   std::cerr << "expected: " << expectation << "\n"
             << shown(left) << "is not\n"
             << shown(right) << std::flush;

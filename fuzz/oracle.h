@@ -13,7 +13,9 @@ using Names = std::vector<std::string>;
 [[noreturn]] void fail(std::string_view expectation, std::string_view text);
 
 inline void expect(bool condition, std::string_view expectation, std::string_view text) {
-  if (!condition) fail(expectation, text);
+  if (!condition) {
+    fail(expectation, text);
+  }
 }
 
 /// Aborts when both texts differ, after printing both. `expectation` says why they should not.

@@ -17,9 +17,13 @@ namespace fs = std::filesystem;
 
 /// Returns the files that `path` stands for, in an order that is the same everywhere.
 std::vector<fs::path> files_at(const fs::path& path) {
-  if (!fs::is_directory(path)) return {path};
+  if (!fs::is_directory(path)) {
+    return {path};
+  }
   std::vector<fs::path> files;
-  for (const auto& entry : fs::directory_iterator(path)) files.push_back(entry.path());
+  for (const auto& entry : fs::directory_iterator(path)) {
+    files.push_back(entry.path());
+  }
   std::sort(files.begin(), files.end());
   return files;
 }
@@ -46,7 +50,9 @@ int main(int argc, char** argv) {
   std::size_t count = 0;
   for (int i = 1; i < argc; ++i) {
     for (const fs::path& path : files_at(argv[i])) {
-      if (!replay(path)) return 1;
+      if (!replay(path)) {
+        return 1;
+      }
       ++count;
     }
   }

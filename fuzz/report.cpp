@@ -157,7 +157,9 @@ struct WrittenReport {
 
 int count_issues(Report& report) {
   int issues = 0;
-  for (const auto& [mask, count] : report.record().counts_by_mask) issues += count;
+  for (const auto& [mask, count] : report.record().counts_by_mask) {
+    issues += count;
+  }
   return issues;
 }
 
@@ -194,7 +196,9 @@ bool starts_with(std::string_view text, std::string_view start) {
 /// Whether the line begins with an issue's number. An id that is too wide leaves that alone.
 bool is_issue_header(std::string_view line) {
   const std::size_t digits = line.find_first_not_of("0123456789");
-  if (digits == 0 || digits == std::string_view::npos) return false;
+  if (digits == 0 || digits == std::string_view::npos) {
+    return false;
+  }
   const std::string_view rest = line.substr(digits);
   return rest == "." || starts_with(rest, ". ");
 }
@@ -229,13 +233,21 @@ void check_issue_sections(std::string_view report, int width, int issues) {
   int rules = -1;
   int headers = 0;
   for (const std::string_view line : lines_of(report)) {
-    if (rules < 0 && line == FIRST_HEADING) rules = 0;
-    if (rules >= 0 && line == rule) ++rules;
-    if (rules < 0 || rules > 1 || line.empty() || line == rule) continue;
+    if (rules < 0 && line == FIRST_HEADING) {
+      rules = 0;
+    }
+    if (rules >= 0 && line == rule) {
+      ++rules;
+    }
+    if (rules < 0 || rules > 1 || line.empty() || line == rule) {
+      continue;
+    }
     expect(line.front() == ' ' || may_stand_at_left(line), "no line of an issue at the left", line);
     expect(width <= 0 || !is_ascii(line) || line.size() <= widest_line(line, width),
            "no line that is wider than asked", line);
-    if (is_issue_header(line)) ++headers;
+    if (is_issue_header(line)) {
+      ++headers;
+    }
   }
   expect(rules >= 2, "both sections of issues", report);
   expect(headers == issues, "every issue once", report);
@@ -261,7 +273,9 @@ void check_text(const WrittenReport& written, int width) {
 std::string reversed_lines(std::string_view findings) {
   std::vector<std::string_view> lines = lines_of(findings);
   std::string text;
-  for (auto line = lines.rbegin(); line != lines.rend(); ++line) text.append(*line).append("\n");
+  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+    text.append(*line).append("\n");
+  }
   return text;
 }
 
@@ -269,7 +283,9 @@ std::string reversed_lines(std::string_view findings) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view input = text_of(data, size);
-  if (has_long_ranges(input)) return 0;
+  if (has_long_ranges(input)) {
+    return 0;
+  }
   const Options options = take_options(input);
   const WrittenReport report = write_report(input, options);
   check_text(report, options.record.line_width);

@@ -21,21 +21,39 @@ bool is_between(unsigned char low, unsigned char byte, unsigned char high) {
 
 /// For a byte that starts no character more bytes follow than any text has.
 Sequence sequence_of(unsigned char first) {
-  if (first < 0x80) return {0, 0, 0};
-  if (is_between(0xC2, first, 0xDF)) return {1, 0x80, 0xBF};
-  if (first == 0xE0) return {2, 0xA0, 0xBF};
-  if (first == 0xED) return {2, 0x80, 0x9F};
-  if (is_between(0xE1, first, 0xEF)) return {2, 0x80, 0xBF};
-  if (first == 0xF0) return {3, 0x90, 0xBF};
-  if (is_between(0xF1, first, 0xF3)) return {3, 0x80, 0xBF};
-  if (first == 0xF4) return {3, 0x80, 0x8F};
+  if (first < 0x80) {
+    return {0, 0, 0};
+  }
+  if (is_between(0xC2, first, 0xDF)) {
+    return {1, 0x80, 0xBF};
+  }
+  if (first == 0xE0) {
+    return {2, 0xA0, 0xBF};
+  }
+  if (first == 0xED) {
+    return {2, 0x80, 0x9F};
+  }
+  if (is_between(0xE1, first, 0xEF)) {
+    return {2, 0x80, 0xBF};
+  }
+  if (first == 0xF0) {
+    return {3, 0x90, 0xBF};
+  }
+  if (is_between(0xF1, first, 0xF3)) {
+    return {3, 0x80, 0xBF};
+  }
+  if (first == 0xF4) {
+    return {3, 0x80, 0x8F};
+  }
   return {std::numeric_limits<std::size_t>::max(), 0, 0};
 }
 
 }  // namespace
 
 unsigned char take_byte(std::string_view& text) {
-  if (text.empty()) return 0;
+  if (text.empty()) {
+    return 0;
+  }
   const auto byte = static_cast<unsigned char>(text.front());
   text.remove_prefix(1);
   return byte;
@@ -70,7 +88,9 @@ std::vector<std::string_view> lines_of(std::string_view text) {
 bool is_utf8(std::string_view text) {
   while (!text.empty()) {
     const Sequence sequence = sequence_of(take_byte(text));
-    if (sequence.following > text.size()) return false;
+    if (sequence.following > text.size()) {
+      return false;
+    }
     for (std::size_t i = 0; i < sequence.following; ++i) {
       const unsigned char byte = take_byte(text);
       const bool is_second = i == 0;

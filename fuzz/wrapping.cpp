@@ -22,8 +22,12 @@ struct Wrapping {
   bool keeps_final_line_ends;
 
   std::string operator()(const std::string& text) const {
-    if (rules.at_blanks_only) return vond::str::space_wrap(text, rules.width, rules.indent);
-    if (!rules.label_end) return vond::str::word_wrap(text, rules.width, rules.indent);
+    if (rules.at_blanks_only) {
+      return vond::str::space_wrap(text, rules.width, rules.indent);
+    }
+    if (!rules.label_end) {
+      return vond::str::word_wrap(text, rules.width, rules.indent);
+    }
     return vond::str::column_wrap(text, rules.width, rules.indent, *rules.label_end, false);
   }
 };
@@ -54,7 +58,9 @@ std::string wrap_line(const Wrapping& wrapping, const std::string& line) {
 void check(const Wrapping& wrapping, std::string_view text) {
   std::string_view end;
   if (wrapping.keeps_final_line_ends) {
-    if (!text.empty() && text.back() == '\n') end = text.substr(text.size() - 1);
+    if (!text.empty() && text.back() == '\n') {
+      end = text.substr(text.size() - 1);
+    }
     text.remove_suffix(end.size());
   } else {
     text = text.substr(0, text.find_last_not_of('\n') + 1);
@@ -78,11 +84,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int width = take_width(text);
   const char label_end = static_cast<char>(take_byte(text));
   const std::string indent(take_line(text));
-  if (label_end == '\n') return 0;
+  if (label_end == '\n') {
+    return 0;
+  }
   const std::array<Wrapping, 3> wrappings = {
       {{"word_wrap", {width, indent, std::nullopt, false}, true, true},
        {"column_wrap", {width, indent, label_end, false}, false, true},
        {"space_wrap", {width, indent, std::nullopt, true}, true, false}}};
-  for (const Wrapping& wrapping : wrappings) check(wrapping, text);
+  for (const Wrapping& wrapping : wrappings) {
+    check(wrapping, text);
+  }
   return 0;
 }

@@ -27,7 +27,9 @@ std::size_t failures = 0;
   DescriptorBuffer::drain_all();
   OutputFile::remove_unfinished();
   try {
-    if (std::current_exception()) std::rethrow_exception(std::current_exception());
+    if (std::current_exception()) {
+      std::rethrow_exception(std::current_exception());
+    }
     print_message("error", "the program cannot go on; the report is not complete");
   } catch (const std::bad_alloc&) {
     print_lack_of_memory();
@@ -50,7 +52,9 @@ extern "C" void end_after_signal(int signal) {
 void tidy_up_after_signals() {
   for (const int signal : ENDING_SIGNALS) {
     // What the caller has the program ignore, as nohup does, stays ignored.
-    if (std::signal(signal, end_after_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
+    if (std::signal(signal, end_after_signal) == SIG_IGN) {
+      std::signal(signal, SIG_IGN);
+    }
   }
 }
 

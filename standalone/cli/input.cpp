@@ -19,7 +19,9 @@ std::uintmax_t total_size(const std::vector<std::string>& inputs) {
   for (const std::string& input : inputs) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(input, error);
-    if (error) return 0;
+    if (error) {
+      return 0;
+    }
     total += size;
   }
   return total;
@@ -28,8 +30,12 @@ std::uintmax_t total_size(const std::vector<std::string>& inputs) {
 }  // namespace
 
 Input::Input(const Options& options) {
-  for (const std::string& node : options.examined) examination_.add_examined(node);
-  for (const std::string& node : options.expected) examination_.add_expected(node);
+  for (const std::string& node : options.examined) {
+    examination_.add_examined(node);
+  }
+  for (const std::string& node : options.expected) {
+    examination_.add_expected(node);
+  }
   read(options);
 }
 
@@ -40,7 +46,9 @@ void Input::finding(const Finding& finding) {
 
 void Input::examined(const std::vector<std::string_view>& nodes) {
   examination_.set_known();
-  for (const std::string_view node : nodes) examination_.add_examined(node);
+  for (const std::string_view node : nodes) {
+    examination_.add_examined(node);
+  }
 }
 
 void Input::read(const Options& options) {
@@ -50,15 +58,21 @@ void Input::read(const Options& options) {
     Progress progress(total_size(options.inputs), isatty(STDERR_FILENO) == 1);
     reader_ = &reader;
     progress_ = &progress;
-    for (const std::string& path : options.inputs) reader.read(path);
+    for (const std::string& path : options.inputs) {
+      reader.read(path);
+    }
   }
-  for (const std::string& warning : reader.warnings()) print_message("warning", warning);
+  for (const std::string& warning : reader.warnings()) {
+    print_message("warning", warning);
+  }
   print_rejected(reader.rejected());
 }
 
 void Input::print_rejected(const RejectedLines& rejected) {
   lines_rejected_ = rejected.count;
-  for (const InputError& error : rejected.errors) print_message("error", error.what());
+  for (const InputError& error : rejected.errors) {
+    print_message("error", error.what());
+  }
   const std::size_t more = rejected.count - rejected.errors.size();
   if (more != 0) {
     print_message("error", "and " + std::to_string(more) + " more " +

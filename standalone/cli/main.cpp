@@ -51,7 +51,9 @@ int default_width() {
 }
 
 bool wants_color(ColorMode mode) {
-  if (mode != ColorMode::AUTO) return mode == ColorMode::ALWAYS;
+  if (mode != ColorMode::AUTO) {
+    return mode == ColorMode::ALWAYS;
+  }
   const char* no_color = std::getenv("NO_COLOR");
   return isatty(STDOUT_FILENO) == 1 && (no_color == nullptr || *no_color == '\0');
 }
@@ -61,7 +63,9 @@ bool wants_color(ColorMode mode) {
 std::time_t report_time() {
   constexpr std::time_t END_OF_YEAR_9999 = 253402300799;
   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-  if (epoch == nullptr || *epoch == '\0') return std::time(nullptr);
+  if (epoch == nullptr || *epoch == '\0') {
+    return std::time(nullptr);
+  }
   const char* const end = epoch + std::strlen(epoch);
   std::time_t seconds = 0;
   const auto [rest, error] = std::from_chars(epoch, end, seconds);
@@ -84,12 +88,16 @@ std::string default_extension() {
 void set_logging(const Options& options) {
   log::LOG_LEVEL = vocabulary::LOG_LEVELS.at(options.log_level);
   log::LOG_OUTPUT = options.syslog ? 1 : 0;
-  if (options.syslog) openlog("vond-report", LOG_PID, LOG_USER);
+  if (options.syslog) {
+    openlog("vond-report", LOG_PID, LOG_USER);
+  }
 }
 
 std::vector<DefinitionSpec> read_definition_specs(const std::string& path) {
   DefinitionsFile file = read_definitions(path);
-  for (const std::string& warning : file.warnings) print_message("warning", warning);
+  for (const std::string& warning : file.warnings) {
+    print_message("warning", warning);
+  }
   return std::move(file.roots);
 }
 
@@ -111,13 +119,21 @@ void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
 /// short and nobody would know. So each attempt that failed counts.
 void run_extensions(const Options& options, Report& report) {
   const std::size_t failures_before = failed_allocations();
-  if (options.extensions.empty()) run_extension(default_extension(), report.record());
-  for (const std::string& path : options.extensions) run_extension(path, report.record());
-  if (failed_allocations() != failures_before) throw std::bad_alloc();
+  if (options.extensions.empty()) {
+    run_extension(default_extension(), report.record());
+  }
+  for (const std::string& path : options.extensions) {
+    run_extension(path, report.record());
+  }
+  if (failed_allocations() != failures_before) {
+    throw std::bad_alloc();
+  }
 }
 
 ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
-  if (facts.lines_rejected != 0) return BAD_INPUT;
+  if (facts.lines_rejected != 0) {
+    return BAD_INPUT;
+  }
   // Silence is not health.
   return report.failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
 }
@@ -125,7 +141,9 @@ ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
 /// A report in place of its own input is never what was meant.
 void refuse_to_replace_inputs(const Options& options) {
   std::vector<std::string> inputs = options.inputs;
-  if (options.definitions) inputs.push_back(*options.definitions);
+  if (options.definitions) {
+    inputs.push_back(*options.definitions);
+  }
   for (const std::string& output : options.outputs) {
     for (const std::string& input : inputs) {
       std::error_code error;
@@ -152,7 +170,9 @@ ExitStatus write_report(const Options& options) {
   how.fail_threshold = options.fail_threshold;
   how.line_width = facts.line_width;
   how.log_level = options.log_level;
-  if (options.definitions) how.definitions = read_definition_specs(*options.definitions);
+  if (options.definitions) {
+    how.definitions = read_definition_specs(*options.definitions);
+  }
 
   Destinations destinations(options.outputs, wants_color(options.color));
   Input input(options);
@@ -165,7 +185,9 @@ ExitStatus write_report(const Options& options) {
     throw;
   }
   const Destinations::Outcome outcome = destinations.finish();
-  for (const std::string& error : outcome.errors) print_message("error", error);
+  for (const std::string& error : outcome.errors) {
+    print_message("error", error);
+  }
   return outcome.complete ? exit_status(facts, report) : NO_REPORT;
 }
 
@@ -173,14 +195,20 @@ ExitStatus print_information(const Information& information) {
   StandardOutput output;
   output.stream() << information.text;
   const int error = output.finish();
-  if (error == 0) return PASSED;
-  if (error != EPIPE) print_message("error", output.error_message());
+  if (error == 0) {
+    return PASSED;
+  }
+  if (error != EPIPE) {
+    print_message("error", output.error_message());
+  }
   return NO_REPORT;
 }
 
 ExitStatus run(int argc, const char* const* argv) {
   const auto request = parse_options(argc, argv, isatty(STDIN_FILENO) == 1);
-  if (const auto* options = std::get_if<Options>(&request)) return write_report(*options);
+  if (const auto* options = std::get_if<Options>(&request)) {
+    return write_report(*options);
+  }
   return print_information(std::get<Information>(request));
 }
 

@@ -37,7 +37,9 @@ const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {{"text", Collapse
 
 int parse_threshold(const std::string& text) {
   const std::optional<int> severity = parse_severity(text);
-  if (!severity) reject("--fail-threshold", text, severity_expectation(), band_names());
+  if (!severity) {
+    reject("--fail-threshold", text, severity_expectation(), band_names());
+  }
   return *severity;
 }
 
@@ -46,10 +48,14 @@ template <typename Value>
 Value parse_word(const std::string& option, const std::string& text,
                  const std::map<std::string_view, Value>& words) {
   const auto found = words.find(text);
-  if (found != words.end()) return found->second;
+  if (found != words.end()) {
+    return found->second;
+  }
   std::vector<std::string_view> names;
   names.reserve(words.size());
-  for (const auto& [name, value] : words) names.push_back(name);
+  for (const auto& [name, value] : words) {
+    names.push_back(name);
+  }
   reject(option, text, one_of(names), names);
 }
 
@@ -82,7 +88,9 @@ int parse_width(const std::string& text) {
 std::string unknown_argument(const std::string& argument, const CLI::App& app) {
   std::vector<std::string> names;
   for (const CLI::Option* option : app.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option->get_lnames()) {
+      names.push_back("--" + name);
+    }
   }
   const std::string option = argument.substr(0, argument.find('='));
   return "unknown option \"" + harmless(option) + "\"" +
@@ -97,7 +105,9 @@ std::string argument_mismatch(const CLI::ArgumentMismatch& error, const CLI::App
     if (option->get_expected_max() == 0 && message.substr(0, name.size() - 2) == name.substr(2)) {
       return name + " takes no value";
     }
-    if (message.substr(0, name.size()) != name) continue;
+    if (message.substr(0, name.size()) != name) {
+      continue;
+    }
     if (option->count() > 1) {
       return name + " is given " + std::to_string(option->count()) + " times, expected it once";
     }
@@ -119,7 +129,9 @@ void refuse_empty_values(int argc, const char* const* argv) {
 
 void refuse_empty_names(const std::string& option, const std::vector<std::string>& files) {
   for (const std::string& file : files) {
-    if (file.empty()) reject(option, file, "the name of a file", {});
+    if (file.empty()) {
+      reject(option, file, "the name of a file", {});
+    }
   }
 }
 
@@ -199,16 +211,21 @@ Options CommandLine::options() const {
     refuse_empty_names("--definitions", {definitions});
     options.definitions = definitions;
   }
-  if (app.count("--fail-threshold") != 0) options.fail_threshold = parse_threshold(fail_threshold);
-  if (app.count("--width") != 0) options.width = parse_width(width);
+  if (app.count("--fail-threshold") != 0) {
+    options.fail_threshold = parse_threshold(fail_threshold);
+  }
+  if (app.count("--width") != 0) {
+    options.width = parse_width(width);
+  }
   if (app.count("--log-level") != 0) {
     const std::map<std::string_view, int> levels(vocabulary::LOG_LEVELS.begin(),
                                                  vocabulary::LOG_LEVELS.end());
     parse_word<int>("--log-level", log_level, levels);
     options.log_level = log_level;
   }
-  if (app.count("--color") != 0)
+  if (app.count("--color") != 0) {
     options.color = parse_word<ColorMode>("--color", color, COLOR_MODES);
+  }
   if (app.count("--collapse") != 0) {
     options.collapse_by = parse_word<CollapseBy>("--collapse", collapse, COLLAPSE_MODES);
   }
@@ -240,7 +257,9 @@ std::variant<Options, Information> parse_options(int argc, const char* const* ar
   if (options.inputs.empty() && input_is_terminal) {
     throw UsageError("no findings: name files of them, or pipe them in");
   }
-  if (options.inputs.empty()) options.inputs.emplace_back("-");
+  if (options.inputs.empty()) {
+    options.inputs.emplace_back("-");
+  }
   return options;
 }
 

@@ -31,7 +31,9 @@ std::string behind_links(const std::string& path) {
   std::error_code error;
   for (int links = 0; links < MOST_LINKS; ++links) {
     const std::filesystem::path target = std::filesystem::read_symlink(file, error);
-    if (error) break;
+    if (error) {
+      break;
+    }
     file = file.parent_path() / target;
   }
   return file.string();
@@ -49,7 +51,9 @@ class SignalsHeld {
   SignalsHeld() {
     sigset_t signals;
     sigemptyset(&signals);
-    for (const int signal : ENDING_SIGNALS) sigaddset(&signals, signal);
+    for (const int signal : ENDING_SIGNALS) {
+      sigaddset(&signals, signal);
+    }
     sigprocmask(SIG_BLOCK, &signals, &before_);
   }
   ~SignalsHeld() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
@@ -76,7 +80,9 @@ std::vector<DescriptorBuffer*>& DescriptorBuffer::all() {
 }
 
 void DescriptorBuffer::drain_all() noexcept {
-  for (DescriptorBuffer* buffer : all()) buffer->drain();
+  for (DescriptorBuffer* buffer : all()) {
+    buffer->drain();
+  }
 }
 
 int DescriptorBuffer::drain() noexcept {
@@ -106,7 +112,9 @@ DescriptorBuffer::int_type DescriptorBuffer::overflow(int_type character) {
 }
 
 int DescriptorBuffer::sync() {
-  if (flushing_ == Flushing::AT_ONCE) drain();
+  if (flushing_ == Flushing::AT_ONCE) {
+    drain();
+  }
   return 0;
 }
 
@@ -127,7 +135,9 @@ int OutputFile::Descriptor::close() noexcept {
 
 OutputFile::UnfinishedName::~UnfinishedName() {
   const SignalsHeld signals_held;
-  if (exists()) ::unlink(path_.c_str());
+  if (exists()) {
+    ::unlink(path_.c_str());
+  }
   std::erase(all(), this);
 }
 
@@ -136,20 +146,26 @@ int OutputFile::UnfinishedName::make_beside(const std::string& path) {
   const SignalsHeld signals_held;
   all().push_back(this);
   const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
-  if (descriptor >= 0) path_ = std::move(name);
+  if (descriptor >= 0) {
+    path_ = std::move(name);
+  }
   return descriptor;
 }
 
 bool OutputFile::UnfinishedName::rename_to(const std::string& path) {
   const SignalsHeld signals_held;
-  if (std::rename(path_.c_str(), path.c_str()) != 0) return false;
+  if (std::rename(path_.c_str(), path.c_str()) != 0) {
+    return false;
+  }
   path_.clear();
   return true;
 }
 
 void OutputFile::UnfinishedName::unlink_all() noexcept {
   for (const UnfinishedName* name : all()) {
-    if (name->exists()) ::unlink(name->path_.c_str());
+    if (name->exists()) {
+      ::unlink(name->path_.c_str());
+    }
   }
 }
 
@@ -169,25 +185,39 @@ void OutputFile::remove_unfinished() noexcept { UnfinishedName::unlink_all(); }
 int OutputFile::open() {
   struct stat status {};
   const bool exists = ::stat(name_.c_str(), &status) == 0;
-  if (exists && S_ISDIR(status.st_mode)) fail(EISDIR);
+  if (exists && S_ISDIR(status.st_mode)) {
+    fail(EISDIR);
+  }
   if (exists && !S_ISREG(status.st_mode)) {
     // Links such as /dev/stdout name pipes that only the system can follow.
     const int special = ::open(name_.c_str(), O_WRONLY | O_CLOEXEC);
-    if (special < 0) fail(errno);
+    if (special < 0) {
+      fail(errno);
+    }
     return special;
   }
   // A file that may not be written is not to be replaced either.
-  if (exists && ::access(path_.c_str(), W_OK) != 0) fail(errno);
+  if (exists && ::access(path_.c_str(), W_OK) != 0) {
+    fail(errno);
+  }
   const int descriptor = unfinished_name_.make_beside(path_);
-  if (descriptor < 0) fail(errno);
+  if (descriptor < 0) {
+    fail(errno);
+  }
   ::fchmod(descriptor, exists ? status.st_mode & 07777 : new_file_mode());
   return descriptor;
 }
 
 void OutputFile::commit() {
-  if (const int error = buffer_.drain(); error != 0) fail(error);
-  if (const int error = descriptor_.close(); error != 0) fail(error);
-  if (unfinished_name_.exists() && !unfinished_name_.rename_to(path_)) fail(errno);
+  if (const int error = buffer_.drain(); error != 0) {
+    fail(error);
+  }
+  if (const int error = descriptor_.close(); error != 0) {
+    fail(error);
+  }
+  if (unfinished_name_.exists() && !unfinished_name_.rename_to(path_)) {
+    fail(errno);
+  }
 }
 
 void OutputFile::fail(int error) const {
@@ -196,11 +226,15 @@ void OutputFile::fail(int error) const {
 
 void occupy_standard_descriptors() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
+    if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) {
+      continue;
+    }
     // The lowest free number is taken, which is this one. It is opened the wrong way round, so that
     // reading and writing still fail.
     const int flags = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
-    if (::open("/dev/null", flags) != descriptor) return;
+    if (::open("/dev/null", flags) != descriptor) {
+      return;
+    }
   }
 }
 

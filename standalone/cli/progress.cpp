@@ -12,7 +12,9 @@ constexpr std::chrono::milliseconds NEXT_AFTER{200};
 
 std::string share_read(std::uintmax_t bytes_read, std::uintmax_t total) {
   constexpr std::uintmax_t MEBIBYTE = 1024UL * 1024;
-  if (total == 0) return std::to_string(bytes_read / MEBIBYTE) + " MiB";
+  if (total == 0) {
+    return std::to_string(bytes_read / MEBIBYTE) + " MiB";
+  }
   // A file may grow while it is read.
   return std::to_string(std::min<std::uintmax_t>(100 * bytes_read / total, 100)) + "%";
 }
@@ -23,12 +25,16 @@ Progress::Progress(std::uintmax_t total, bool shown)
     : total_(total), shown_(shown), next_(Clock::now() + FIRST_AFTER) {}
 
 Progress::~Progress() {
-  if (written_) std::cerr << "\r\033[K" << std::flush;
+  if (written_) {
+    std::cerr << "\r\033[K" << std::flush;
+  }
 }
 
 void Progress::look(std::size_t bytes_read, std::size_t findings) {
   const Clock::time_point now = Clock::now();
-  if (now < next_) return;
+  if (now < next_) {
+    return;
+  }
   next_ = now + NEXT_AFTER;
   written_ = true;
   std::cerr << "\rvond-report: " + share_read(bytes_read, total_) + " read, " +

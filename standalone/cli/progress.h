@@ -18,7 +18,9 @@ class Progress {
   /// To be called for every finding; cheap. Writes once work takes longer than a second, and not
   /// more often than a person can read.
   void update(std::size_t bytes_read, std::size_t findings) {
-    if (shown_ && ++calls_ % CALLS_A_LOOK == 0) look(bytes_read, findings);
+    if (shown_ && ++calls_ % CALLS_A_LOOK == 0) {
+      look(bytes_read, findings);
+    }
   }
 
  private:

@@ -22,7 +22,9 @@ std::set<std::string_view> with_parents(const std::set<std::string_view>& names)
   std::set<std::string_view> all = names;
   for (const std::string_view name : names) {
     std::string_view parent = spelled_parent(name);
-    while (!parent.empty() && all.emplace(parent).second) parent = spelled_parent(parent);
+    while (!parent.empty() && all.emplace(parent).second) {
+      parent = spelled_parent(parent);
+    }
   }
   return all;
 }
@@ -33,7 +35,9 @@ std::string_view start_of(std::string_view text, std::size_t size) {
   const auto continues = [](char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
   };
-  while (size > 0 && size < text.size() && continues(text[size])) --size;
+  while (size > 0 && size < text.size() && continues(text[size])) {
+    --size;
+  }
   return text.substr(0, size);
 }
 
@@ -55,7 +59,9 @@ bool has_issue_contributing_to_fail(const Fwd& fwd) {
 bool decide_node(FwdNode& node) {
   bool failed = has_issue_contributing_to_fail(*node.fwd);
   for (const FwdChildGroup& group : node.child_groups) {
-    for (const auto& child : group.children) failed = decide_node(*child) || failed;
+    for (const auto& child : group.children) {
+      failed = decide_node(*child) || failed;
+    }
   }
   node.fwd->passed = !failed;
   return failed && !node.fwd->skipped;
@@ -65,15 +71,21 @@ bool decide_node(FwdNode& node) {
 
 int spelled_depth(std::string_view name) {
   int depth = 0;
-  for (; !name.empty(); name = spelled_parent(name)) ++depth;
+  for (; !name.empty(); name = spelled_parent(name)) {
+    ++depth;
+  }
   return depth;
 }
 
 DefinitionTree::DefinitionTree(const std::vector<DefinitionSpec>& specs,
                                const std::set<std::string_view>& names) {
-  for (const DefinitionSpec& spec : specs) hierarchy_->roots.push_back(make_subtree(spec));
+  for (const DefinitionSpec& spec : specs) {
+    hierarchy_->roots.push_back(make_subtree(spec));
+  }
   for (const std::string_view name : names) {
-    if (by_name_.count(name) != 0) continue;
+    if (by_name_.contains(name)) {
+      continue;
+    }
     hierarchy_->roots.push_back(make_node(name, false));
     unknown_names_.emplace_back(name);
   }
@@ -81,7 +93,9 @@ DefinitionTree::DefinitionTree(const std::vector<DefinitionSpec>& specs,
 
 DefinitionTree::DefinitionTree(const std::set<std::string_view>& names) {
   for (const std::string_view name : names) {
-    if (spelled_depth(name) > MAX_DEFINITION_DEPTH) throw InputError(too_deep(name));
+    if (spelled_depth(name) > MAX_DEFINITION_DEPTH) {
+      throw InputError(too_deep(name));
+    }
   }
   // In byte order a parent comes before its children, for its name is the start of theirs.
   for (const std::string_view name : with_parents(names)) {
@@ -92,7 +106,9 @@ DefinitionTree::DefinitionTree(const std::set<std::string_view>& names) {
 }
 
 void DefinitionTree::decide() {
-  for (const auto& root : hierarchy_->roots) decide_node(*root);
+  for (const auto& root : hierarchy_->roots) {
+    decide_node(*root);
+  }
 }
 
 std::shared_ptr<FwdNode> DefinitionTree::make_node(std::string_view name, bool skipped) {
@@ -109,14 +125,18 @@ std::shared_ptr<FwdNode> DefinitionTree::make_subtree(const DefinitionSpec& spec
   auto node = make_node(spec.name, spec.skipped);
   for (const auto& group : spec.child_groups) {
     auto& children = node->child_groups.emplace_back().children;
-    for (const DefinitionSpec& child : group) children.push_back(make_subtree(child));
+    for (const DefinitionSpec& child : group) {
+      children.push_back(make_subtree(child));
+    }
   }
   return node;
 }
 
 std::vector<std::shared_ptr<FwdNode>>& DefinitionTree::children_of(std::string_view name) {
   auto& groups = by_name_.at(name)->node->child_groups;
-  if (groups.empty()) groups.emplace_back();
+  if (groups.empty()) {
+    groups.emplace_back();
+  }
   return groups[0].children;
 }
 

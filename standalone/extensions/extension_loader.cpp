@@ -32,12 +32,16 @@ Library open_library(const std::string& path) {
   std::error_code error;
   const std::filesystem::path file = std::filesystem::absolute(path, error);
   const auto status = std::filesystem::status(file, error);
-  if (!std::filesystem::exists(status)) throw ExtensionError(path, "no such extension library");
+  if (!std::filesystem::exists(status)) {
+    throw ExtensionError(path, "no such extension library");
+  }
   if (std::filesystem::is_directory(status)) {
     throw ExtensionError(path, "is a directory, expected an extension library");
   }
   Library library(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
-  if (!library) throw ExtensionError(path, std::string("cannot load the extension: ") + dlerror());
+  if (!library) {
+    throw ExtensionError(path, std::string("cannot load the extension: ") + dlerror());
+  }
   return library;
 }
 
@@ -71,7 +75,9 @@ void run_extension(const std::string& path, PostprocessorExtensionData& record) 
   Factory* const factory = find_factory(library.get(), path);
   const std::unique_ptr<PostprocessorExtension> extension(
       guard(path, "factory", [&] { return factory(record); }));
-  if (!extension) throw ExtensionError(path, "the extension's factory made no extension");
+  if (!extension) {
+    throw ExtensionError(path, "the extension's factory made no extension");
+  }
   const int result = guard(path, "run", [&] { return extension->run(); });
   if (result != 0) {
     throw ExtensionError(path, "the extension's run returned " + std::to_string(result) +

@@ -39,7 +39,9 @@ std::uint64_t hash_of_beginning(std::string_view line) {
 /// The bytes that a name of one node may hold when it stands in its source as it is.
 constexpr std::array<bool, 256> name_letters() {
   std::array<bool, 256> letters{};
-  for (unsigned char letter = ' '; letter <= '~'; ++letter) letters[letter] = true;
+  for (unsigned char letter = ' '; letter <= '~'; ++letter) {
+    letters[letter] = true;
+  }
   for (const char letter : {'"', '\\', '[', ']', ','}) {
     letters[static_cast<unsigned char>(letter)] = false;
   }
@@ -68,7 +70,9 @@ std::optional<int> take_row_id(std::string_view& text) {
     ++digits;
   }
   const bool has_leading_zero = digits > 1 && text[0] == '0';
-  if (digits == 0 || has_leading_zero) return std::nullopt;
+  if (digits == 0 || has_leading_zero) {
+    return std::nullopt;
+  }
   text.remove_prefix(digits);
   return row_id;
 }
@@ -105,9 +109,13 @@ class RepeatedFindings::Wording {
   /// Returns the finding of `line`, null when it is not of this wording.
   const Finding* read(std::string_view line) {
     for (const auto& [text, gap] : gaps_) {
-      if (!line.starts_with(text)) return nullptr;
+      if (!line.starts_with(text)) {
+        return nullptr;
+      }
       line.remove_prefix(text.size());
-      if (!(gap == Gap::NODE ? read_node(line) : read_row_id(line))) return nullptr;
+      if (!(gap == Gap::NODE ? read_node(line) : read_row_id(line))) {
+        return nullptr;
+      }
     }
     return line == end_ ? &finding_ : nullptr;
   }
@@ -120,14 +128,18 @@ class RepeatedFindings::Wording {
 
   bool read_row_id(std::string_view& line) {
     const std::optional<int> row_id = take_row_id(line);
-    if (row_id) finding_.row_ids[0] = *row_id;
+    if (row_id) {
+      finding_.row_ids[0] = *row_id;
+    }
     return row_id.has_value();
   }
 
   /// Cuts the gaps out of `line`.
   void cut(std::string_view line, const FindingParser& parser) {
     std::vector<std::pair<std::string_view, Gap>> cuts = {{parser.finding().nodes[0], Gap::NODE}};
-    if (!parser.finding().row_ids.empty()) cuts.emplace_back(parser.row_id_source(), Gap::ROW_ID);
+    if (!parser.finding().row_ids.empty()) {
+      cuts.emplace_back(parser.row_id_source(), Gap::ROW_ID);
+    }
     std::sort(cuts.begin(), cuts.end(), [](const auto& left, const auto& right) {
       return left.first.data() < right.first.data();
     });
@@ -145,10 +157,16 @@ class RepeatedFindings::Wording {
     finding_ = finding;
     std::vector<std::string_view*> texts = {&finding_.id, &finding_.category, &finding_.message,
                                             &finding_.remedy};
-    for (std::string_view& definition : finding_.definitions) texts.push_back(&definition);
-    for (std::string_view& id : finding_.based_on) texts.push_back(&id);
+    for (std::string_view& definition : finding_.definitions) {
+      texts.push_back(&definition);
+    }
+    for (std::string_view& id : finding_.based_on) {
+      texts.push_back(&id);
+    }
     std::size_t size = 0;
-    for (const std::string_view* text : texts) size += text->size();
+    for (const std::string_view* text : texts) {
+      size += text->size();
+    }
     // Views look into it from here on: it must not move.
     texts_.clear();
     texts_.reserve(size);
@@ -171,19 +189,27 @@ RepeatedFindings::RepeatedFindings() : slots_(SLOTS) {}
 RepeatedFindings::~RepeatedFindings() = default;
 
 const Finding* RepeatedFindings::find(std::string_view line) {
-  if (line.size() < BEGINNING) return nullptr;
+  if (line.size() < BEGINNING) {
+    return nullptr;
+  }
   const Slot& slot = slot_of(hash_of_beginning(line));
   return slot.wording ? slot.wording->read(line) : nullptr;
 }
 
 void RepeatedFindings::learn(std::string_view line, const FindingParser& parser) {
-  if (line.size() < BEGINNING) return;
+  if (line.size() < BEGINNING) {
+    return;
+  }
   const std::uint64_t beginning = hash_of_beginning(line);
   Slot& slot = slot_of(beginning);
   // Most lines of an input without repetition are not worth a copy.
   const bool is_seen_again = std::exchange(slot.beginning, beginning) == beginning;
-  if (!is_seen_again || !Wording::fits(line, parser)) return;
-  if (!slot.wording) slot.wording = std::make_unique<Wording>();
+  if (!is_seen_again || !Wording::fits(line, parser)) {
+    return;
+  }
+  if (!slot.wording) {
+    slot.wording = std::make_unique<Wording>();
+  }
   slot.wording->set(line, parser, ++wordings_);
 }
 

@@ -13,18 +13,24 @@ std::string labelled_line(const std::string& indent, const std::string& label,
 }  // namespace
 
 std::string CollapsedAnalysisOutput::get_message_string(std::string indent) const {
-  if (outputs.empty()) return {};
+  if (outputs.empty()) {
+    return {};
+  }
   return labelled_line(indent, "Message", StringInterface().remove_endl(outputs[0]->message));
 }
 
 std::string CollapsedAnalysisOutput::get_remedy_string(std::string indent) const {
-  if (outputs.empty()) return {};
+  if (outputs.empty()) {
+    return {};
+  }
   return labelled_line(indent, "Remedy", StringInterface().remove_endl(outputs[0]->remedy));
 }
 
 std::string CollapsedAnalysisOutput::get_fwd_string(std::string indent, std::string label) const {
   std::string names;
-  for (const std::string& name : fwd_names) names += (names.empty() ? "" : ", ") + name;
+  for (const std::string& name : fwd_names) {
+    names += (names.empty() ? "" : ", ") + name;
+  }
   return labelled_line(indent, fwd_names.size() > 1 ? label + "s" : label, names);
 }
 

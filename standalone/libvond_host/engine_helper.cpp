@@ -12,7 +12,9 @@ using standalone::ReportFacts;
 
 std::string format_time(std::time_t time) {
   std::tm utc{};
-  if (gmtime_r(&time, &utc) == nullptr) return "unknown";
+  if (gmtime_r(&time, &utc) == nullptr) {
+    return "unknown";
+  }
   char text[64];
   const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &utc);
   return {text, length};
@@ -20,13 +22,17 @@ std::string format_time(std::time_t time) {
 
 std::string format_nodes(const ReportFacts& facts) {
   std::string seen = std::to_string(facts.nodes_seen);
-  if (!facts.examination) return seen;
+  if (!facts.examination) {
+    return seen;
+  }
   return std::to_string(facts.examination->nodes_examined) + " examined, " + seen + " with issues";
 }
 
 std::string format_inputs(const ReportFacts& facts) {
   std::string inputs;
-  for (const std::string& input : facts.inputs) inputs += (inputs.empty() ? "" : ", ") + input;
+  for (const std::string& input : facts.inputs) {
+    inputs += (inputs.empty() ? "" : ", ") + input;
+  }
   return inputs;
 }
 

@@ -13,14 +13,18 @@ std::string StringInterface::get_node_string(std::vector<std::vector<std::string
 
 std::string StringInterface::get_short_name(const std::string& name) const {
   const std::size_t end = name.find_last_not_of('/');
-  if (end == std::string::npos) return name;
+  if (end == std::string::npos) {
+    return name;
+  }
   const std::size_t slash = name.find_last_of('/', end);
   const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
   return name.substr(start, end + 1 - start);
 }
 
 std::string StringInterface::remove_endl(const std::string& text) const {
-  if (text.find('\n') == std::string::npos && text.find('\r') == std::string::npos) return text;
+  if (text.find('\n') == std::string::npos && text.find('\r') == std::string::npos) {
+    return text;
+  }
   constexpr char LINE_ENDS[] = "\r\n";
   constexpr char WHITE_SPACE[] = " \t\r\n";
   std::string line;

@@ -30,7 +30,9 @@ void write_line(OutputLog::Colors color, const std::string& text, int width,
 
 std::string join(const std::vector<std::string>& items) {
   std::string joined;
-  for (const std::string& item : items) joined += (joined.empty() ? "" : ", ") + item;
+  for (const std::string& item : items) {
+    joined += (joined.empty() ? "" : ", ") + item;
+  }
   return joined;
 }
 
@@ -67,14 +69,18 @@ void write_verdict(const std::string& lead, const PostprocessorExtensionData& da
 }
 
 std::size_t count_issues(const PostprocessorExtensionData& data, unsigned mask) {
-  if (!data.issues_by_mask) return 0;
+  if (!data.issues_by_mask) {
+    return 0;
+  }
   const auto issues = data.issues_by_mask->find(SeverityMask(mask));
   return issues == data.issues_by_mask->end() ? 0 : issues->second.size();
 }
 
 void append_count(std::string& text, std::size_t count, const std::string& singular,
                   const std::string& plural) {
-  if (count == 0) return;
+  if (count == 0) {
+    return;
+  }
   text += (text.empty() ? "" : ", ") + count_of(count, singular, plural);
 }
 
@@ -96,16 +102,24 @@ void write_band(const vocabulary::SeverityBand& band, const PostprocessorExtensi
 }
 
 void collect_failing(const FwdNode& node, std::vector<std::string>& names) {
-  if (!node.fwd->skipped && !node.fwd->passed) names.push_back(node.fwd->name);
+  if (!node.fwd->skipped && !node.fwd->passed) {
+    names.push_back(node.fwd->name);
+  }
   for (const FwdChildGroup& group : node.child_groups) {
-    for (const auto& child : group.children) collect_failing(*child, names);
+    for (const auto& child : group.children) {
+      collect_failing(*child, names);
+    }
   }
 }
 
 std::vector<std::string> failing_definitions(const PostprocessorExtensionData& data) {
   std::vector<std::string> names;
-  if (!data.fwd_root) return names;
-  for (const auto& root : data.fwd_root->roots) collect_failing(*root, names);
+  if (!data.fwd_root) {
+    return names;
+  }
+  for (const auto& root : data.fwd_root->roots) {
+    collect_failing(*root, names);
+  }
   return names;
 }
 
@@ -178,7 +192,9 @@ int UtilityFunctions::PrintEnd(const PostprocessorExtensionData& data) {
 
 int UtilityFunctions::GetDigits(int count) const {
   int digits = 1;
-  for (; count > 9; count /= 10) ++digits;
+  for (; count > 9; count /= 10) {
+    ++digits;
+  }
   return digits;
 }
 
@@ -186,7 +202,9 @@ std::string UtilityFunctions::get_usable_id(const std::string& id) {
   constexpr char BLANKS[] = " ";
   const std::string_view name = std::string_view(id).substr(0, id.find('#'));
   const std::size_t start = name.find_first_not_of(BLANKS);
-  if (start == std::string_view::npos) return id;
+  if (start == std::string_view::npos) {
+    return id;
+  }
   return std::string(name.substr(start, name.find_last_not_of(BLANKS) + 1 - start));
 }
 

@@ -30,7 +30,9 @@ SeverityBandBits band_of(int severity) {
   SeverityBandBits band{};
   for (const auto& [name, row] : vocabulary::SEVERITY_BANDS) {
     const auto& [lower, upper, bits] = row;
-    if (lower <= severity && severity <= upper) band = {upper, bits};
+    if (lower <= severity && severity <= upper) {
+      band = {upper, bits};
+    }
   }
   return band;
 }

@@ -31,10 +31,18 @@ struct Family {
 inline bool can_be_folded(std::string_view name) {
   static constexpr auto ALLOWED = [] {
     std::array<bool, 256> allowed = {};
-    for (char c = 'a'; c <= 'z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (char c = 'A'; c <= 'Z'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (char c = '0'; c <= '9'; ++c) allowed[static_cast<unsigned char>(c)] = true;
-    for (const char c : std::string_view("._:+=%-")) allowed[static_cast<unsigned char>(c)] = true;
+    for (char c = 'a'; c <= 'z'; ++c) {
+      allowed[static_cast<unsigned char>(c)] = true;
+    }
+    for (char c = 'A'; c <= 'Z'; ++c) {
+      allowed[static_cast<unsigned char>(c)] = true;
+    }
+    for (char c = '0'; c <= '9'; ++c) {
+      allowed[static_cast<unsigned char>(c)] = true;
+    }
+    for (const char c : std::string_view("._:+=%-")) {
+      allowed[static_cast<unsigned char>(c)] = true;
+    }
     return allowed;
   }();
   return !name.empty() && name.front() != '-' && std::all_of(name.begin(), name.end(), [](char c) {
@@ -46,7 +54,9 @@ inline bool can_be_folded(std::string_view name) {
 class NameSorter {
  public:
   void add(std::string_view name) {
-    if (add_to_last_family(name)) return;
+    if (add_to_last_family(name)) {
+      return;
+    }
     if (!can_be_folded(name)) {
       odd_names_.push_back(name);
       return;
@@ -60,10 +70,14 @@ class NameSorter {
 
   /// To be called after the last add().
   void settle() {
-    if (!table_.has_long_numbers()) return;
+    if (!table_.has_long_numbers()) {
+      return;
+    }
     table_.settle();
     for (auto& [structure, family] : families_) {
-      for (NumberKey& number : family.numbers) number = table_.settled(number);
+      for (NumberKey& number : family.numbers) {
+        number = table_.settled(number);
+      }
     }
   }
 
@@ -77,7 +91,9 @@ class NameSorter {
   /// Adds a name of the family of the name before, as most are, without taking it apart first;
   /// false when it is of another one.
   bool add_to_last_family(std::string_view name) {
-    if (family_ == families_.end()) return false;
+    if (family_ == families_.end()) {
+      return false;
+    }
     auto& [structure, family] = *family_;
     const std::size_t numbers_before = family.numbers.size();
     std::size_t at = 0;
@@ -92,7 +108,9 @@ class NameSorter {
       }
     }
     is_of_family = is_of_family && at == name.size();
-    if (!is_of_family) family.numbers.resize(numbers_before);
+    if (!is_of_family) {
+      family.numbers.resize(numbers_before);
+    }
     return is_of_family;
   }
 

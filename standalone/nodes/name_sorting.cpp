@@ -18,16 +18,24 @@ namespace {
 template <typename Item, typename KeyOf>
 void radix_sort(std::vector<Item>& items, std::vector<Item>& scratch, KeyOf key_of) {
   NumberKey varying = 0;
-  for (const Item item : items) varying |= key_of(item) ^ key_of(items.front());
+  for (const Item item : items) {
+    varying |= key_of(item) ^ key_of(items.front());
+  }
   // Bytes that are the same everywhere are left out: few are not, as names hold small numbers of a
   // few lengths.
   for (unsigned shift = 0; shift < 64; shift += 8) {
-    if (((varying >> shift) & 0xFFU) == 0) continue;
+    if (((varying >> shift) & 0xFFU) == 0) {
+      continue;
+    }
     const auto byte_of = [=](const Item item) { return (key_of(item) >> shift) & 0xFFU; };
     std::array<std::size_t, 257> starts = {};
-    for (const Item item : items) ++starts[byte_of(item) + 1];
+    for (const Item item : items) {
+      ++starts[byte_of(item) + 1];
+    }
     std::partial_sum(starts.begin(), starts.end(), starts.begin());
-    for (const Item item : items) scratch[starts[byte_of(item)]++] = item;
+    for (const Item item : items) {
+      scratch[starts[byte_of(item)]++] = item;
+    }
     items.swap(scratch);
   }
 }
@@ -53,12 +61,16 @@ bool sort_in_bitmap(std::vector<NumberKey>& numbers) {
   }
   std::size_t words = 0;
   for (Range& range : ranges) {
-    if (range.least > range.greatest) continue;
+    if (range.least > range.greatest) {
+      continue;
+    }
     range.first_word = words;
     range.words = (range.greatest - range.least) / BITS + 1;
     words += range.words;
   }
-  if (words > numbers.size()) return false;
+  if (words > numbers.size()) {
+    return false;
+  }
 
   std::vector<Word> bitmap(words);
   for (const NumberKey number : numbers) {
@@ -80,12 +92,16 @@ bool sort_in_bitmap(std::vector<NumberKey>& numbers) {
 }  // namespace
 
 void sort_names(std::vector<NumberKey>& numbers, std::size_t axes) {
-  if (axes == 1 && sort_in_bitmap(numbers)) return;
+  if (axes == 1 && sort_in_bitmap(numbers)) {
+    return;
+  }
   const auto less = [axes](const NumberKey* a, const NumberKey* b) {
     return std::lexicographical_compare(a, a + axes, b, b + axes);
   };
   std::vector<const NumberKey*> names;
-  for (std::size_t at = 0; at < numbers.size(); at += axes) names.push_back(&numbers[at]);
+  for (std::size_t at = 0; at < numbers.size(); at += axes) {
+    names.push_back(&numbers[at]);
+  }
   // Few names do not make up for the radix sort's tables.
   constexpr std::size_t FEW_NAMES = 256;
   if (names.size() < FEW_NAMES) {
@@ -100,7 +116,9 @@ void sort_names(std::vector<NumberKey>& numbers, std::size_t axes) {
   sorted.reserve(numbers.size());
   for (std::size_t i = 0; i < names.size(); ++i) {
     const bool is_new = i == 0 || less(names[i - 1], names[i]);
-    if (is_new) sorted.insert(sorted.end(), names[i], names[i] + axes);
+    if (is_new) {
+      sorted.insert(sorted.end(), names[i], names[i] + axes);
+    }
   }
   numbers = std::move(sorted);
 }

@@ -28,9 +28,13 @@ class NumberWriter {
   void append_numbers(std::span<const NumberKey> numbers, bool always_brackets,
                       std::string& text) const {
     const bool brackets = always_brackets || numbers.size() > 1;
-    if (brackets) text += '[';
+    if (brackets) {
+      text += '[';
+    }
     append_runs(numbers, text);
-    if (brackets) text += ']';
+    if (brackets) {
+      text += ']';
+    }
   }
 
  private:
@@ -54,12 +58,16 @@ class NumberWriter {
     Padding padding = padding_of(numbers[0]);
     for (std::size_t i = 1; i < numbers.size(); ++i) {
       const bool same_padding = fits(numbers[i], padding);
-      if (same_padding && table_.follows(numbers[i - 1], numbers[i])) continue;
+      if (same_padding && table_.follows(numbers[i - 1], numbers[i])) {
+        continue;
+      }
       append_run(numbers.subspan(first, i - first), text);
       text += ',';
       // After a single number its padding stays in force: 08,99,100 rather than 08,99-100, because
       // 99 can be one of the padded numbers as well.
-      if (!same_padding || i - first > 1) padding = padding_of(numbers[i]);
+      if (!same_padding || i - first > 1) {
+        padding = padding_of(numbers[i]);
+      }
       first = i;
     }
     append_run(numbers.subspan(first), text);
@@ -67,7 +75,9 @@ class NumberWriter {
 
   void append_run(std::span<const NumberKey> run, std::string& text) const {
     table_.append(run.front(), text);
-    if (run.size() == 1) return;
+    if (run.size() == 1) {
+      return;
+    }
     text += '-';
     table_.append(run.back(), text);
   }
@@ -86,7 +96,9 @@ std::vector<std::uint32_t> lowest_equal_index(std::size_t count, Less less) {
     const auto end =
         std::find_if(first, order.end(), [&](auto other) { return less(*first, other); });
     const std::uint32_t lowest_equal = *std::min_element(first, end);
-    for (; first != end; ++first) lowest[*first] = lowest_equal;
+    for (; first != end; ++first) {
+      lowest[*first] = lowest_equal;
+    }
   }
   return lowest;
 }
@@ -138,10 +150,14 @@ class FamilyFolder {
 
   void fold_last_axis() {
     lasts_.reserve(name_count());
-    for (std::size_t i = 0; i < name_count(); ++i) lasts_.push_back(name(i)[last_axis()]);
+    for (std::size_t i = 0; i < name_count(); ++i) {
+      lasts_.push_back(name(i)[last_axis()]);
+    }
     std::size_t first = 0;
     for (std::size_t i = 1; i <= name_count(); ++i) {
-      if (i < name_count() && std::equal(name(i), name(i) + last_axis(), name(first))) continue;
+      if (i < name_count() && std::equal(name(i), name(i) + last_axis(), name(first))) {
+        continue;
+      }
       groups_.push_back({name(first), std::span(lasts_).subspan(first, i - first)});
       first = i;
     }
@@ -154,7 +170,9 @@ class FamilyFolder {
     term_of_group_.resize(groups_.size());
     std::iota(term_of_group_.begin(), term_of_group_.end(), 0U);
     std::size_t fewest = groups_.size();
-    if (fewest == 1) return;
+    if (fewest == 1) {
+      return;
+    }
 
     // 1. Right of the last earlier axis are the sets of last numbers.
     std::vector<std::uint32_t> right = ids_of_lasts();
@@ -162,7 +180,9 @@ class FamilyFolder {
     // 2. From right to left, so that of equally good axes the rightmost is kept. An axis with one
     //    number everywhere can save nothing and makes no difference to what is right of others.
     for (std::size_t axis = last_axis(); axis-- > 0;) {
-      if (is_constant(axis)) continue;
+      if (is_constant(axis)) {
+        continue;
+      }
       std::vector<std::uint32_t> terms = fold_axis(axis, shared, right);
       const std::size_t count = count_terms(terms);
       if (count < fewest) {
@@ -179,7 +199,9 @@ class FamilyFolder {
     return lowest_equal_index(groups_.size(), [this](std::size_t a, std::size_t b) {
       const auto& x = groups_[a].lasts;
       const auto& y = groups_[b].lasts;
-      if (x.size() != y.size()) return x.size() < y.size();
+      if (x.size() != y.size()) {
+        return x.size() < y.size();
+      }
       return std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end());
     });
   }
@@ -217,7 +239,9 @@ class FamilyFolder {
     std::vector<std::uint64_t> sides(groups_.size());
     std::uint64_t left = 0;
     for (std::size_t i = 0; i < sides.size(); ++i) {
-      if (shared[i] < axis) ++left;
+      if (shared[i] < axis) {
+        ++left;
+      }
       sides[i] = (left << 32U) | right[i];
     }
     return lowest_equal_index(sides.size(), [&](auto a, auto b) { return sides[a] < sides[b]; });
@@ -225,7 +249,9 @@ class FamilyFolder {
 
   static std::size_t count_terms(const std::vector<std::uint32_t>& term_of_group) {
     std::size_t count = 0;
-    for (std::size_t i = 0; i < term_of_group.size(); ++i) count += term_of_group[i] == i ? 1 : 0;
+    for (std::size_t i = 0; i < term_of_group.size(); ++i) {
+      count += term_of_group[i] == i ? 1 : 0;
+    }
     return count;
   }
 
@@ -313,7 +339,9 @@ std::string fold_node_names(const std::vector<std::vector<std::string>>& node_li
   // 1. Sort the names into families.
   NameSorter names;
   for (const auto& list : node_lists) {
-    for (const std::string& name : list) names.add(name);
+    for (const std::string& name : list) {
+      names.add(name);
+    }
   }
   names.settle();
 
@@ -329,7 +357,9 @@ std::string fold_node_names(const std::vector<std::vector<std::string>>& node_li
 
   // 3. The names that cannot be folded.
   append_quoted_names(names.odd_names(), text);
-  if (text.empty()) return "none";
+  if (text.empty()) {
+    return "none";
+  }
   text.pop_back();
   return text;
 }

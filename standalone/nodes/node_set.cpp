@@ -63,8 +63,12 @@ std::int64_t difference(std::string_view low, std::string_view high) {
   std::int64_t result = 0;
   for (std::size_t i = 0; i < length; ++i) {
     result = 10 * result + digit(high, i) - digit(low, i);
-    if (result < 0) return -1;
-    if (result > static_cast<std::int64_t>(MAX_DIFFERENCE)) return MAX_DIFFERENCE;
+    if (result < 0) {
+      return -1;
+    }
+    if (result > static_cast<std::int64_t>(MAX_DIFFERENCE)) {
+      return MAX_DIFFERENCE;
+    }
   }
   return result;
 }
@@ -75,7 +79,9 @@ void add(std::uint64_t summand, std::string& digits) {
     summand += static_cast<std::uint64_t>(digits[i] - '0');
     digits[i] = static_cast<char>('0' + summand % 10);
   }
-  if (summand > 0) digits.insert(0, std::to_string(summand));
+  if (summand > 0) {
+    digits.insert(0, std::to_string(summand));
+  }
 }
 
 /// Reads a node set into its terms; the limits are kept as terms are read.
@@ -98,7 +104,9 @@ class NodeSetParser {
   bool is_next(char c) const { return !at_end() && text_[at_] == c; }
 
   bool skip(char c) {
-    if (!is_next(c)) return false;
+    if (!is_next(c)) {
+      return false;
+    }
     ++at_;
     return true;
   }
@@ -115,18 +123,30 @@ class NodeSetParser {
 
   std::string next_in_words() const {
     static constexpr std::string_view HEX_DIGITS = "0123456789ABCDEF";
-    if (at_end()) return std::string(END_OF_SET);
+    if (at_end()) {
+      return std::string(END_OF_SET);
+    }
     const char c = text_[at_];
-    if (c == ' ') return "a blank";
-    if (is_visible(c)) return in_quotes({&c, 1});
+    if (c == ' ') {
+      return "a blank";
+    }
+    if (is_visible(c)) {
+      return in_quotes({&c, 1});
+    }
     const auto byte = static_cast<unsigned char>(c);
     return std::string("the byte 0x") + HEX_DIGITS[byte >> 4U] + HEX_DIGITS[byte & 0xFU];
   }
 
   Term parse_term() {
-    if (is_next('\'')) return parse_quoted_name();
-    if (at_end() || is_next(',')) fail_here("a node name");
-    if (is_next('-')) fail_here("a name that begins otherwise, or one in single quotes");
+    if (is_next('\'')) {
+      return parse_quoted_name();
+    }
+    if (at_end() || is_next(',')) {
+      fail_here("a node name");
+    }
+    if (is_next('-')) {
+      fail_here("a name that begins otherwise, or one in single quotes");
+    }
     Term term;
     while (!at_end() && !is_next(',')) {
       term.push_back(is_next('[') ? parse_brackets() : parse_text());
@@ -146,7 +166,9 @@ class NodeSetParser {
   void check_name_character() const {
     static constexpr std::string_view WITH_OTHER_MEANING = "!&^@'";
     const char c = text_[at_];
-    if (c == ']') fail_here("\"[\" before it");
+    if (c == ']') {
+      fail_here("\"[\" before it");
+    }
     if (c == ' ' || is_control(c) || WITH_OTHER_MEANING.find(c) != std::string_view::npos) {
       fail_here("a name without it, or one in single quotes");
     }
@@ -171,12 +193,16 @@ class NodeSetParser {
       }
       term.push_back(text_part(text_.substr(at_, closing - at_)));
       at_ = closing;
-      if (text_.substr(at_, QUOTE_IN_NAME.size()) != QUOTE_IN_NAME) break;
+      if (text_.substr(at_, QUOTE_IN_NAME.size()) != QUOTE_IN_NAME) {
+        break;
+      }
       term.push_back(text_part(text_.substr(at_, 1)));
       at_ += QUOTE_IN_NAME.size();
     }
     ++at_;
-    if (!at_end() && !is_next(',')) fail_here("\",\" or the end after a name in single quotes");
+    if (!at_end() && !is_next(',')) {
+      fail_here("\",\" or the end after a name in single quotes");
+    }
     return term;
   }
 
@@ -215,13 +241,19 @@ class NodeSetParser {
   }
 
   void expect_end_of_range(std::string_view expected) const {
-    if (!is_next(',') && !is_next(']')) fail_here(expected);
+    if (!is_next(',') && !is_next(']')) {
+      fail_here(expected);
+    }
   }
 
   std::string_view parse_number() {
     const std::size_t start = at_;
-    while (!at_end() && is_digit(text_[at_])) ++at_;
-    if (at_ == start) fail_here("a number");
+    while (!at_end() && is_digit(text_[at_])) {
+      ++at_;
+    }
+    if (at_ == start) {
+      fail_here("a number");
+    }
     return text_.substr(start, at_ - start);
   }
 
@@ -229,7 +261,9 @@ class NodeSetParser {
   void check_padding(std::string_view first, std::string_view last, std::size_t start) const {
     const bool too_short = is_padded(first) && last.size() < first.size();
     const bool too_long = is_padded(last) && last.size() > first.size();
-    if (!too_short && !too_long) return;
+    if (!too_short && !too_long) {
+      return;
+    }
     fail("the range " + in_quotes(text_.substr(start, at_ - start)),
          "both numbers with the same leading zeros", start);
   }
@@ -239,7 +273,9 @@ class NodeSetParser {
     const std::string_view digits = parse_number();
     const std::uint64_t step =
         digits.size() > MAX_STEP_DIGITS ? 0 : std::stoull(std::string(digits));
-    if (step == 0) fail("the step " + in_quotes(digits), "1 to 999999999", start);
+    if (step == 0) {
+      fail("the step " + in_quotes(digits), "1 to 999999999", start);
+    }
     return step;
   }
 
@@ -258,7 +294,9 @@ class NodeSetParser {
 
   static void check_limit(std::uint64_t size, std::uint64_t limit, const std::string& unit,
                           std::size_t start) {
-    if (size <= limit) return;
+    if (size <= limit) {
+      return;
+    }
     const std::string most = std::to_string(limit);
     fail("more than " + most + " " + unit + " up to this name's end",
          "a node set of at most " + most, start);
@@ -287,14 +325,18 @@ std::vector<std::string> expand_ranges(const std::vector<Range>& ranges) {
 /// every text of `part` is added.
 std::vector<std::string> with_part(std::vector<std::string> names, const Part& part) {
   if (part.ranges.empty()) {
-    for (std::string& name : names) name += part.text;
+    for (std::string& name : names) {
+      name += part.text;
+    }
     return names;
   }
   const std::vector<std::string> numbers = expand_ranges(part.ranges);
   std::vector<std::string> longer;
   longer.reserve(names.size() * numbers.size());
   for (const std::string& name : names) {
-    for (const std::string& number : numbers) longer.push_back(name + number);
+    for (const std::string& number : numbers) {
+      longer.push_back(name + number);
+    }
   }
   return longer;
 }
@@ -305,7 +347,9 @@ std::vector<std::string> expand_node_set(std::string_view text) {
   std::vector<std::string> names;
   for (const Term& term : NodeSetParser(text).parse()) {
     std::vector<std::string> term_names(1);
-    for (const Part& part : term) term_names = with_part(std::move(term_names), part);
+    for (const Part& part : term) {
+      term_names = with_part(std::move(term_names), part);
+    }
     std::move(term_names.begin(), term_names.end(), std::back_inserter(names));
   }
   return names;

@@ -81,13 +81,17 @@ class NumberTable {
   }
 
   bool is_padded(NumberKey key) const {
-    if (is_long(key)) return long_numbers_[value_of(key)].front() == '0';
+    if (is_long(key)) {
+      return long_numbers_[value_of(key)].front() == '0';
+    }
     return length_of(key) > 1 && value_of(key) < SMALLEST_UNPADDED[length_of(key)];
   }
 
   /// Whether `next` is one more than `last`; for numbers of one padding.
   bool follows(NumberKey last, NumberKey next) const {
-    if (!is_long(next)) return value_of(next) == value_of(last) + 1;
+    if (!is_long(next)) {
+      return value_of(next) == value_of(last) + 1;
+    }
     std::string successor;
     append(last, successor);
     increment(successor);
@@ -110,7 +114,9 @@ class NumberTable {
  private:
   static constexpr auto SMALLEST_UNPADDED = [] {
     std::array<std::uint64_t, MAX_PACKED_DIGITS + 1> powers = {0, 1};
-    for (std::size_t i = 2; i < powers.size(); ++i) powers[i] = 10 * powers[i - 1];
+    for (std::size_t i = 2; i < powers.size(); ++i) {
+      powers[i] = 10 * powers[i - 1];
+    }
     return powers;
   }();
 

@@ -35,7 +35,9 @@ void mix(std::size_t& hash, std::string_view text) {
 
 void mix(std::size_t& hash, const std::vector<std::string_view>& texts) {
   mix(hash, texts.size());
-  for (const std::string_view text : texts) mix(hash, text);
+  for (const std::string_view text : texts) {
+    mix(hash, text);
+  }
 }
 
 bool same(const std::vector<std::string_view>& views, const std::vector<std::string>& strings) {
@@ -53,9 +55,13 @@ void count_nodes(CollapsedIssue& issue) {
     output.distinct_nodes = count_distinct(output.nodes);
   }
   issue.distinct_nodes = issue.outputs[0].distinct_nodes;
-  if (issue.outputs.size() == 1) return;
+  if (issue.outputs.size() == 1) {
+    return;
+  }
   std::vector<StringInterner::Id> nodes;
-  for (const CollapsedOutput& output : issue.outputs) append(nodes, output.nodes);
+  for (const CollapsedOutput& output : issue.outputs) {
+    append(nodes, output.nodes);
+  }
   issue.distinct_nodes = count_distinct(std::move(nodes));
 }
 
@@ -64,16 +70,22 @@ auto texts_of(const CollapsedOutput& output) {
 }
 
 bool stands_before(const CollapsedOutput& left, const CollapsedOutput& right) {
-  if (left.severity != right.severity) return left.severity > right.severity;
-  if (left.distinct_nodes != right.distinct_nodes)
+  if (left.severity != right.severity) {
+    return left.severity > right.severity;
+  }
+  if (left.distinct_nodes != right.distinct_nodes) {
     return left.distinct_nodes > right.distinct_nodes;
+  }
   return texts_of(left) < texts_of(right);
 }
 
 bool stands_before(const CollapsedIssue& left, const CollapsedIssue& right) {
-  if (left.severity != right.severity) return left.severity > right.severity;
-  if (left.distinct_nodes != right.distinct_nodes)
+  if (left.severity != right.severity) {
+    return left.severity > right.severity;
+  }
+  if (left.distinct_nodes != right.distinct_nodes) {
     return left.distinct_nodes > right.distinct_nodes;
+  }
   using Texts = std::tuple<const std::string&, std::string_view, const std::string&,
                            const std::string&, const std::string&, const std::vector<std::string>&,
                            const std::vector<std::string>&>;
@@ -107,9 +119,13 @@ void unite_outputs(CollapsedIssue& issue) {
 /// Makes the first message tell how many others stand behind it.
 void count_other_messages(CollapsedIssue& issue) {
   std::set<std::string_view> messages;
-  for (const CollapsedOutput& output : issue.outputs) messages.insert(output.message);
+  for (const CollapsedOutput& output : issue.outputs) {
+    messages.insert(output.message);
+  }
   const std::size_t others = messages.size() - 1;
-  if (others == 0) return;
+  if (others == 0) {
+    return;
+  }
   issue.outputs[0].message +=
       " (and " + std::to_string(others) + (others == 1 ? " other message)" : " other messages)");
 }
@@ -174,14 +190,20 @@ bool Collapser::is_of(const Key& key, const CollapsedIssue& issue) {
 void Collapser::add(const Finding& finding) {
   ++findings_;
   CollapsedOutput& output = issues_[issue_of(finding)].outputs[0];
-  for (const std::string_view node : finding.nodes) output.nodes.push_back(node_names_.id_of(node));
+  for (const std::string_view node : finding.nodes) {
+    output.nodes.push_back(node_names_.id_of(node));
+  }
   append(output.row_ids, finding.row_ids);
 }
 
 std::uint32_t Collapser::issue_of(const Finding& finding) {
-  if (finding.wording == Finding::UNKNOWN_WORDING) return find_issue(finding);
+  if (finding.wording == Finding::UNKNOWN_WORDING) {
+    return find_issue(finding);
+  }
   KnownWording& known = known_wordings_[finding.wording % known_wordings_.size()];
-  if (known.wording != finding.wording) known = {finding.wording, find_issue(finding)};
+  if (known.wording != finding.wording) {
+    known = {finding.wording, find_issue(finding)};
+  }
   return known.issue;
 }
 
@@ -198,10 +220,14 @@ std::uint32_t Collapser::find_issue(const Finding& finding) {
     const std::uint32_t issue = index_[place];
     if (issue == NO_ISSUE) {
       index_[place] = add_issue(key, hash);
-      if (2 * issues_.size() > index_.size()) grow_index();
+      if (2 * issues_.size() > index_.size()) {
+        grow_index();
+      }
       return static_cast<std::uint32_t>(issues_.size() - 1);
     }
-    if (hashes_[issue] == hash && is_of(key, issues_[issue])) return issue;
+    if (hashes_[issue] == hash && is_of(key, issues_[issue])) {
+      return issue;
+    }
   }
 }
 
@@ -210,7 +236,9 @@ void Collapser::grow_index() {
   std::vector<std::uint32_t> index(last_place + 1, NO_ISSUE);
   for (std::uint32_t issue = 0; issue < hashes_.size(); ++issue) {
     std::size_t place = hashes_[issue] & last_place;
-    while (index[place] != NO_ISSUE) place = (place + 1) & last_place;
+    while (index[place] != NO_ISSUE) {
+      place = (place + 1) & last_place;
+    }
     index[place] = issue;
   }
   index_ = std::move(index);
@@ -243,12 +271,16 @@ std::vector<CollapsedIssue> Collapser::finish(CollapseBy what) {
   if (what == CollapseBy::ID) {
     issues = merge_by_id(std::move(issues));
   } else {
-    for (CollapsedIssue& issue : issues) count_nodes(issue);
+    for (CollapsedIssue& issue : issues) {
+      count_nodes(issue);
+    }
   }
   std::sort(issues.begin(), issues.end(),
             [](const auto& left, const auto& right) { return stands_before(left, right); });
   for (CollapsedIssue& issue : issues) {
-    for (CollapsedOutput& output : issue.outputs) sort_unique(output.row_ids);
+    for (CollapsedOutput& output : issue.outputs) {
+      sort_unique(output.row_ids);
+    }
   }
   return issues;
 }

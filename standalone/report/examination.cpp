@@ -8,7 +8,9 @@ namespace vond::standalone {
 std::vector<std::string> Examination::not_examined(const StringInterner& nodes) const {
   std::vector<std::string> names;
   for (StringInterner::Id id = 0; id < nodes.size(); ++id) {
-    if (examined_.count(nodes[id]) == 0) names.push_back(nodes[id]);
+    if (!examined_.contains(nodes[id])) {
+      names.push_back(nodes[id]);
+    }
   }
   std::sort(names.begin(), names.end());
   return names;

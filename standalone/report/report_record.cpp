@@ -37,7 +37,9 @@ std::unordered_map<std::string_view, IssueCounts> count_by_definition(
   std::unordered_map<std::string_view, IssueCounts> counts;
   for (const CollapsedIssue& issue : collapsed) {
     const SeverityMask mask = band_mask(issue, fail_threshold) | count_code(issue.type);
-    for (const std::string& name : issue.definitions) ++counts[name][mask];
+    for (const std::string& name : issue.definitions) {
+      ++counts[name][mask];
+    }
   }
   return counts;
 }
@@ -46,7 +48,9 @@ std::unordered_map<std::string_view, IssueCounts> count_by_definition(
 template <typename Map>
 std::set<typename Map::key_type> keys_of(const Map& map) {
   std::set<typename Map::key_type> keys;
-  for (const auto& [key, value] : map) keys.insert(key);
+  for (const auto& [key, value] : map) {
+    keys.insert(key);
+  }
   return keys;
 }
 
@@ -82,7 +86,9 @@ Report::Report(Collapser& collapser, const RecordOptions& options) : Report() {
 }
 
 Report::~Report() {
-  for (Issue& issue : *issues_) issue.related_issues.clear();
+  for (Issue& issue : *issues_) {
+    issue.related_issues.clear();
+  }
 }
 
 bool Report::failed() const {
@@ -97,14 +103,20 @@ std::shared_ptr<Report::Issue> Report::issue(std::size_t number) const {
 void Report::relate_issues(const std::vector<CollapsedIssue>& collapsed) {
   std::unordered_map<std::string_view, std::vector<std::size_t>> observations;
   for (std::size_t number = 0; number < collapsed.size(); ++number) {
-    if (collapsed[number].type != DIAGNOSES) observations[collapsed[number].id].push_back(number);
+    if (collapsed[number].type != DIAGNOSES) {
+      observations[collapsed[number].id].push_back(number);
+    }
   }
   std::set<std::string> unknown;
   for (std::size_t number = 0; number < collapsed.size(); ++number) {
     for (const std::string& id : collapsed[number].based_on) {
       const auto found = observations.find(id);
-      if (found == observations.end()) unknown.insert(id);
-      if (found == observations.end() || collapsed[number].type != DIAGNOSES) continue;
+      if (found == observations.end()) {
+        unknown.insert(id);
+      }
+      if (found == observations.end() || collapsed[number].type != DIAGNOSES) {
+        continue;
+      }
       for (const std::size_t observation : found->second) {
         issue(number)->related_issues[Type::OBSERVATION].insert(issue(observation));
         issue(observation)->related_issues[Type::DIAGNOSIS].insert(issue(number));
@@ -135,7 +147,9 @@ void Report::hang_definitions(const std::vector<CollapsedIssue>& collapsed,
   const std::set<std::string_view> names = keys_of(counts);
   DefinitionTree tree =
       options.definitions ? DefinitionTree(*options.definitions, names) : DefinitionTree(names);
-  for (auto& [name, issue_counts] : counts) tree[name].issue_counts = std::move(issue_counts);
+  for (auto& [name, issue_counts] : counts) {
+    tree[name].issue_counts = std::move(issue_counts);
+  }
   tree.decide();
   record_.fwd_root = tree.hierarchy();
   unknown_definitions_ = tree.unknown_names();

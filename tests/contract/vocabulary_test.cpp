@@ -31,7 +31,9 @@ static_assert(std::is_same_v<decltype(SEVERITY_BANDS), std::map<std::string, Row
 template <typename Table>
 Numbers as_numbers(const Table& table) {
   Numbers numbers;
-  for (const auto& [name, value] : table) numbers[name] = static_cast<int>(value);
+  for (const auto& [name, value] : table) {
+    numbers[name] = static_cast<int>(value);
+  }
   return numbers;
 }
 
@@ -57,7 +59,9 @@ TEST(SeverityBands, AreOrderedByLowerBoundThenUpperBoundThenSeverityThenName) {
                                    {"d", {1, 3, Severity::INFORMATIONAL}},
                                    {"e", {0, 9, Severity::CRITICAL}}};
   std::vector<std::string> names;
-  for (const SeverityBand& band : descending_bands(table)) names.push_back(std::get<3>(band));
+  for (const SeverityBand& band : descending_bands(table)) {
+    names.push_back(std::get<3>(band));
+  }
   EXPECT_EQ(names, (std::vector<std::string>{"d", "c", "b", "a", "e"}));
 }
 

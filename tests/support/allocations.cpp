@@ -27,9 +27,13 @@ void* allocate(std::size_t size) noexcept {
     failed = true;
     return nullptr;
   }
-  if (too_large > 0 && size >= too_large) return nullptr;
+  if (too_large > 0 && size >= too_large) {
+    return nullptr;
+  }
   void* const memory = std::malloc(size == 0 ? 1 : size);
-  if (memory == nullptr) return nullptr;
+  if (memory == nullptr) {
+    return nullptr;
+  }
   ++live;
   if (blocks_recorded < MAX_BLOCKS) {
     blocks[blocks_recorded++] = {reinterpret_cast<std::uintptr_t>(memory), size};
@@ -39,12 +43,16 @@ void* allocate(std::size_t size) noexcept {
 
 void* allocate_or_throw(std::size_t size) {
   void* const memory = allocate(size);
-  if (memory == nullptr) throw std::bad_alloc();
+  if (memory == nullptr) {
+    throw std::bad_alloc();
+  }
   return memory;
 }
 
 void release(void* memory) noexcept {
-  if (memory == nullptr) return;
+  if (memory == nullptr) {
+    return;
+  }
   --live;
   std::free(memory);
 }
@@ -84,7 +92,9 @@ std::size_t allocation_ordinal(const void* address) {
   // From the last one: earlier blocks at this place have been released since.
   for (std::size_t ordinal = blocks_recorded; ordinal > 0; --ordinal) {
     const Block& block = blocks[ordinal - 1];
-    if (wanted >= block.begin && wanted < block.begin + block.size) return ordinal;
+    if (wanted >= block.begin && wanted < block.begin + block.size) {
+      return ordinal;
+    }
   }
   return 0;
 }

@@ -17,7 +17,9 @@ void flush_standard_error() {
 
 CapturedStandardError::CapturedStandardError()
     : file_(std::tmpfile()), original_(dup(STDERR_FILENO)) {
-  if (file_ == nullptr || original_ < 0) throw std::runtime_error("cannot capture standard error");
+  if (file_ == nullptr || original_ < 0) {
+    throw std::runtime_error("cannot capture standard error");
+  }
   flush_standard_error();
   dup2(fileno(file_), STDERR_FILENO);
 }
@@ -36,7 +38,9 @@ std::string CapturedStandardError::text() const {
   for (;;) {
     const ssize_t count =
         pread(fileno(file_), buffer, sizeof buffer, static_cast<off_t>(text.size()));
-    if (count <= 0) return text;
+    if (count <= 0) {
+      return text;
+    }
     text.append(buffer, static_cast<std::size_t>(count));
   }
 }

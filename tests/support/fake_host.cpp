@@ -26,7 +26,9 @@ void note_call(const std::string& operation) {
   if (call == 1 && operation == host.failing_operation) {
     throw std::runtime_error(operation + " failed");
   }
-  if (host.on_call) host.on_call(operation);
+  if (host.on_call) {
+    host.on_call(operation);
+  }
 }
 
 bool contains(const std::string& text, const std::string& part) {
@@ -57,8 +59,12 @@ void note_wrap(const std::string& operation, const std::string& text, int width,
   FakeHost& host = fake_host();
   note_call(operation);
   host.wraps.push_back(operation + "(" + text + ", " + std::to_string(width) + ", " + indent + ")");
-  if (contains(text, host.unwrappable_text)) throw std::runtime_error("wrapping failed");
-  if (contains(text, host.text_that_throws_an_int)) throw width;
+  if (contains(text, host.unwrappable_text)) {
+    throw std::runtime_error("wrapping failed");
+  }
+  if (contains(text, host.text_that_throws_an_int)) {
+    throw width;
+  }
 }
 
 }  // namespace
@@ -107,7 +113,9 @@ std::string space_wrap(const std::string& text, int width, const std::string& in
 std::string upper(std::string text) {
   note_call("upper");
   for (char& character : text) {
-    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
+    if (character >= 'a' && character <= 'z') {
+      character = static_cast<char>(character - 'a' + 'A');
+    }
   }
   return text;
 }
@@ -154,7 +162,9 @@ std::string StringInterface::get_node_string(std::vector<std::vector<std::string
   std::string text;
   for (const auto& list : node_lists) {
     text += "[";
-    for (const auto& name : list) text += name + ";";
+    for (const auto& name : list) {
+      text += name + ";";
+    }
     text += "]";
   }
   return text;

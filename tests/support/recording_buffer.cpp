@@ -10,7 +10,9 @@ std::streamsize RecordingBuffer::xsputn(const char* text, std::streamsize size) 
 }
 
 RecordingBuffer::int_type RecordingBuffer::overflow(int_type character) {
-  if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
+  if (traits_type::eq_int_type(character, traits_type::eof())) {
+    return 0;
+  }
   events.emplace_back(1, traits_type::to_char_type(character));
   return character;
 }

@@ -40,7 +40,9 @@ void relate(const Issue& diagnosis, const Issue& observation) {
 }
 
 void forget_relations(const std::vector<Issue>& issues) {
-  for (const Issue& issue : issues) issue->related_issues.clear();
+  for (const Issue& issue : issues) {
+    issue->related_issues.clear();
+  }
 }
 
 Node make_definition(const DefinitionParts& parts,
@@ -51,8 +53,12 @@ Node make_definition(const DefinitionParts& parts,
   node->fwd->name = parts.name;
   node->fwd->node = node.get();
   node->fwd->skipped = parts.skipped;
-  for (const auto& [mask, count] : parts.counts) node->fwd->issue_counts[mask] = count;
-  for (const auto& children : child_groups) node->child_groups.push_back({children});
+  for (const auto& [mask, count] : parts.counts) {
+    node->fwd->issue_counts[mask] = count;
+  }
+  for (const auto& children : child_groups) {
+    node->child_groups.push_back({children});
+  }
   return node;
 }
 

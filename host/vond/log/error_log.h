@@ -25,7 +25,9 @@ class ErrorLog {
   ErrorLog(const char* /*file*/, const char* /*function*/, unsigned int /*line*/, int priority)
       : level(priority) {
     // Numbers must read the same whatever locale the host has set; to look costs less than to set.
-    if (text.getloc() != std::locale::classic()) text.imbue(std::locale::classic());
+    if (text.getloc() != std::locale::classic()) {
+      text.imbue(std::locale::classic());
+    }
   }
 
   ErrorLog(const ErrorLog&) = delete;
@@ -33,7 +35,9 @@ class ErrorLog {
 
   /// Emits the report, an empty one too. An exception in here ends the program.
   ~ErrorLog() {
-    if (level > LOG_LEVEL) return;
+    if (level > LOG_LEVEL) {
+      return;
+    }
     if (LOG_OUTPUT == 0) {
       std::cerr << text.str() + "\n";
     } else {

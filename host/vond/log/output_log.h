@@ -34,7 +34,9 @@ class OutputLog {
     /// is wanted.
     void set_color(Colors color) {
       for (const OutputStream& destination : streams) {
-        if (color < 0) continue;
+        if (color < 0) {
+          continue;
+        }
         const auto index = static_cast<std::size_t>(color);
         if (index >= color_codes.size()) {
           std::cerr << "invalid color " + std::to_string(index) + "\n";
@@ -55,7 +57,9 @@ class OutputLog {
         const std::string content = statement.str();
         if (!content.empty()) {
           destination.stream->write(content.data(), static_cast<std::streamsize>(content.size()));
-          if (current_color >= 0 && destination.colored) *destination.stream << reset_code;
+          if (current_color >= 0 && destination.colored) {
+            *destination.stream << reset_code;
+          }
           destination.stream->flush();
         }
         current_color = NONE;
@@ -85,7 +89,9 @@ class OutputLog {
 
   /// Emits the text. An exception in here ends the program.
   ~OutputLog() {
-    if (singleton_obj) singleton_obj->flush(text);
+    if (singleton_obj) {
+      singleton_obj->flush(text);
+    }
   }
 
   template <typename Value>
@@ -103,8 +109,12 @@ class OutputLog {
  private:
   void prepare() {
     // Numbers must read the same whatever locale the host has set; to look costs less than to set.
-    if (text.getloc() != std::locale::classic()) text.imbue(std::locale::classic());
-    if (!singleton_obj) singleton_obj = std::make_unique<OutputLogStream>();
+    if (text.getloc() != std::locale::classic()) {
+      text.imbue(std::locale::classic());
+    }
+    if (!singleton_obj) {
+      singleton_obj = std::make_unique<OutputLogStream>();
+    }
   }
 };
 

@@ -144,7 +144,9 @@ TEST_F(AllocationFailureTest, OfACountLineEndsTheTreeBehindTheDefinitionsLine) {
   // Behind the band's name, which is short, the count line is the first that needs memory.
   std::unique_ptr<FailingAllocation> failing;
   host().on_call = [&failing](const std::string& operation) {
-    if (operation == "upper") failing = std::make_unique<FailingAllocation>(1);
+    if (operation == "upper") {
+      failing = std::make_unique<FailingAllocation>(1);
+    }
   };
   EXPECT_EQ(tree.print_full_tree(data), 1);
   failing.reset();

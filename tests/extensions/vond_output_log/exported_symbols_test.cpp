@@ -24,12 +24,16 @@ class SymbolTable {
     const auto header = at<Elf64_Ehdr>(0);
     for (std::size_t index = 0; index < header.e_shnum; ++index) {
       const Elf64_Shdr section = section_header(header, index);
-      if (section.sh_type != SHT_DYNSYM) continue;
+      if (section.sh_type != SHT_DYNSYM) {
+        continue;
+      }
       const Elf64_Shdr strings = section_header(header, section.sh_link);
       for (std::size_t offset = 0; offset < section.sh_size; offset += sizeof(Elf64_Sym)) {
         const auto symbol = at<Elf64_Sym>(section.sh_offset + offset);
         const bool is_local = ELF64_ST_BIND(symbol.st_info) == STB_LOCAL;
-        if (symbol.st_shndx == SHN_UNDEF || is_local) continue;
+        if (symbol.st_shndx == SHN_UNDEF || is_local) {
+          continue;
+        }
         names.insert(content_.data() + strings.sh_offset + symbol.st_name);
       }
     }

@@ -47,7 +47,9 @@ class ExtensionLibraryTest : public ::testing::Test {
     ASSERT_NE(factory_, nullptr) << dlerror();
   }
   void TearDown() override {
-    if (library_ != nullptr) dlclose(library_);
+    if (library_ != nullptr) {
+      dlclose(library_);
+    }
   }
 
   Extension create(Data& data) const { return Extension(factory_(data)); }
@@ -216,9 +218,13 @@ TEST_F(ExtensionLibraryTest, DeletingReleasesEveryPointee) {
       data.host_shared_7, data.host_shared_8, data.host_shared_9};
   Extension extension = create(data);
   data = Data();
-  for (const auto& pointee : pointees) EXPECT_EQ(pointee.use_count(), 1);
+  for (const auto& pointee : pointees) {
+    EXPECT_EQ(pointee.use_count(), 1);
+  }
   extension.reset();
-  for (const auto& pointee : pointees) EXPECT_TRUE(pointee.expired());
+  for (const auto& pointee : pointees) {
+    EXPECT_TRUE(pointee.expired());
+  }
 }
 
 /// Shows where the base keeps its record.

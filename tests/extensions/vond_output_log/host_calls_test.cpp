@@ -32,7 +32,9 @@ TEST_F(HostCallsTest, SectionWrapsItsTextsToTheLineWidthWithoutIndent) {
   EXPECT_EQ(VondOutputLog(data).PrintSection(false), 0);
   Wraps wraps;
   for (const std::string& wrap : host().wraps) {
-    if (wrap != "word_wrap(, 72, )") wraps.push_back(wrap);
+    if (wrap != "word_wrap(, 72, )") {
+      wraps.push_back(wrap);
+    }
   }
   EXPECT_EQ(wraps,
             (Wraps{"word_wrap(Issues contributing to FAIL\n, 72, )", "word_wrap(CRITICAL:\n, 72, )",

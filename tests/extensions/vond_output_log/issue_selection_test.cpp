@@ -47,7 +47,9 @@ TEST_F(IssueSelectionTest, FindsAnIndexEntryByBandAndTypeCodeInItsOrder) {
 }
 
 TEST_F(IssueSelectionTest, ThresholdMovesBandsBetweenEntries) {
-  for (const unsigned mask : {0U, 4U, 8U, 16U, 20U, 24U}) add_issues(data, mask, "id", 1);
+  for (const unsigned mask : {0U, 4U, 8U, 16U, 20U, 24U}) {
+    add_issues(data, mask, "id", 1);
+  }
   const auto& index = *data.issues_by_mask;
   data.fail_threshold = 25;
   EXPECT_EQ(find("critical", 0), index.at(24));
@@ -243,7 +245,9 @@ TEST_F(IssueSelectionTest, IssueOfAChildIsPrintedUnderItsParentOnlyIfItNamesThat
 
 // In a process of its own: the lookup adds a row to the band table, which all tests share.
 TEST_F(IssueSelectionTest, UnknownBandReadsAsARowOfZeros) {
-  for (const unsigned mask : {0U, 16U}) add_issues(data, mask, "id", 1);
+  for (const unsigned mask : {0U, 16U}) {
+    add_issues(data, mask, "id", 1);
+  }
   const auto& index = *data.issues_by_mask;
   EXPECT_EXIT(
       {

@@ -40,7 +40,9 @@ class ReportDriverTest : public FakeHostTest {
  protected:
   static std::vector<std::string> block_names() {
     std::vector<std::string> names;
-    for (const auto& [name, text] : host().blocks) names.push_back(name);
+    for (const auto& [name, text] : host().blocks) {
+      names.push_back(name);
+    }
     return names;
   }
 };

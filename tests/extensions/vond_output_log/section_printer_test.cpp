@@ -92,7 +92,9 @@ TEST_F(SectionPrinterTest, WritesDiagnosesAndObservationsOfABand) {
 }
 
 TEST_F(SectionPrinterTest, WritesTheBandsWorstFirstAndNumbersEveryGroupFromOne) {
-  for (const unsigned mask : {16U, 17U, 20U, 21U, 24U, 25U, 24U}) add_empty_issue(mask);
+  for (const unsigned mask : {16U, 17U, 20U, 21U, 24U, 25U, 24U}) {
+    add_empty_issue(mask);
+  }
   EXPECT_EQ(print(false),
             "Issues contributing to FAIL\n"
             "\n"
@@ -200,7 +202,9 @@ std::string lines_with(const std::string& text, const std::string& part) {
   for (std::size_t start = 0; start < text.size();) {
     const std::size_t end = text.find('\n', start) + 1;
     const std::string line = text.substr(start, end - start);
-    if (line.find(part) != std::string::npos) lines += line;
+    if (line.find(part) != std::string::npos) {
+      lines += line;
+    }
     start = end;
   }
   return lines;
@@ -267,7 +271,9 @@ TEST_F(SectionPrinterTest, EntryWithoutIssueAmongObservationsUsesItsNumberAndLea
 
 TEST_F(SectionPrinterTest, EntriesWithoutIssueCountForTheWidthOfTheNumbers) {
   add_empty_issue(24);
-  for (int entry = 0; entry < 9; ++entry) add_issue(data, 24, nullptr);
+  for (int entry = 0; entry < 9; ++entry) {
+    add_issue(data, 24, nullptr);
+  }
   EXPECT_EQ(print(false),
             "Issues contributing to FAIL\n"
             "\n"

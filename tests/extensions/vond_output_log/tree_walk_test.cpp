@@ -248,7 +248,9 @@ TEST_F(TreeWalkTest, PrefixOfOneCharacterIsStillARoots) {
 
 TEST_F(TreeWalkTest, GoesTwoHundredLevelsDeep) {
   Node node = plain("leaf");
-  for (int level = 0; level < 200; ++level) node = plain("n", {node});
+  for (int level = 0; level < 200; ++level) {
+    node = plain("n", {node});
+  }
   const std::string text = print({node});
   EXPECT_EQ(text.substr(text.size() - 812), "\n" + std::string(796, ' ') + "`-- leaf: PASS\n");
 }

@@ -28,7 +28,9 @@ struct Pipe {
 
 Pipe make_pipe() {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot make a pipe");
+  if (pipe2(ends, O_CLOEXEC) != 0) {
+    throw std::runtime_error("cannot make a pipe");
+  }
   return {ends[0], ends[1]};
 }
 
@@ -50,7 +52,9 @@ Pipe make_terminal(unsigned short columns) {
 std::vector<char*> pointers_to(std::vector<std::string>& words) {
   std::vector<char*> pointers;
   pointers.reserve(words.size() + 1);
-  for (std::string& word : words) pointers.push_back(word.data());
+  for (std::string& word : words) {
+    pointers.push_back(word.data());
+  }
   pointers.push_back(nullptr);
   return pointers;
 }
@@ -65,7 +69,9 @@ bool read_some(int descriptor, std::string& text, std::size_t most) {
   char block[65536];
   const ssize_t count = read(descriptor, block, std::min(sizeof block, most));
   // A terminal that nobody writes to any more tells an error.
-  if (count <= 0) return count < 0 && errno == EINTR;
+  if (count <= 0) {
+    return count < 0 && errno == EINTR;
+  }
   text.append(block, static_cast<std::size_t>(count));
   return true;
 }
@@ -157,18 +163,28 @@ Outcome Command::run() {
   const int output = open_output(output_reader);
   const Pipe errors = make_pipe();
   const pid_t process = fork();
-  if (process < 0) throw std::runtime_error("cannot start a process");
-  if (process == 0) become_program(input, output, errors.writing_end);
-  for (const int descriptor : {input, output, errors.writing_end}) close(descriptor);
+  if (process < 0) {
+    throw std::runtime_error("cannot start a process");
+  }
+  if (process == 0) {
+    become_program(input, output, errors.writing_end);
+  }
+  for (const int descriptor : {input, output, errors.writing_end}) {
+    close(descriptor);
+  }
   Outcome outcome;
   read_texts(process, output_reader, errors.reading_end, outcome);
   outcome.status = wait_for(process);
-  if (input_master_ >= 0) close(input_master_);
+  if (input_master_ >= 0) {
+    close(input_master_);
+  }
   return outcome;
 }
 
 int Command::open_input() {
-  if (!input_path_.empty()) return open(input_path_.c_str(), O_RDONLY | O_CLOEXEC);
+  if (!input_path_.empty()) {
+    return open(input_path_.c_str(), O_RDONLY | O_CLOEXEC);
+  }
   if (input_is_terminal_) {
     const Pipe terminal = make_terminal(80);
     input_master_ = terminal.reading_end;
@@ -178,15 +194,21 @@ int Command::open_input() {
   constexpr int LARGEST_PIPE = 1 << 20;
   fcntl(pipe.writing_end, F_SETPIPE_SZ, LARGEST_PIPE);
   const ssize_t count = write(pipe.writing_end, input_.data(), input_.size());
-  if (count != static_cast<ssize_t>(input_.size())) throw std::runtime_error("too much input");
+  if (count != static_cast<ssize_t>(input_.size())) {
+    throw std::runtime_error("too much input");
+  }
   close(pipe.writing_end);
   return pipe.reading_end;
 }
 
 int Command::open_output(int& reading_end) const {
-  if (output_ == Output::FILE) return open(output_path_.c_str(), O_WRONLY | O_CLOEXEC);
+  if (output_ == Output::FILE) {
+    return open(output_path_.c_str(), O_WRONLY | O_CLOEXEC);
+  }
   const Pipe pipe = output_ == Output::TERMINAL ? make_terminal(columns_) : make_pipe();
-  if (output_ == Output::NON_BLOCKING_PIPE) fcntl(pipe.writing_end, F_SETFL, O_NONBLOCK);
+  if (output_ == Output::NON_BLOCKING_PIPE) {
+    fcntl(pipe.writing_end, F_SETFL, O_NONBLOCK);
+  }
   reading_end = pipe.reading_end;
   return pipe.writing_end;
 }
@@ -195,14 +217,22 @@ void Command::become_program(int input, int output, int errors) const {
   dup2(input, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
   dup2(errors, STDERR_FILENO);
-  for (const int descriptor : closed_) close(descriptor);
-  if (!folder_.empty() && chdir(folder_.c_str()) != 0) _exit(NOT_STARTED);
+  for (const int descriptor : closed_) {
+    close(descriptor);
+  }
+  if (!folder_.empty() && chdir(folder_.c_str()) != 0) {
+    _exit(NOT_STARTED);
+  }
   std::vector<std::string> arguments = arguments_;
   arguments.insert(arguments.begin(), "vond-report");
   std::vector<std::string> environment;
   environment.reserve(environment_.size());
-  for (const auto& [name, value] : environment_) environment.push_back(name + "=" + value);
-  if (memory_limit_ != 0) limit_memory(memory_limit_);
+  for (const auto& [name, value] : environment_) {
+    environment.push_back(name + "=" + value);
+  }
+  if (memory_limit_ != 0) {
+    limit_memory(memory_limit_);
+  }
   execve(program_.c_str(), pointers_to(arguments).data(), pointers_to(environment).data());
   _exit(NOT_STARTED);
 }
@@ -213,9 +243,13 @@ void Command::read_texts(pid_t process, int output, int errors, Outcome& outcome
   bool is_signalled = signal_ == 0;
   const std::size_t most_bytes = most_bytes_.value_or(std::string::npos);
   while (sources[0].fd >= 0 || sources[1].fd >= 0) {
-    if (poll(sources, 2, -1) < 0) continue;
+    if (poll(sources, 2, -1) < 0) {
+      continue;
+    }
     for (std::size_t i = 0; i < 2; ++i) {
-      if (sources[i].revents == 0) continue;
+      if (sources[i].revents == 0) {
+        continue;
+      }
       const std::size_t most = i == 0 ? most_bytes - texts[i]->size() : std::string::npos;
       if (most == 0 || !read_some(sources[i].fd, *texts[i], most)) {
         close(sources[i].fd);

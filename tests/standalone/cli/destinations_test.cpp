@@ -30,8 +30,9 @@ class DestinationsTest : public ::testing::Test {
 
   Names output_names() const {
     Names names;
-    for (const auto& entry : fs::directory_iterator(outputs))
+    for (const auto& entry : fs::directory_iterator(outputs)) {
       names.push_back(entry.path().filename());
+    }
     return names;
   }
 
@@ -188,13 +189,17 @@ TEST_F(DestinationsTest, AFileThatCannotBeMadeIsAnErrorBeforeAnythingIsWritten) 
 }
 
 TEST_F(DestinationsTest, AFolderThatMayNotBeWrittenIsAnError) {
-  if (may_do_anything()) GTEST_SKIP() << "root may write everywhere";
+  if (may_do_anything()) {
+    GTEST_SKIP() << "root may write everywhere";
+  }
   chmod(outputs.c_str(), 0555);
   expect_refused(outputs + "/output", "Permission denied");
 }
 
 TEST_F(DestinationsTest, AFileThatMayNotBeWrittenIsNotReplaced) {
-  if (may_do_anything()) GTEST_SKIP() << "root may write everywhere";
+  if (may_do_anything()) {
+    GTEST_SKIP() << "root may write everywhere";
+  }
   const std::string output = folder.write("output", "old");
   chmod(output.c_str(), 0444);
   expect_refused(output, "Permission denied");

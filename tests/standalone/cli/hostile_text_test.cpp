@@ -23,7 +23,9 @@ constexpr Range HOSTILE[] = {
 
 bool is_hostile(unsigned code_point) {
   for (const auto& [first, last] : HOSTILE) {
-    if (first <= code_point && code_point <= last) return code_point != '\n';
+    if (first <= code_point && code_point <= last) {
+      return code_point != '\n';
+    }
   }
   return false;
 }
@@ -31,8 +33,9 @@ bool is_hostile(unsigned code_point) {
 std::vector<unsigned> hostile_characters() {
   std::vector<unsigned> characters;
   for (const auto& [first, last] : HOSTILE) {
-    for (unsigned character = first; character <= last; ++character)
+    for (unsigned character = first; character <= last; ++character) {
       characters.push_back(character);
+    }
   }
   return characters;
 }
@@ -40,9 +43,15 @@ std::vector<unsigned> hostile_characters() {
 std::string utf8(unsigned code_point) {
   const auto byte = [](unsigned value) { return static_cast<char>(value); };
   const auto rest = [&](unsigned shift) { return byte(0x80 | ((code_point >> shift) & 0x3F)); };
-  if (code_point < 0x80) return {byte(code_point)};
-  if (code_point < 0x800) return {byte(0xC0 | (code_point >> 6)), rest(0)};
-  if (code_point < 0x10000) return {byte(0xE0 | (code_point >> 12)), rest(6), rest(0)};
+  if (code_point < 0x80) {
+    return {byte(code_point)};
+  }
+  if (code_point < 0x800) {
+    return {byte(0xC0 | (code_point >> 6)), rest(0)};
+  }
+  if (code_point < 0x10000) {
+    return {byte(0xE0 | (code_point >> 12)), rest(6), rest(0)};
+  }
   return {byte(0xF0 | (code_point >> 18)), rest(12), rest(6), rest(0)};
 }
 
@@ -72,7 +81,9 @@ std::vector<unsigned> code_points(const std::string& text) {
                                : lead < 0xF0 ? 3
                                              : 4;
     unsigned point = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) point = (point << 6) | (byte(at + i) & 0x3F);
+    for (std::size_t i = 1; i < length; ++i) {
+      point = (point << 6) | (byte(at + i) & 0x3F);
+    }
     points.push_back(length == 0 ? 0x80 : point);
     at += length == 0 ? 1 : length;
   }
@@ -202,8 +213,12 @@ TEST_F(HostileDefinitionsTest, NoNameComesOutAsItIs) {
   for (const unsigned character : hostile_characters()) {
     for (const std::string& text : {utf8(character), json_escape(character)}) {
       // What JSON does not allow is an error of its own, below.
-      if (character < 0x20 && text.size() == 1) continue;
-      if (character == 0) continue;
+      if (character < 0x20 && text.size() == 1) {
+        continue;
+      }
+      if (character == 0) {
+        continue;
+      }
       const std::string number = std::to_string(list.size());
       list += std::string(list.empty() ? "" : ", ") + R"({"name": ")" + number + text + "\"}";
     }

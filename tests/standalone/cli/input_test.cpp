@@ -57,7 +57,9 @@ TEST_F(InputTest, AFileThatCannotBeReadIsNamed) {
 }
 
 TEST_F(InputTest, AFileThatMayNotBeReadIsNamed) {
-  if (geteuid() == 0) GTEST_SKIP() << "root may read everything";
+  if (geteuid() == 0) {
+    GTEST_SKIP() << "root may read everything";
+  }
   const std::string path = folder.write("findings", GOOD_LINE);
   std::filesystem::permissions(path, std::filesystem::perms::none);
   expect_error(run({path}), 2,
@@ -117,7 +119,9 @@ TEST_F(InputTest, KeepGoingTellsTheFirst20LinesAndCountsTheOthers) {
   std::string messages;
   for (int line = 2; line <= 23; ++line) {
     input += "{}\n";
-    if (line > 21) continue;
+    if (line > 21) {
+      continue;
+    }
     messages += "vond-report: error: <stdin>:" + std::to_string(line) +
                 ":1: the key \"id\" is missing, expected it in every finding\n";
   }
@@ -135,7 +139,9 @@ TEST_F(InputTest, KeepGoingTellsTheFirst20LinesAndCountsTheOthers) {
 
 TEST_F(InputTest, KeepGoingTellsOneMoreLineInTheSingular) {
   std::string input;
-  for (int line = 1; line <= 21; ++line) input += "{}\n";
+  for (int line = 1; line <= 21; ++line) {
+    input += "{}\n";
+  }
   const std::string errors = Command({"--keep-going"}).input(input).run().errors;
   EXPECT_EQ(errors.substr(errors.rfind("vond-report")),
             "vond-report: error: and 1 more line that cannot be used\n");

@@ -12,7 +12,9 @@ constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
 class MemoryTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (is_under_address_sanitizer()) GTEST_SKIP() << "the sanitizer needs the address space";
+    if (is_under_address_sanitizer()) {
+      GTEST_SKIP() << "the sanitizer needs the address space";
+    }
   }
 
   /// Runs with more and more memory and expects a message until there is enough for the report.
@@ -43,7 +45,9 @@ class MemoryTest : public ::testing::Test {
   /// Returns how much the program needs to start and to load its libraries.
   std::size_t least_memory() {
     std::size_t limit = MEBIBYTE;
-    while (Command({}).memory_limit(limit).run().status != 0) limit += MEBIBYTE / 2;
+    while (Command({}).memory_limit(limit).run().status != 0) {
+      limit += MEBIBYTE / 2;
+    }
     return limit;
   }
 };
@@ -59,7 +63,9 @@ TEST_F(MemoryTest, ManyFindings) {
 
 TEST_F(MemoryTest, AMessageThatIsLargerThanAllElse) {
   std::string message;
-  for (int i = 0; i < 200000; ++i) message += "word ";
+  for (int i = 0; i < 200000; ++i) {
+    message += "word ";
+  }
   expect_all_or_nothing(R"({"id": "a", "severity": 90, "message": ")" + message + "\"}");
 }
 

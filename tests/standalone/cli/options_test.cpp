@@ -91,7 +91,9 @@ TEST_F(OptionsTest, HelpIsWrittenToStandardOutput) {
 
 TEST_F(OptionsTest, HelpFitsATerminalOf80Columns) {
   std::istringstream help(HELP);
-  for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 79U) << line;
+  for (std::string line; std::getline(help, line);) {
+    EXPECT_LE(line.size(), 79U) << line;
+  }
 }
 
 TEST_F(OptionsTest, VersionIsWrittenToStandardOutput) {
@@ -212,7 +214,9 @@ TEST_F(OptionsTest, AWidthThatIsNoneIsAUsageError) {
 
 TEST_F(OptionsTest, AnyWidthIsGood) {
   EXPECT_EQ(report({"-w40"}), report({"--width=40"}));
-  for (const char* width : {"0", "1", "2", "999999999"}) EXPECT_NE(report({"-w", width}), "");
+  for (const char* width : {"0", "1", "2", "999999999"}) {
+    EXPECT_NE(report({"-w", width}), "");
+  }
 }
 
 TEST_F(OptionsTest, AModeThatIsNoneIsAUsageError) {

@@ -14,13 +14,17 @@ namespace {
 std::vector<std::string> lines_of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
   return lines;
 }
 
 std::string join(const std::vector<std::string>& lines) {
   std::string text;
-  for (const std::string& line : lines) text.append(line).append("\n");
+  for (const std::string& line : lines) {
+    text.append(line).append("\n");
+  }
   return text;
 }
 

@@ -11,13 +11,17 @@ namespace vond::test {
 
 std::string read_file(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path);
+  if (!file) {
+    throw std::runtime_error("cannot read " + path);
+  }
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 TemporaryFolder::TemporaryFolder()
     : path_((std::filesystem::temp_directory_path() / "vond_cli_test.XXXXXX").string()) {
-  if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("cannot make " + path_);
+  if (mkdtemp(path_.data()) == nullptr) {
+    throw std::runtime_error("cannot make " + path_);
+  }
 }
 
 TemporaryFolder::~TemporaryFolder() {

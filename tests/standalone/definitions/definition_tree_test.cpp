@@ -34,7 +34,9 @@ void draw(const FwdNode& node, const std::string& indent, std::string& text) {
   text += indent + node.fwd->name + (node.fwd->skipped ? " (skipped)" : "") + "\n";
   const bool one_group = node.child_groups.size() == 1 && !node.child_groups[0].children.empty();
   for (const FwdChildGroup& group : node.child_groups) {
-    if (!one_group) text += indent + "  group\n";
+    if (!one_group) {
+      text += indent + "  group\n";
+    }
     for (const auto& child : group.children) {
       draw(*child, indent + (one_group ? "  " : "    "), text);
     }
@@ -45,7 +47,9 @@ void draw(const FwdNode& node, const std::string& indent, std::string& text) {
 /// group unless it is the only one and has children.
 std::string picture(const DefinitionTree& tree) {
   std::string text;
-  for (const auto& root : tree.hierarchy()->roots) draw(*root, "", text);
+  for (const auto& root : tree.hierarchy()->roots) {
+    draw(*root, "", text);
+  }
   return text;
 }
 
@@ -63,14 +67,18 @@ std::string message_of_error(const Names& names) {
 /// Returns "d/d/…/d".
 std::string name_of_depth(int depth) {
   std::string name = "d";
-  for (int level = 2; level <= depth; ++level) name += "/d";
+  for (int level = 2; level <= depth; ++level) {
+    name += "/d";
+  }
   return name;
 }
 
 int depth_of(const FwdNode& node) {
   int deepest = 0;
   for (const FwdChildGroup& group : node.child_groups) {
-    for (const auto& child : group.children) deepest = std::max(deepest, depth_of(*child));
+    for (const auto& child : group.children) {
+      deepest = std::max(deepest, depth_of(*child));
+    }
   }
   return deepest + 1;
 }
@@ -212,9 +220,13 @@ TEST(SpelledTree, DepthCountsNoSlashThatMakesNoParent) {
 TEST(SpelledTree, ANameThatIsTooDeepIsCutBetweenCharacters) {
   // Byte 60 is in the middle of the character after it.
   std::string name = "d/\xC3\xA4";
-  for (int level = 2; level <= 300; ++level) name += "/\xC3\xA4";
+  for (int level = 2; level <= 300; ++level) {
+    name += "/\xC3\xA4";
+  }
   std::string shown = "d";
-  for (int level = 2; level <= 20; ++level) shown += "/\xC3\xA4";
+  for (int level = 2; level <= 20; ++level) {
+    shown += "/\xC3\xA4";
+  }
   EXPECT_EQ(message_of_error({name}),
             "definition \"" + shown + "/…\" is 301 levels deep, expected at most 256");
 }

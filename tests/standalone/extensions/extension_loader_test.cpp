@@ -62,7 +62,9 @@ class ExtensionLoader : public testing::Test {
   /// Returns whether the process still holds the library.
   static bool is_loaded(const std::string& path) {
     void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    if (library != nullptr) dlclose(library);
+    if (library != nullptr) {
+      dlclose(library);
+    }
     return library != nullptr;
   }
 

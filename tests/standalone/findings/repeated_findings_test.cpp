@@ -27,9 +27,13 @@ std::string text_of(const Finding& finding) {
   }
   for (const auto* parts : {&finding.nodes, &finding.definitions, &finding.based_on}) {
     text += "|";
-    for (const auto part : *parts) text.append(part).append(";");
+    for (const auto part : *parts) {
+      text.append(part).append(";");
+    }
   }
-  for (const int row_id : finding.row_ids) text.append("|").append(std::to_string(row_id));
+  for (const int row_id : finding.row_ids) {
+    text.append("|").append(std::to_string(row_id));
+  }
   return text;
 }
 
@@ -78,7 +82,9 @@ Reading read(const std::string& content) {
 
 std::string joined(const Texts& lines) {
   std::string content;
-  for (const std::string& line : lines) content += line + "\n";
+  for (const std::string& line : lines) {
+    content += line + "\n";
+  }
   return content;
 }
 
@@ -97,8 +103,12 @@ Reading read_one_by_one(const Texts& lines) {
 
 /// A line with `%` for the node and `#` for the row id.
 std::string filled(std::string line, const std::string& node, const std::string& row_id) {
-  if (const auto at = line.find('%'); at != std::string::npos) line.replace(at, 1, node);
-  if (const auto at = line.find('#'); at != std::string::npos) line.replace(at, 1, row_id);
+  if (const auto at = line.find('%'); at != std::string::npos) {
+    line.replace(at, 1, node);
+  }
+  if (const auto at = line.find('#'); at != std::string::npos) {
+    line.replace(at, 1, row_id);
+  }
   return line;
 }
 
@@ -271,7 +281,9 @@ TEST(RepeatedFindings, OfOneWordingHaveOneNumber) {
   }
   const std::vector<std::uint64_t> wordings = read(joined(lines)).wordings;
   ASSERT_EQ(wordings.size(), 8U);
-  for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(wordings[i], Finding::UNKNOWN_WORDING);
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(wordings[i], Finding::UNKNOWN_WORDING);
+  }
   EXPECT_NE(wordings[4], Finding::UNKNOWN_WORDING);
   EXPECT_NE(wordings[5], Finding::UNKNOWN_WORDING);
   EXPECT_NE(wordings[4], wordings[5]);

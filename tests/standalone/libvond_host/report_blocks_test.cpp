@@ -424,7 +424,9 @@ TEST_F(Summary, ShowsAVerdictInDoubtInYellowUnlessItFails) {
 }
 
 TEST_F(Summary, WrapsUnderItsLines) {
-  for (const unsigned mask : {24U, 25U, 26U}) add_issue(data, mask, make_issue({.id = "id"}));
+  for (const unsigned mask : {24U, 25U, 26U}) {
+    add_issue(data, mask, make_issue({.id = "id"}));
+  }
   for (const std::string name : {"compute", "compute/gpu", "fabric", "fabric/links", "storage"}) {
     data.fwd_root->roots.push_back(make_definition({.name = name, .passed = false}));
   }

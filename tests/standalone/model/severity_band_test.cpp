@@ -16,7 +16,9 @@ TEST(BandOf, EveryPlaceOnTheScaleLiesInOneBand) {
   for (int severity = 0; severity <= 24; ++severity) {
     expect_band(severity, 24, Severity::INFORMATIONAL);
   }
-  for (int severity = 25; severity <= 74; ++severity) expect_band(severity, 74, Severity::WARNING);
+  for (int severity = 25; severity <= 74; ++severity) {
+    expect_band(severity, 74, Severity::WARNING);
+  }
   for (int severity = 75; severity <= 100; ++severity) {
     expect_band(severity, 100, Severity::CRITICAL);
   }

@@ -44,7 +44,9 @@ TEST(StringInterner, KeepsStringsWhoseSourceIsGone) {
 TEST(StringInterner, NeverMovesAString) {
   StringInterner strings;
   const std::string& first = strings[strings.id_of("n0")];
-  for (int number = 1; number < 10000; ++number) strings.id_of("n" + std::to_string(number));
+  for (int number = 1; number < 10000; ++number) {
+    strings.id_of("n" + std::to_string(number));
+  }
   EXPECT_EQ(&strings[0], &first);
   EXPECT_EQ(first, "n0");
   EXPECT_EQ(strings.id_of("n0"), 0U);

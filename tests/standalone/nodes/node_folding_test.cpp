@@ -30,7 +30,9 @@ using Names = std::vector<std::string>;
 std::string fold(const std::string& names) {
   std::istringstream words(names);
   Names list;
-  for (std::string name; words >> name;) list.push_back(name);
+  for (std::string name; words >> name;) {
+    list.push_back(name);
+  }
   return fold_node_names({list});
 }
 
@@ -126,7 +128,9 @@ void expect_run_over_growth_from(std::size_t digits) {
 }
 
 TEST(NodeFolding, RunsOverTheLengthWhereNumbersNoLongerFitAMachineWord) {
-  for (std::size_t digits = 15; digits < 22; ++digits) expect_run_over_growth_from(digits);
+  for (std::size_t digits = 15; digits < 22; ++digits) {
+    expect_run_over_growth_from(digits);
+  }
 }
 
 TEST(NodeFolding, SortsFamiliesByTheirPatterns) {
@@ -221,7 +225,9 @@ TEST(NodeFolding, SortsQuotedNamesByBytesAfterAllOthers) {
 
 TEST(NodeFolding, TakesManyAxes) {
   std::string fixed;
-  for (int axis = 0; axis < 300; ++axis) fixed.append("x").append(std::to_string(axis));
+  for (int axis = 0; axis < 300; ++axis) {
+    fixed.append("x").append(std::to_string(axis));
+  }
   const auto name = [&](int a, int b) {
     return std::string("c").append(std::to_string(a)) + fixed + "n" + std::to_string(b);
   };
@@ -267,17 +273,23 @@ class RandomNames {
     const unsigned axes = below(4);
     std::string name = below(6) == 0 ? "" : "n";
     for (unsigned axis = 0; axis < axes; ++axis) {
-      if (axis > 0) name += WORDS[below(3)];
+      if (axis > 0) {
+        name += WORDS[below(3)];
+      }
       name += number(span);
     }
-    if (name.empty() || below(4) == 0) name += WORDS[below(WORDS.size())];
+    if (name.empty() || below(4) == 0) {
+      name += WORDS[below(WORDS.size())];
+    }
     return name.front() == '-' ? "n" + name : name;
   }
 
   std::string odd_name() {
     static constexpr std::string_view CHARACTERS = "n1'\\[]-, $!@\xC3\xA9";
     std::string name(below(5), ' ');
-    for (char& c : name) c = CHARACTERS[below(CHARACTERS.size())];
+    for (char& c : name) {
+      c = CHARACTERS[below(CHARACTERS.size())];
+    }
     return name;
   }
 
@@ -291,7 +303,9 @@ TEST(NodeFolding, UnfoldsToTheSameNamesEachOnce) {
     const Names names = RandomNames(seed).list(true);
     const std::string folded = fold_node_names({names});
     EXPECT_THAT(expand_node_set(folded), UnorderedElementsAreArray(as_set(names))) << folded;
-    if (HasFailure()) break;
+    if (HasFailure()) {
+      break;
+    }
   }
 }
 
@@ -313,7 +327,9 @@ TEST(NodeFolding, FoldsManyNamesInAnyOrder) {
   }
   for (unsigned seed = 0; seed < 5; ++seed) {
     RandomNames random(seed);
-    for (Names* names : {&one_axis, &growing, &two_axes}) random.shuffle(*names);
+    for (Names* names : {&one_axis, &growing, &two_axes}) {
+      random.shuffle(*names);
+    }
     EXPECT_EQ(fold_node_names({one_axis}), "node[00000-02999]");
     EXPECT_EQ(fold_node_names({growing, growing}), "n[0-2999]");
     EXPECT_EQ(fold_node_names({two_axes}), "r[00-29]n[1-100]");
@@ -367,12 +383,16 @@ Names expand_with_nodeset(const std::string& folded) {
   }
   std::istringstream lines(output);
   Names names;
-  for (std::string name; std::getline(lines, name);) names.push_back(name);
+  for (std::string name; std::getline(lines, name);) {
+    names.push_back(name);
+  }
   return names;
 }
 
 TEST(NodeFolding, IsReadByClusterShellAsItWasMeant) {
-  if (std::system("nodeset --version >/dev/null 2>&1") != 0) GTEST_SKIP() << "no nodeset here";
+  if (std::system("nodeset --version >/dev/null 2>&1") != 0) {
+    GTEST_SKIP() << "no nodeset here";
+  }
   for (unsigned seed = 0; seed < 10; ++seed) {
     const Names names = RandomNames(seed).list(false);
     const std::string folded = fold_node_names({names});

@@ -224,7 +224,9 @@ TEST(NodeSet, RefusesMoreNamesBeforeItExpandsAny) {
   const std::string huge(100, '9');
   EXPECT_EQ(error_of("n[1-" + huge + "/999999999]"), "0: " + message);
   std::string product;
-  for (int i = 0; i < 100; ++i) product += "[0-" + huge + "]";
+  for (int i = 0; i < 100; ++i) {
+    product += "[0-" + huge + "]";
+  }
   EXPECT_EQ(error_of(product), "0: " + message);
 }
 

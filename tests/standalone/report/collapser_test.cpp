@@ -45,14 +45,18 @@ std::string name_of(TypeCode type) {
 template <typename Items>
 std::string list(const Items& items) {
   std::string text = "{";
-  for (const auto& item : items) text += (text.size() == 1 ? "" : " ") + std::string(item);
+  for (const auto& item : items) {
+    text += (text.size() == 1 ? "" : " ") + std::string(item);
+  }
   return text + "}";
 }
 
 std::string list(const std::vector<int>& numbers) {
   std::vector<std::string> items;
   items.reserve(numbers.size());
-  for (const int number : numbers) items.push_back(std::to_string(number));
+  for (const int number : numbers) {
+    items.push_back(std::to_string(number));
+  }
   return list(items);
 }
 
@@ -61,8 +65,12 @@ enum class NodeOrder { AS_COLLAPSED, SORTED };
 std::vector<std::string> nodes_of(const CollapsedOutput& output, const Collapser& collapser,
                                   NodeOrder order) {
   std::vector<std::string> names;
-  for (const auto node : output.nodes) names.push_back(collapser.node_names()[node]);
-  if (order == NodeOrder::SORTED) std::sort(names.begin(), names.end());
+  for (const auto node : output.nodes) {
+    names.push_back(collapser.node_names()[node]);
+  }
+  if (order == NodeOrder::SORTED) {
+    std::sort(names.begin(), names.end());
+  }
   return names;
 }
 
@@ -89,7 +97,9 @@ std::string picture(const std::vector<CollapsedIssue>& issues, const Collapser& 
 std::string collapse(const std::vector<FindingParts>& findings, CollapseBy what = CollapseBy::TEXT,
                      NodeOrder order = NodeOrder::AS_COLLAPSED) {
   Collapser collapser;
-  for (const FindingParts& finding : findings) collapser.add(make_finding(finding));
+  for (const FindingParts& finding : findings) {
+    collapser.add(make_finding(finding));
+  }
   return picture(collapser.finish(what), collapser, order);
 }
 
@@ -97,7 +107,9 @@ std::string collapse(const std::vector<FindingParts>& findings, CollapseBy what 
 template <typename Word>
 std::string order_of(const std::vector<FindingParts>& findings, Word word) {
   Collapser collapser;
-  for (const FindingParts& finding : findings) collapser.add(make_finding(finding));
+  for (const FindingParts& finding : findings) {
+    collapser.add(make_finding(finding));
+  }
   std::vector<std::string> words;
   for (const CollapsedIssue& issue : collapser.finish(CollapseBy::TEXT)) {
     words.push_back(word(issue));
@@ -519,7 +531,9 @@ TEST(CollapseById, TheFirstMessageTellsOfManyOthers) {
   std::string others;
   for (std::size_t i = 0; i < letters.size(); ++i) {
     findings.push_back({.message = std::string_view(letters).substr(i, 1)});
-    if (i > 0) others += "  50 |" + letters.substr(i, 1) + "|, nodes {}, rows {}\n";
+    if (i > 0) {
+      others += "  50 |" + letters.substr(i, 1) + "|, nodes {}, rows {}\n";
+    }
   }
   EXPECT_EQ(collapse(findings, CollapseBy::ID),
             "observation id 50 on 0, definitions {}, based on {}\n"
@@ -615,7 +629,9 @@ class FindingSource {
   std::vector<FindingParts> draw(std::size_t count) {
     std::vector<FindingParts> findings;
     findings.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) findings.push_back(draw_one());
+    for (std::size_t i = 0; i < count; ++i) {
+      findings.push_back(draw_one());
+    }
     return findings;
   }
 
@@ -635,7 +651,9 @@ class FindingSource {
   template <typename Value>
   std::vector<Value> some_of(const std::vector<Value>& values) {
     std::vector<Value> some(below(3));
-    for (Value& value : some) value = one_of(values);
+    for (Value& value : some) {
+      value = one_of(values);
+    }
     return some;
   }
   FindingParts draw_one() {
@@ -703,7 +721,9 @@ bool comes_before(const ModelIssue& left, const ModelIssue& right) {
 
 std::size_t count_messages(const ModelIssue& issue) {
   Names messages;
-  for (const auto& [texts, output] : issue.outputs) messages.insert(std::get<0>(texts));
+  for (const auto& [texts, output] : issue.outputs) {
+    messages.insert(std::get<0>(texts));
+  }
   return messages.size();
 }
 
@@ -724,7 +744,9 @@ std::string picture(const ModelIssue& issue, NodeOrder order) {
                      list(issue.definitions) + ", based on " + list(issue.based_on) + "\n";
   for (auto& [texts, output] : outputs) {
     const auto& [message, remedy, category] = texts;
-    if (order == NodeOrder::SORTED) std::sort(output.nodes.begin(), output.nodes.end());
+    if (order == NodeOrder::SORTED) {
+      std::sort(output.nodes.begin(), output.nodes.end());
+    }
     text += "  " + std::to_string(output.severity) + " " + category + "|" + message + "|" + remedy +
             ", nodes " + list(output.nodes) + ", rows " +
             list(std::vector<int>(output.row_ids.begin(), output.row_ids.end())) + "\n";
@@ -754,10 +776,14 @@ std::string model_collapse(const std::vector<FindingParts>& findings, CollapseBy
   }
   std::vector<ModelIssue> issues;
   issues.reserve(by_key.size());
-  for (const auto& [key, issue] : by_key) issues.push_back(issue);
+  for (const auto& [key, issue] : by_key) {
+    issues.push_back(issue);
+  }
   std::sort(issues.begin(), issues.end(), comes_before);
   std::string text;
-  for (const ModelIssue& issue : issues) text += picture(issue, order);
+  for (const ModelIssue& issue : issues) {
+    text += picture(issue, order);
+  }
   return text;
 }
 

@@ -56,14 +56,18 @@ RecordOptions with_definitions(const std::vector<DefinitionSpec>& definitions) {
 std::unique_ptr<Report> make_report(const Findings& findings,
                                     const RecordOptions& options = with_threshold(75)) {
   Collapser collapser;
-  for (const FindingParts& finding : findings) collapser.add(make_finding(finding));
+  for (const FindingParts& finding : findings) {
+    collapser.add(make_finding(finding));
+  }
   return std::make_unique<Report>(collapser, options);
 }
 
 template <typename Map>
 Counts counts_of(const Map& map) {
   Counts counts;
-  for (const auto& [mask, count] : map) counts[static_cast<unsigned>(mask.to_ulong())] = count;
+  for (const auto& [mask, count] : map) {
+    counts[static_cast<unsigned>(mask.to_ulong())] = count;
+  }
   return counts;
 }
 
@@ -72,7 +76,9 @@ std::string index_of(const PostprocessorExtensionData& record) {
   std::string text;
   for (const auto& [mask, issues] : *record.issues_by_mask) {
     text += std::to_string(mask.to_ulong()) + ":";
-    for (const Issue& issue : issues) text += " " + issue->get_id();
+    for (const Issue& issue : issues) {
+      text += " " + issue->get_id();
+    }
     text += "\n";
   }
   return text;
@@ -90,7 +96,9 @@ std::vector<Issue> issues_of(const PostprocessorExtensionData& record) {
 Issue find_issue(const PostprocessorExtensionData& record, const std::string& id) {
   Issue found;
   for (const Issue& issue : issues_of(record)) {
-    if (issue->get_id() != id) continue;
+    if (issue->get_id() != id) {
+      continue;
+    }
     EXPECT_EQ(found, nullptr) << id << " is there twice";
     found = issue;
   }
@@ -108,10 +116,14 @@ std::string related(const Issue& issue, Type type) {
 }
 
 const Fwd* find_below(const FwdNode& node, const std::string& name) {
-  if (node.fwd->name == name) return node.fwd.get();
+  if (node.fwd->name == name) {
+    return node.fwd.get();
+  }
   for (const auto& group : node.child_groups) {
     for (const auto& child : group.children) {
-      if (const Fwd* const found = find_below(*child, name)) return found;
+      if (const Fwd* const found = find_below(*child, name)) {
+        return found;
+      }
     }
   }
   return nullptr;
@@ -119,7 +131,9 @@ const Fwd* find_below(const FwdNode& node, const std::string& name) {
 
 Fwd find_definition(const PostprocessorExtensionData& record, const std::string& name) {
   for (const auto& root : record.fwd_root->roots) {
-    if (const Fwd* const found = find_below(*root, name)) return *found;
+    if (const Fwd* const found = find_below(*root, name)) {
+      return *found;
+    }
   }
   ADD_FAILURE() << name << " is not there";
   return {};
@@ -346,7 +360,9 @@ TEST(Verdict, AnIssueOfASkippedDefinitionFailsToo) {
 
 TEST(Definitions, CountTheIssuesThatNameThem) {
   Findings findings = one_of_each();
-  for (FindingParts& finding : findings) finding.definitions = {"a"};
+  for (FindingParts& finding : findings) {
+    finding.definitions = {"a"};
+  }
   const auto report = make_report(findings, with_threshold(75));
   EXPECT_EQ(counts_of(find_definition(report->record(), "a").issue_counts),
             (Counts{{0, 1}, {3, 2}, {4, 1}, {7, 2}, {24, 1}, {27, 2}}));
@@ -354,7 +370,9 @@ TEST(Definitions, CountTheIssuesThatNameThem) {
 
 TEST(Definitions, CountUnderTheFailBitThatTheThresholdGives) {
   Findings findings = one_of_each();
-  for (FindingParts& finding : findings) finding.definitions = {"a"};
+  for (FindingParts& finding : findings) {
+    finding.definitions = {"a"};
+  }
   const auto report = make_report(findings, with_threshold(0));
   EXPECT_EQ(counts_of(find_definition(report->record(), "a").issue_counts),
             (Counts{{16, 1}, {19, 2}, {20, 1}, {23, 2}, {24, 1}, {27, 2}}));
@@ -396,7 +414,9 @@ TEST(Definitions, ThatTheFileLacksAreToldAndBecomeRoots) {
                                   with_definitions({{"b", false, {}}, {"a", false, {}}}));
   EXPECT_EQ(report->unknown_definitions(), (Strings{"b/c", "z"}));
   Strings roots;
-  for (const auto& root : report->record().fwd_root->roots) roots.push_back(root->fwd->name);
+  for (const auto& root : report->record().fwd_root->roots) {
+    roots.push_back(root->fwd->name);
+  }
   EXPECT_EQ(roots, (Strings{"b", "a", "b/c", "z"}));
   EXPECT_FALSE(find_definition(report->record(), "b/c").passed);
   EXPECT_TRUE(find_definition(report->record(), "b").passed);
@@ -441,7 +461,9 @@ TEST(RelatedIssues, AnIdStandsForAllIssuesThatHaveIt) {
                                    {.type = MISSING_DATA, .id = "o", .severity = 10}});
   EXPECT_EQ(related(find_issue(report->record(), "d"), Type::OBSERVATION), "o o o");
   for (const Issue& issue : issues_of(report->record())) {
-    if (issue->get_id() != "o") continue;
+    if (issue->get_id() != "o") {
+      continue;
+    }
     EXPECT_EQ(related(issue, Type::DIAGNOSIS), "d");
   }
 }
@@ -517,8 +539,12 @@ TEST(RelatedIssues, OfDiagnosesCollapsedByIdAreThoseOfAll) {
 TEST(Record, AddressesOfIssuesAreInTheOrderOfTheReport) {
   Findings findings;
   Strings ids;
-  for (int number = 100; number < 200; ++number) ids.push_back("i" + std::to_string(number));
-  for (auto id = ids.rbegin(); id != ids.rend(); ++id) findings.push_back({.id = *id});
+  for (int number = 100; number < 200; ++number) {
+    ids.push_back("i" + std::to_string(number));
+  }
+  for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
+    findings.push_back({.id = *id});
+  }
   const auto report = make_report(findings);
   const auto& issues = report->record().issues_by_mask->at(5);
   ASSERT_EQ(issues.size(), 100U);
@@ -556,8 +582,12 @@ struct Watched {
 
   std::size_t alive() const {
     std::size_t count = 0;
-    for (const auto& issue : issues) count += issue.expired() ? 0 : 1;
-    for (const auto& output : outputs) count += output.expired() ? 0 : 1;
+    for (const auto& issue : issues) {
+      count += issue.expired() ? 0 : 1;
+    }
+    for (const auto& output : outputs) {
+      count += output.expired() ? 0 : 1;
+    }
     return count + (hierarchy.expired() ? 0 : 1) + (definition.expired() ? 0 : 1) +
            (index.expired() ? 0 : 1);
   }
@@ -627,7 +657,9 @@ TEST(Record, ACopyThatOutlivesTheReportStaysReadable) {
 
 TEST(Record, NothingOutlivesAReportThatCannotBeMade) {
   std::string deep = "d";
-  for (int level = 2; level <= 257; ++level) deep += "/d";
+  for (int level = 2; level <= 257; ++level) {
+    deep += "/d";
+  }
   Findings findings = related_findings();
   findings.push_back({.id = "deep", .definitions = {deep}});
   const std::size_t allocations = vond::test::live_allocations();

@@ -25,7 +25,9 @@ class Library {
     events_ = std::static_pointer_cast<Events>(record.host_shared_1);
   }
   void tell(const std::string& event) {
-    if (events_) events_->push_back(event);
+    if (events_) {
+      events_->push_back(event);
+    }
   }
 
  private:

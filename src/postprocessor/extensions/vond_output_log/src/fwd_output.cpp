@@ -70,15 +70,25 @@ TreePrefixes draw_prefixes(const std::string& inherited, bool last, bool has_chi
   const bool root = inherited.size() <= 1;
   TreePrefixes prefixes{inherited + blanks(root ? 0 : 1), inherited + blanks(root ? 3 : 4)};
   auto& [line, child] = prefixes;
-  if (line.size() > 2) line.replace(line.size() - 3, 3, "-- ");
-  if (line.size() > 3) from_end(line, 4) = last ? '`' : '|';
-  if (child.size() >= 7) from_end(child, 7) = last ? ' ' : '|';
-  if (has_child_groups) from_end(child, 3) = '|';
+  if (line.size() > 2) {
+    line.replace(line.size() - 3, 3, "-- ");
+  }
+  if (line.size() > 3) {
+    from_end(line, 4) = last ? '`' : '|';
+  }
+  if (child.size() >= 7) {
+    from_end(child, 7) = last ? ' ' : '|';
+  }
+  if (has_child_groups) {
+    from_end(child, 3) = '|';
+  }
   return prefixes;
 }
 
 std::string status_word(const Fwd& fwd) {
-  if (fwd.skipped) return "SKIPPED";
+  if (fwd.skipped) {
+    return "SKIPPED";
+  }
   return fwd.passed ? "PASS" : "FAIL";
 }
 
@@ -96,8 +106,9 @@ std::string noun(int count, const std::string& singular, const std::string& plur
 std::string related_ids(CollapsedAnalysisOutput& issue, bool is_diagnosis) {
   std::string ids;
   if (is_diagnosis) {
-    for (const std::string& id : usable_related_ids(issue, Type::OBSERVATION))
+    for (const std::string& id : usable_related_ids(issue, Type::OBSERVATION)) {
       ids.append(id).append(", ");
+    }
   } else {
     // As they are and in the order of the set, neither made presentable nor sorted, unlike the
     // observations of a diagnosis; that is wanted.
@@ -130,8 +141,12 @@ std::unordered_map<std::string_view, IssuesByMask> sort_by_fwd(const IssuesByMas
   std::unordered_map<std::string_view, IssuesByMask> sorted;
   for (const auto& [mask, issues] : index) {
     for (const auto& issue : issues) {
-      if (!issue) continue;
-      for (const std::string& name : issue->fwd_names) sorted[name][mask].push_back(issue);
+      if (!issue) {
+        continue;
+      }
+      for (const std::string& name : issue->fwd_names) {
+        sorted[name][mask].push_back(issue);
+      }
     }
   }
   return sorted;
@@ -151,7 +166,9 @@ int report_selection_errors(Selection select) {
 
 std::size_t count_digits(std::size_t number) {
   std::size_t digits = 1;
-  for (; number > 9; number /= 10) ++digits;
+  for (; number > 9; number /= 10) {
+    ++digits;
+  }
   return digits;
 }
 
@@ -168,12 +185,18 @@ int FwdOutputFunctions::print_full_tree(const Data& data, NodeSummaries& nodes) 
   write_line_end();
   write_line_end();
 
-  if (!data.fwd_root) return 0;
+  if (!data.fwd_root) {
+    return 0;
+  }
   const auto& roots = data.fwd_root->roots;
   Walk walk{data, nodes};
   for (const auto& root : roots) {
-    if (print_subtree(walk, *root->fwd, "", true) == 1) return 1;
-    if (roots.size() != 1) write_line_end();
+    if (print_subtree(walk, *root->fwd, "", true) == 1) {
+      return 1;
+    }
+    if (roots.size() != 1) {
+      write_line_end();
+    }
   }
   return 0;
 }
@@ -198,22 +221,32 @@ int FwdOutputFunctions::print_subtree(Walk& walk, const Fwd& fwd, const std::str
   if (!fwd.skipped) {
     std::string scratch;
     const std::string gap = blanks(5);
-    if (print_issue_num(data, scratch, data.line_width, child_prefix, gap, fwd) == 1) return 1;
+    if (print_issue_num(data, scratch, data.line_width, child_prefix, gap, fwd) == 1) {
+      return 1;
+    }
     const auto select = [&](IssueList& diagnoses, IssueList& observations,
                             const std::string& band_name) {
       return select_details(walk, diagnoses, observations, band_name, fwd);
     };
-    if (print_bands(select, walk.nodes, child_prefix, data.line_width, scratch) == 1) return 1;
+    if (print_bands(select, walk.nodes, child_prefix, data.line_width, scratch) == 1) {
+      return 1;
+    }
   }
 
   std::size_t remaining = 0;
-  for (const auto& group : child_groups) remaining += group.children.size();
+  for (const auto& group : child_groups) {
+    remaining += group.children.size();
+  }
   std::string inherited = child_prefix;
-  if (last) from_end(inherited, 3) = ' ';
+  if (last) {
+    from_end(inherited, 3) = ' ';
+  }
   for (const auto& group : child_groups) {
     for (const auto& child : group.children) {
       --remaining;
-      if (print_subtree(walk, *child->fwd, inherited, remaining == 0) == 1) return 1;
+      if (print_subtree(walk, *child->fwd, inherited, remaining == 0) == 1) {
+        return 1;
+      }
     }
   }
   return 0;
@@ -222,7 +255,9 @@ int FwdOutputFunctions::print_subtree(Walk& walk, const Fwd& fwd, const std::str
 int FwdOutputFunctions::print_issue_num(const Data& data, std::string& text, int width,
                                         const std::string& child_prefix, const std::string& gap,
                                         const Fwd& fwd) {
-  if (fwd.issue_counts.empty()) return 0;
+  if (fwd.issue_counts.empty()) {
+    return 0;
+  }
 
   std::string count_text;
   for (const auto& [lower, upper_bound, severity, name] : descending_bands(SEVERITY_BANDS)) {
@@ -249,8 +284,12 @@ int FwdOutputFunctions::format_issue_num_by_severity(std::string& count_text, st
                                                      int /*width*/, const std::string& child_prefix,
                                                      const std::string& gap, int diagnoses,
                                                      int observations) {
-  if (diagnoses + observations <= 0) return 0;
-  if (format_fwd_issue_num(text, child_prefix, gap, diagnoses, observations) == 1) return 1;
+  if (diagnoses + observations <= 0) {
+    return 0;
+  }
+  if (format_fwd_issue_num(text, child_prefix, gap, diagnoses, observations) == 1) {
+    return 1;
+  }
   count_text += text;
   return 0;
 }
@@ -287,7 +326,9 @@ int FwdOutputFunctions::print_bands(const BandSelection& select, NodeSummaries& 
   IssueList diagnoses;
   IssueList observations;
   for (const auto& [lower, upper_bound, severity, name] : bands) {
-    if (select(diagnoses, observations, name) == 1) return 1;
+    if (select(diagnoses, observations, name) == 1) {
+      return 1;
+    }
     if (print_details_by_severity(diagnoses, observations, nodes, child_prefix, width, name,
                                   text) == 1) {
       return 1;
@@ -317,7 +358,9 @@ int FwdOutputFunctions::get_details_by_severity(const Data& data, IssueList& dia
 
 void FwdOutputFunctions::find_issues(Walk& walk, const Fwd& fwd) {
   auto& issues_by_fwd = walk.issues_by_fwd;
-  if (!issues_by_fwd) issues_by_fwd = sort_by_fwd(*walk.data.issues_by_mask);
+  if (!issues_by_fwd) {
+    issues_by_fwd = sort_by_fwd(*walk.data.issues_by_mask);
+  }
   const auto found = issues_by_fwd->find(fwd.name);
   walk.issues_of_last_fwd = found == issues_by_fwd->end() ? nullptr : &found->second;
   walk.last_fwd = &fwd;
@@ -328,9 +371,15 @@ int FwdOutputFunctions::select_details(Walk& walk, IssueList& diagnoses, IssueLi
   return report_selection_errors([&] {
     diagnoses.clear();
     observations.clear();
-    if (!walk.data.issues_by_mask) return;
-    if (walk.last_fwd != &fwd) find_issues(walk, fwd);
-    if (walk.issues_of_last_fwd == nullptr) return;
+    if (!walk.data.issues_by_mask) {
+      return;
+    }
+    if (walk.last_fwd != &fwd) {
+      find_issues(walk, fwd);
+    }
+    if (walk.issues_of_last_fwd == nullptr) {
+      return;
+    }
     const IssuesByMask& issues = *walk.issues_of_last_fwd;
     const int threshold = walk.data.fail_threshold;
     append(diagnoses, index_entry(issues, band_name, DIAGNOSES, threshold));
@@ -349,16 +398,22 @@ void FwdOutputFunctions::find_by_severity_and_fwd(const Data& data, IssueList& i
 void FwdOutputFunctions::find_by_severity(const Data& data, IssueList& issues,
                                           const std::string& band_name,
                                           const unsigned char& type_code) {
-  if (!data.issues_by_mask) return;
+  if (!data.issues_by_mask) {
+    return;
+  }
   const IssueList& entry =
       index_entry(*data.issues_by_mask, band_name, type_code, data.fail_threshold);
-  if (&entry != &NO_ISSUES) issues = entry;
+  if (&entry != &NO_ISSUES) {
+    issues = entry;
+  }
 }
 
 void FwdOutputFunctions::find_by_fwd(IssueList& issues, const Fwd& fwd) {
   const IssueList candidates = std::exchange(issues, {});
   for (const auto& issue : candidates) {
-    if (issue && issue->fwd_names.count(fwd.name) != 0) issues.push_back(issue);
+    if (issue && issue->fwd_names.contains(fwd.name)) {
+      issues.push_back(issue);
+    }
   }
 }
 
@@ -377,7 +432,9 @@ int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
                                                   NodeSummaries& nodes, const std::string& prefix,
                                                   int width, const std::string& band_name,
                                                   std::string& buffer) {
-  if (diagnoses.empty() && observations.empty()) return 0;
+  if (diagnoses.empty() && observations.empty()) {
+    return 0;
+  }
   {
     OutputLog statement;
     statement << word_wrap(prefix + upper(band_name) + ":", width, prefix);
@@ -417,7 +474,9 @@ int FwdOutputFunctions::print_fwd_body(std::string& buffer, int width, const std
     ++ordinal;
     const std::string ordinal_pad =
         blanks(digits - count_digits(static_cast<std::size_t>(ordinal)));
-    if (format_fwd_header(buffer, ordinal, prefix, ordinal_pad, issue, nodes) == 1) return 1;
+    if (format_fwd_header(buffer, ordinal, prefix, ordinal_pad, issue, nodes) == 1) {
+      return 1;
+    }
     // Ids of ordinals with one digit less than the longest, or in a list of up to nine, do not
     // stand in the column where their continuation begins; that is wanted.
     write(word_wrap(buffer, width, prefix + blanks(4) + ordinal_pad));
@@ -471,8 +530,9 @@ int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& 
                                         NodeSummaries& nodes, bool is_diagnosis) {
   const auto append_segment = [&](std::string_view label, const std::string& text) {
     std::string segment;
-    if (format_fwd_segment(segment, body_indent, spacer, std::string(label), text, width) == 1)
+    if (format_fwd_segment(segment, body_indent, spacer, std::string(label), text, width) == 1) {
       return false;
+    }
     buffer += "\n" + segment;
     return true;
   };
@@ -488,9 +548,13 @@ int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& 
   buffer = segment;
 
   const std::string remedy = remove_endl(has_outputs ? issue->outputs[0]->remedy : "");
-  if (!remedy.empty() && !append_segment("Remedy:", remedy)) return 1;
+  if (!remedy.empty() && !append_segment("Remedy:", remedy)) {
+    return 1;
+  }
 
-  if (has_outputs && !append_segment("Nodes:", nodes.text(*issue, *this))) return 1;
+  if (has_outputs && !append_segment("Nodes:", nodes.text(*issue, *this))) {
+    return 1;
+  }
 
   if (!issue->related_issues[is_diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS].empty() &&
       !append_segment(is_diagnosis ? DIAGNOSIS_REFERENCE : OBSERVATION_REFERENCE,
@@ -505,7 +569,9 @@ int FwdOutputFunctions::format_fwd_segment(std::string& segment, const std::stri
                                            const std::string& text, const int& width) {
   try {
     segment.clear();
-    if (spacer.size() <= label.size()) return 1;
+    if (spacer.size() <= label.size()) {
+      return 1;
+    }
     segment = word_wrap(body_indent + label + blanks(spacer.size() - label.size()) + text, width,
                         body_indent + spacer);
   } catch (const std::exception& error) {

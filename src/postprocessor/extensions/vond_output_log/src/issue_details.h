@@ -28,7 +28,9 @@ std::string join(const Items& items, const std::string& separator) {
   std::string joined;
   bool first = true;
   for (const std::string& item : items) {
-    if (!first) joined += separator;
+    if (!first) {
+      joined += separator;
+    }
     joined += item;
     first = false;
   }

@@ -28,16 +28,22 @@ std::string header_line(const CollapsedAnalysisOutput& issue, int number, int wi
 std::string related_issues_line(CollapsedAnalysisOutput& issue, const std::string& indent,
                                 bool diagnosis) {
   const auto ids = usable_related_ids(issue, diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS);
-  if (ids.empty()) return {};
+  if (ids.empty()) {
+    return {};
+  }
   return indent + (diagnosis ? "Based on Observations: " : "Diagnoses: ") + join(ids, ", ") + "\n";
 }
 
 /// Row ids are for people who look into the database, and shown only when the log is for them.
 std::string row_ids_line(const CollapsedAnalysisOutput& issue, const std::string& indent,
                          const std::string& log_level) {
-  if (log_level != "info" && log_level != "debug") return {};
+  if (log_level != "info" && log_level != "debug") {
+    return {};
+  }
   std::string ids;
-  for (const int id : issue.get_row_id()) ids += (ids.empty() ? "" : ",") + std::to_string(id);
+  for (const int id : issue.get_row_id()) {
+    ids += (ids.empty() ? "" : ",") + std::to_string(id);
+  }
   return ids.empty() ? std::string() : indent + "Database Row IDs: " + ids + "\n";
 }
 
@@ -60,7 +66,9 @@ void IssuePrinting::PrintOutput(const std::shared_ptr<CollapsedAnalysisOutput>& 
                              data.line_width, indent));
 
   std::string body = issue->get_message_string(indent) + issue->get_remedy_string(indent);
-  if (!issue->outputs.empty()) body += indent + "Nodes: " + nodes.text(*issue, *this) + "\n";
+  if (!issue->outputs.empty()) {
+    body += indent + "Nodes: " + nodes.text(*issue, *this) + "\n";
+  }
   body += GetCategoryLine(issue, indent);
   body += related_issues_line(*issue, indent, diagnosis);
   body += issue->get_fwd_string(indent, "Framework Definition");
@@ -71,7 +79,9 @@ void IssuePrinting::PrintOutput(const std::shared_ptr<CollapsedAnalysisOutput>& 
 std::string IssuePrinting::GetCategoryLine(std::shared_ptr<CollapsedAnalysisOutput> issue,
                                            std::string indent) {
   std::string category = issue->outputs.empty() ? std::string() : issue->outputs[0]->category;
-  if (category.empty()) category = "FUNCTIONALITY";
+  if (category.empty()) {
+    category = "FUNCTIONALITY";
+  }
   return indent + "Category: " + category + "\n";
 }
 

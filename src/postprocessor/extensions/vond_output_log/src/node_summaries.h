@@ -18,7 +18,9 @@ inline std::vector<std::vector<std::string>> node_lists(
     const vond::postprocessor::CollapsedAnalysisOutput& issue) {
   std::vector<std::vector<std::string>> lists;
   lists.reserve(issue.outputs.size());
-  for (const auto& output : issue.outputs) lists.push_back(output->node_names);
+  for (const auto& output : issue.outputs) {
+    lists.push_back(output->node_names);
+  }
   return lists;
 }
 
@@ -32,7 +34,9 @@ class DistinctNames {
     const std::size_t last_slot = slots_.size() - 1;
     std::size_t slot = std::hash<std::string>()(name) & last_slot;
     while (slots_[slot] != nullptr) {
-      if (*slots_[slot] == name) return;
+      if (*slots_[slot] == name) {
+        return;
+      }
       slot = (slot + 1) & last_slot;
     }
     slots_[slot] = &name;
@@ -49,11 +53,17 @@ class DistinctNames {
 /// Returns on how many distinct nodes the issue was found.
 inline std::size_t count_distinct_nodes(const vond::postprocessor::CollapsedAnalysisOutput& issue) {
   std::size_t names = 0;
-  for (const auto& output : issue.outputs) names += output->node_names.size();
-  if (names < 2) return names;
+  for (const auto& output : issue.outputs) {
+    names += output->node_names.size();
+  }
+  if (names < 2) {
+    return names;
+  }
   DistinctNames distinct(names);
   for (const auto& output : issue.outputs) {
-    for (const std::string& name : output->node_names) distinct.add(name);
+    for (const std::string& name : output->node_names) {
+      distinct.add(name);
+    }
   }
   return distinct.count();
 }
@@ -68,7 +78,9 @@ class NodeSummaries {
   /// Returns on how many distinct nodes the issue was found.
   std::size_t count(const Issue& issue) {
     std::optional<std::size_t>& count = summaries_[&issue].count;
-    if (!count) count = count_distinct_nodes(issue);
+    if (!count) {
+      count = count_distinct_nodes(issue);
+    }
     return *count;
   }
 

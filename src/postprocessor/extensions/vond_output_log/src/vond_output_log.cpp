@@ -46,12 +46,20 @@ int VondOutputLog::run() {
   write(vond::util::EngineHelper::format_header());
   write_rule();
   utilities_.print_validation(data);
-  if (utilities_.Summarize(data) == 1) return 1;
-  if (print_section(false, nodes) == 1) return 1;
+  if (utilities_.Summarize(data) == 1) {
+    return 1;
+  }
+  if (print_section(false, nodes) == 1) {
+    return 1;
+  }
   write_rule();
-  if (print_section(true, nodes) == 1) return 1;
+  if (print_section(true, nodes) == 1) {
+    return 1;
+  }
   write_rule();
-  if (utilities_.print_full_tree(data, nodes) == 1) return 1;
+  if (utilities_.print_full_tree(data, nodes) == 1) {
+    return 1;
+  }
   utilities_.PrintEnd(data);
   return 0;
 }
@@ -93,20 +101,26 @@ void VondOutputLog::print_band(const std::string& name, unsigned mask, NodeSumma
   const IssueList& diagnoses = find_group(*data.issues_by_mask, mask | DIAGNOSES);
   const IssueList& observations = find_group(*data.issues_by_mask, mask | OBSERVATIONS);
   const IssueList& missing_data = find_group(*data.issues_by_mask, mask | MISSING_DATA);
-  if (diagnoses.empty() && observations.empty() && missing_data.empty()) return;
+  if (diagnoses.empty() && observations.empty() && missing_data.empty()) {
+    return;
+  }
   write_wrapped(vond::str::upper(name) + ":\n");
   print_diagnoses(diagnoses, nodes);
   print_observations(observations, missing_data, nodes);
 }
 
 void VondOutputLog::print_diagnoses(const IssueList& diagnoses, NodeSummaries& nodes) {
-  if (diagnoses.empty()) return;
+  if (diagnoses.empty()) {
+    return;
+  }
   write_wrapped("Diagnoses\n");
   const int width = number_width(diagnoses.size());
   int number = 0;
   for (const auto& issue : diagnoses) {
     ++number;
-    if (issue) utilities_.PrintOutput(issue, data, number, width, "", true, nodes);
+    if (issue) {
+      utilities_.PrintOutput(issue, data, number, width, "", true, nodes);
+    }
     // An entry without an issue leaves its blank line behind, unlike one among the observations;
     // that is wanted.
     write("\n");
@@ -115,14 +129,18 @@ void VondOutputLog::print_diagnoses(const IssueList& diagnoses, NodeSummaries& n
 
 void VondOutputLog::print_observations(const IssueList& observations, const IssueList& missing_data,
                                        NodeSummaries& nodes) {
-  if (observations.empty() && missing_data.empty()) return;
+  if (observations.empty() && missing_data.empty()) {
+    return;
+  }
   write_wrapped("Observations\n");
   const int width = number_width(observations.size() + missing_data.size());
   int number = 0;
   for (const IssueList* group : {&observations, &missing_data}) {
     for (const auto& issue : *group) {
       ++number;
-      if (!issue) continue;
+      if (!issue) {
+        continue;
+      }
       utilities_.PrintOutput(issue, data, number, width, "", false, nodes);
       write("\n");
     }
