@@ -12,7 +12,7 @@
 namespace vond::standalone {
 namespace {
 
-constexpr std::size_t kMinRoom = 16;
+constexpr std::size_t MIN_ROOM = 16;
 
 struct CodePoint {
   utf8proc_int32_t value;
@@ -205,7 +205,7 @@ class TextWrapper {
         indent_columns_(count_columns(options.indent)),
         width_(static_cast<std::size_t>(std::max(options.width, 0))),
         short_line_size_(width_ == 0 ? std::numeric_limits<std::size_t>::max()
-                                     : std::max(width_, kMinRoom)) {
+                                     : std::max(width_, MIN_ROOM)) {
     continue_at(indent_columns_);
   }
 
@@ -264,7 +264,7 @@ class TextWrapper {
 
   std::size_t room_beside(std::size_t lead_columns) const {
     const std::size_t taken = options_.counts_lead ? std::min(lead_columns, width_) : 0;
-    return std::max(width_ - taken, kMinRoom);
+    return std::max(width_ - taken, MIN_ROOM);
   }
 
   /// The column of the line's value. It is the indent's if there is none, and also if the value is
@@ -272,7 +272,7 @@ class TextWrapper {
   /// end far out in a line must not multiply the line's size.
   std::size_t continuation_column(std::string_view line, std::size_t column) const {
     const auto value = find_value(line, *options_.label_end);
-    const std::size_t in_sight = std::max(width_, indent_columns_ + kMinRoom);
+    const std::size_t in_sight = std::max(width_, indent_columns_ + MIN_ROOM);
     const std::size_t value_column =
         value ? column + count_columns(line.substr(0, *value), in_sight) : 0;
     return value_column < in_sight ? std::max(value_column, indent_columns_) : indent_columns_;

@@ -17,13 +17,13 @@ using vond::str::column_wrap;
 using vond::str::space_wrap;
 using vond::str::word_wrap;
 
-constexpr const char* kWide = "\xE4\xB8\x96";      // two columns
-constexpr const char* kAccented = "e\xCC\x81";     // one column, two code points
-constexpr const char* kMarkedBlank = " \xCC\x81";  // a blank that an accent clings to
-constexpr const char* kMarkedComma = ",\xCC\x81";  // a comma that an accent clings to
-constexpr const char* kFlag = "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA";
-constexpr const char* kZeroWidthSpace = "\xE2\x80\x8B";
-constexpr const char* kFamily =  // three people, joined: one cluster of six columns
+constexpr const char* WIDE = "\xE4\xB8\x96";       // two columns
+constexpr const char* ACCENTED = "e\xCC\x81";      // one column, two code points
+constexpr const char* MARKED_BLANK = " \xCC\x81";  // a blank that an accent clings to
+constexpr const char* MARKED_COMMA = ",\xCC\x81";  // a comma that an accent clings to
+constexpr const char* FLAG = "\xF0\x9F\x87\xA9\xF0\x9F\x87\xAA";
+constexpr const char* ZERO_WIDTH_SPACE = "\xE2\x80\x8B";
+constexpr const char* FAMILY =  // three people, joined: one cluster of six columns
     "\xF0\x9F\x91\xA8\xE2\x80\x8D\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7";
 
 std::string repeat(std::string_view text, std::size_t times) {
@@ -238,17 +238,17 @@ TEST(WordWrap, GoesOnFillingBehindTheLastPieceWithoutCuttingItFurther) {
 // Characters that are not one byte and one column.
 
 TEST(WordWrap, CountsWideCharactersAsTwoColumns) {
-  const std::string word = repeat(kWide, 4);
+  const std::string word = repeat(WIDE, 4);
   EXPECT_EQ(word_wrap(word + " " + word, 17, ""), word + " " + word);
   EXPECT_EQ(word_wrap(word + " " + word, 16, ""), word + "\n" + word);
-  EXPECT_EQ(word_wrap("a" + repeat(kWide, 8), 16, ""), "a" + repeat(kWide, 7) + "\n" + kWide);
+  EXPECT_EQ(word_wrap("a" + repeat(WIDE, 8), 16, ""), "a" + repeat(WIDE, 7) + "\n" + WIDE);
 }
 
 TEST(WordWrap, NeverSplitsAGraphemeCluster) {
-  EXPECT_EQ(word_wrap(repeat(kAccented, 20), 16, ""),
-            repeat(kAccented, 16) + "\n" + repeat(kAccented, 4));
-  EXPECT_EQ(word_wrap(repeat(kFamily, 3), 16, ""), repeat(kFamily, 2) + "\n" + kFamily);
-  EXPECT_EQ(word_wrap("a" + repeat(kFlag, 12), 16, "").find('\n') % 8, 1U);
+  EXPECT_EQ(word_wrap(repeat(ACCENTED, 20), 16, ""),
+            repeat(ACCENTED, 16) + "\n" + repeat(ACCENTED, 4));
+  EXPECT_EQ(word_wrap(repeat(FAMILY, 3), 16, ""), repeat(FAMILY, 2) + "\n" + FAMILY);
+  EXPECT_EQ(word_wrap("a" + repeat(FLAG, 12), 16, "").find('\n') % 8, 1U);
 }
 
 TEST(WordWrap, LetsAClusterStandOutThatIsWiderThanAnyRoom) {
@@ -265,16 +265,16 @@ TEST(WordWrap, PassesInvalidBytesThroughAsOneColumnEach) {
 }
 
 TEST(WordWrap, NeverBreaksTextWithoutWidth) {
-  EXPECT_EQ(word_wrap(repeat(kZeroWidthSpace, 50), 16, ""), repeat(kZeroWidthSpace, 50));
+  EXPECT_EQ(word_wrap(repeat(ZERO_WIDTH_SPACE, 50), 16, ""), repeat(ZERO_WIDTH_SPACE, 50));
   EXPECT_EQ(word_wrap("a" + repeat("\xCC\x81", 50), 16, ""), "a" + repeat("\xCC\x81", 50));
 }
 
 TEST(WordWrap, NeverTearsAnAccentFromItsBlankOrComma) {
   const std::string word = repeat("a", 10);
-  EXPECT_EQ(word_wrap(word + kMarkedBlank + word, 16, ""),
-            word + kMarkedBlank + repeat("a", 5) + "\n" + repeat("a", 5));
-  EXPECT_EQ(word_wrap(word + kMarkedComma + word, 16, ""),
-            word + kMarkedComma + repeat("a", 5) + "\n" + repeat("a", 5));
+  EXPECT_EQ(word_wrap(word + MARKED_BLANK + word, 16, ""),
+            word + MARKED_BLANK + repeat("a", 5) + "\n" + repeat("a", 5));
+  EXPECT_EQ(word_wrap(word + MARKED_COMMA + word, 16, ""),
+            word + MARKED_COMMA + repeat("a", 5) + "\n" + repeat("a", 5));
 }
 
 // Where column_wrap differs.
@@ -379,15 +379,15 @@ TEST(SpaceWrap, HandsWordWrapLinesThatItOnlyPutsThePrefixBefore) {
 // The sweeps. What follows judges a result from the rules, knowing the clusters of the texts that
 // it is shown from a table.
 
-enum class Kind { kWord, kColumn, kSpace };
+enum class Kind { WORD, COLUMN, SPACE };
 
 std::string wrap(Kind kind, const std::string& text, int width, const std::string& indent) {
   switch (kind) {
-    case Kind::kWord:
+    case Kind::WORD:
       return word_wrap(text, width, indent);
-    case Kind::kColumn:
+    case Kind::COLUMN:
       return column_wrap(text, width, indent, ':', false);
-    case Kind::kSpace:
+    case Kind::SPACE:
       break;
   }
   return space_wrap(text, width, indent);
@@ -399,25 +399,25 @@ struct Cluster {
 };
 
 // Longer ones first.
-const std::array<Cluster, 11> kClusters = {{{kFamily, 6},
-                                            {kFlag, 2},
-                                            {kWide, 2},
-                                            {kZeroWidthSpace, 0},
-                                            {kAccented, 1},
-                                            {kMarkedBlank, 1},
-                                            {kMarkedComma, 1},
-                                            {"\xCC\x81", 0},
-                                            {"\r", 0},
-                                            {"\t", 0},
-                                            {"\xC3\xA9", 1}}};
+const std::array<Cluster, 11> CLUSTERS = {{{FAMILY, 6},
+                                           {FLAG, 2},
+                                           {WIDE, 2},
+                                           {ZERO_WIDTH_SPACE, 0},
+                                           {ACCENTED, 1},
+                                           {MARKED_BLANK, 1},
+                                           {MARKED_COMMA, 1},
+                                           {"\xCC\x81", 0},
+                                           {"\r", 0},
+                                           {"\t", 0},
+                                           {"\xC3\xA9", 1}}};
 
 std::vector<Cluster> clusters_of(std::string_view text) {
   std::vector<Cluster> result;
   while (!text.empty()) {
-    const auto* known =
-        std::find_if(kClusters.begin(), kClusters.end(),
-                     [&](const Cluster& cluster) { return text.starts_with(cluster.bytes); });
-    result.push_back(known == kClusters.end() ? Cluster{text.substr(0, 1), 1} : *known);
+    const auto* known = std::find_if(CLUSTERS.begin(), CLUSTERS.end(), [&](const Cluster& cluster) {
+      return text.starts_with(cluster.bytes);
+    });
+    result.push_back(known == CLUSTERS.end() ? Cluster{text.substr(0, 1), 1} : *known);
     text.remove_prefix(result.back().bytes.size());
   }
   return result;
@@ -490,7 +490,7 @@ class LineOracle {
   }
 
   std::string continuation() const {
-    if (kind_ != Kind::kColumn) {
+    if (kind_ != Kind::COLUMN) {
       return indent_;
     }
     std::size_t at = line_.starts_with(indent_) ? indent_.size() : 0;
@@ -509,7 +509,7 @@ class LineOracle {
   }
 
   std::size_t room(const std::string& prefix) const {
-    const int taken = kind_ == Kind::kSpace ? 0 : static_cast<int>(columns_of(prefix));
+    const int taken = kind_ == Kind::SPACE ? 0 : static_cast<int>(columns_of(prefix));
     return static_cast<std::size_t>(std::max(width_ - taken, 16));
   }
 
@@ -555,11 +555,11 @@ class LineOracle {
     if (at > end) {
       return break_complaint(begin, at, room);
     }
-    return kind_ == Kind::kSpace ? "split a word" : cut_complaint(begin, end, room);
+    return kind_ == Kind::SPACE ? "split a word" : cut_complaint(begin, end, room);
   }
 
   bool may_stand_out(std::size_t begin, std::size_t end) const {
-    if (kind_ == Kind::kSpace) {
+    if (kind_ == Kind::SPACE) {
       return word_end(begin) == end;
     }
     return std::count(boundaries_.begin() + static_cast<std::ptrdiff_t>(begin),
@@ -573,7 +573,7 @@ class LineOracle {
     }
     const std::size_t available = room - std::min(room, columns(begin, next));
     const std::size_t new_room = this->room(continuation_);
-    if (kind_ == Kind::kSpace || columns(next, word_end(next)) <= new_room) {
+    if (kind_ == Kind::SPACE || columns(next, word_end(next)) <= new_room) {
       return "";
     }
     return best_cut(next, available, available >= new_room) == next
@@ -644,12 +644,12 @@ class LineOracle {
 std::vector<std::string> prepared_lines(Kind kind, std::string text, const std::string& indent) {
   while (text.ends_with('\n')) {
     text.pop_back();
-    if (kind != Kind::kSpace) {
+    if (kind != Kind::SPACE) {
       break;
     }
   }
   std::vector<std::string> lines = lines_of(text);
-  for (std::size_t number = 1; number < lines.size() && kind != Kind::kColumn; ++number) {
+  for (std::size_t number = 1; number < lines.size() && kind != Kind::COLUMN; ++number) {
     lines[number].insert(0, lines[number].starts_with(indent) ? "" : indent);
   }
   return lines;
@@ -664,16 +664,16 @@ void expect_by_the_rules(Kind kind, const std::string& text, int width, const st
     EXPECT_EQ(oracle.complaint(lines_of(wrapped)), "") << line << "\nbecame\n" << wrapped;
     expected += wrapped + "\n";
   }
-  if (kind == Kind::kSpace || !text.ends_with('\n')) {
+  if (kind == Kind::SPACE || !text.ends_with('\n')) {
     expected.pop_back();
   }
   EXPECT_EQ(result, expected) << "a line depends on others";
   EXPECT_EQ(wrap(kind, result, width, indent), result) << "wrapped twice";
 }
 
-constexpr std::array<Kind, 3> kKinds = {Kind::kWord, Kind::kColumn, Kind::kSpace};
-const std::vector<std::string> kIndents = {"",       "  ", "|   |  ",           "|  `-- ",
-                                           "> see ", "|-", std::string(30, ' ')};
+constexpr std::array<Kind, 3> KINDS = {Kind::WORD, Kind::COLUMN, Kind::SPACE};
+const std::vector<std::string> INDENTS = {"",       "  ", "|   |  ",           "|  `-- ",
+                                          "> see ", "|-", std::string(30, ' ')};
 
 const std::vector<std::string>& sweep_texts() {
   static const std::vector<std::string> texts = {
@@ -688,22 +688,22 @@ const std::vector<std::string>& sweep_texts() {
       "0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef",
       "one\n\n\ntwo " + repeat("words ", 12) + "\n  three\n\n",
       "\n" + std::string(70, ' ') + "\n" + std::string(70, '-') + "\n",
-      repeat(repeat(kWide, 5) + " ", 6) + repeat(kWide, 40),
-      repeat(std::string("caf") + kAccented + " ", 9) + repeat(kAccented, 70),
-      repeat(std::string("a") + kFamily + kFlag, 8) + "," + repeat(kFlag, 30),
-      "ab" + repeat(std::string(kMarkedBlank) + "cd" + kMarkedComma + "ef", 12),
+      repeat(repeat(WIDE, 5) + " ", 6) + repeat(WIDE, 40),
+      repeat(std::string("caf") + ACCENTED + " ", 9) + repeat(ACCENTED, 70),
+      repeat(std::string("a") + FAMILY + FLAG, 8) + "," + repeat(FLAG, 30),
+      "ab" + repeat(std::string(MARKED_BLANK) + "cd" + MARKED_COMMA + "ef", 12),
       repeat("\xFF\xE4\xB8 \xC3", 8) + repeat("\xFE", 70),
-      "dos line\r\n" + repeat(std::string("zero") + kZeroWidthSpace + "\t", 14) + "\r\n",
+      "dos line\r\n" + repeat(std::string("zero") + ZERO_WIDTH_SPACE + "\t", 14) + "\r\n",
   };
   return texts;
 }
 
 TEST(WrappingSweep, KeepsTheRulesAtEveryWidth) {
   for (const std::string& text : sweep_texts()) {
-    for (const std::string& indent : kIndents) {
+    for (const std::string& indent : INDENTS) {
       for (int width = 0; width <= 60 && !HasFailure(); ++width) {
         SCOPED_TRACE("width " + std::to_string(width) + ", indent '" + indent + "'");
-        for (const Kind kind : kKinds) {
+        for (const Kind kind : KINDS) {
           expect_by_the_rules(kind, text, width, indent);
         }
       }
@@ -718,8 +718,8 @@ std::string random_text(std::mt19937& random) {
       "n12",        ",",          ",",        "/",          "[",
       "]",          ": ",         "|  ",      "`-- ",       "-",
       "\n",         "\r",         "\t",       "\xFF",       "\xE4\xB8",
-      kWide,        kAccented,    kFamily,    kFlag,        kZeroWidthSpace,
-      kMarkedBlank, kMarkedComma, "\xC3\xA9", "0123456789", "[1-9,11]"};
+      WIDE,         ACCENTED,     FAMILY,     FLAG,         ZERO_WIDTH_SPACE,
+      MARKED_BLANK, MARKED_COMMA, "\xC3\xA9", "0123456789", "[1-9,11]"};
   std::string text;
   // Few different parts make long words and long runs more likely.
   const std::size_t first = random() % parts.size();
@@ -734,10 +734,10 @@ TEST(WrappingSweep, KeepsTheRulesForRandomTexts) {
   std::mt19937 random(20240229);
   for (int round = 0; round < 4000 && !HasFailure(); ++round) {
     const std::string text = random_text(random);
-    const std::string& indent = kIndents[random() % kIndents.size()];
+    const std::string& indent = INDENTS[random() % INDENTS.size()];
     const int width = static_cast<int>(random() % 61);
     SCOPED_TRACE("width " + std::to_string(width) + ", indent '" + indent + "'");
-    expect_by_the_rules(kKinds[random() % kKinds.size()], text, width, indent);
+    expect_by_the_rules(KINDS[random() % KINDS.size()], text, width, indent);
   }
 }
 
