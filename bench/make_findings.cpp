@@ -5,6 +5,7 @@
 #include <iostream>
 #include <string>
 
+#include "numbers_workload.h"
 #include "workloads.h"
 
 namespace vond::bench {
@@ -16,6 +17,7 @@ struct Options {
   std::string definitions;
   WideSizes wide;
   Format format = Format::JSON;
+  NumbersSizes numbers;
   IssueSizes many = MANY_SIZES;
   IssueSizes deep = DEEP_SIZES;
   std::size_t names = 100'000;
@@ -53,6 +55,9 @@ int run(int argc, char** argv) {
   wide.add_flag_callback(
       "--node-lines", [&options] { options.format = Format::NODE_LINES; },
       "Write `node: text` lines instead of JSON");
+  CLI::App& numbers = *app.add_subcommand("numbers", "Messages that hold what was measured");
+  numbers.add_option("--nodes", options.numbers.nodes)->capture_default_str();
+  numbers.add_option("--checks", options.numbers.checks)->capture_default_str();
   CLI::App& many = *app.add_subcommand("many", "Distinct issues, few definitions");
   add_issue_options(many, options, options.many);
   CLI::App& deep = *app.add_subcommand("deep", "As many definitions as issues, in deep trees");
@@ -67,6 +72,9 @@ int run(int argc, char** argv) {
   OutputFile file(options.output);
   if (wide.parsed()) {
     write_wide(file, options.wide, options.format, options.seed);
+  }
+  if (numbers.parsed()) {
+    write_numbers(file, options.numbers, options.seed);
   }
   if (many.parsed()) {
     write_issue_workload(file, options, options.many, write_many);

@@ -153,6 +153,20 @@ def bench_wide(bench):
     lines.unlink()
 
 
+def bench_numbers(bench):
+    findings = bench.make("numbers.jsonl", "numbers", "--nodes", bench.size(10_000), "--checks", 40)
+    run, floor = bench.in_turn(bench.report(findings),
+                               Command([bench.program("parse_only"), findings]))
+    size = findings.stat().st_size
+    with Table("Workload", "vond-report", "beside it", "its time", "times its time",
+               "in processor time", "times faster", "target") as table:
+        add_comparison(table, "numbers", run, "parse_only", floor, "at most 3.0 times")
+    with Table("Workload", "input", "peak memory", "share of the input", "target") as table:
+        table.row("numbers", megabytes(size), megabytes(run.peak_bytes),
+                  f"{run.peak_bytes / size:.2f}", "at most 0.33")
+    findings.unlink()
+
+
 def bench_issues(bench):
     with Table("Workload", "issues", "definitions", "time", "processor time", "report",
                "report a second", "peak memory", "times the first", "target") as table:
@@ -229,7 +243,7 @@ def main():
     bench = Bench(parser.parse_args())
     print(f"Machine: {machine()}.")
     print(f"Medians of {bench.runs} runs in turn; of peers {min(bench.runs, PEER_RUNS)}.")
-    for part in (bench_wide, bench_issues, bench_folding, bench_start):
+    for part in (bench_wide, bench_numbers, bench_issues, bench_folding, bench_start):
         part(bench)
 
 

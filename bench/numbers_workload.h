@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "output_file.h"
+
+namespace vond::bench {
+
+/// Every node reports every check, and what a check measured stands in its message.
+struct NumbersSizes {
+  std::size_t nodes = 10'000;
+  std::size_t checks = 40;
+};
+
+/// Findings on one node each, in no order, whose messages name the node and hold measured values:
+/// of every other check the temperature of a GPU, of the others how full a disk is. Each check has
+/// one node whose value stands out.
+void write_numbers(OutputFile& findings, const NumbersSizes& sizes, std::uint64_t seed);
+
+}  // namespace vond::bench
