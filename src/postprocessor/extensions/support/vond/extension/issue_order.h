@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tuple>
+
 #include "vond/extension/issue_index.h"
 #include "vond/vocabulary/severity_band_table.h"
 

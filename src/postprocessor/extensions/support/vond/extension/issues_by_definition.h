@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "vond/postprocessor/postprocessor_extension_data.h"
 
