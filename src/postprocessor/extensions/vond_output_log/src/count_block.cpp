@@ -64,6 +64,7 @@ int CountBlock::print(const Fwd& fwd, std::string& text) const {
   }
   const std::string& prefix = line_.child_prefix();
   const int room = std::max(0, width_ - static_cast<int>(prefix.size()));
+  // Wrapped twice, first at blanks alone and without the prefix's width; that is wanted.
   text = vond::str::space_wrap(count_text, room, "");
   write(vond::str::word_wrap(text, width_, prefix));
   write_line_end();

@@ -42,7 +42,8 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
                       const vond::Fwd& fwd);
 
   /// Appends one band's line to `count_text`, or nothing when the band has no issues. `text` is the
-  /// band's upper-case name on entry and the line on return; `width` is not used.
+  /// band's upper-case name on entry and the line on return; `width` is not
+  /// used; that is wanted.
   int format_issue_num_by_severity(std::string& count_text, std::string& text, int width,
                                    const std::string& child_prefix, const std::string& gap,
                                    int diagnoses, int observations);

@@ -26,9 +26,12 @@ VondOutputLog::VondOutputLog(vond::postprocessor::PostprocessorExtensionData& en
 
 VondOutputLog::~VondOutputLog() = default;
 
+// Of the results 1 alone is a failure, of these steps and of all others of the report; that is
+// wanted.
 int VondOutputLog::run() {
   NodeSummaries nodes;
   IssueSections sections = make_sections(nodes);
+  // As it is: a header that does not end its last line runs into the rule; that is wanted.
   write(vond::util::EngineHelper::format_header());
   write_rule();
   utilities_.print_validation(data);
@@ -46,6 +49,7 @@ int VondOutputLog::run() {
   if (utilities_.make_walk(data, nodes).print_section() == 1) {
     return 1;
   }
+  // What it returns does not count; that is wanted.
   utilities_.PrintEnd(data);
   return 0;
 }
