@@ -1,20 +1,9 @@
 #pragma once
 
-#include <algorithm>
-#include <functional>
-#include <map>
-#include <string>
-#include <tuple>
-#include <vector>
-
-#include "vond/postprocessor/severity.h"
+#include "vond/vocabulary/severity_band_table.h"
 #include "vond/vocabulary/tables.h"
 
 namespace vond::vocabulary {
-
-/// Band name to lower bound, upper bound (both inclusive, on the severity scale of 0 to 100) and
-/// severity.
-using SeverityBandTable = std::map<std::string, std::tuple<int, int, postprocessor::Severity>>;
 
 /// Not constant: an inserting lookup of an unknown name adds a row of zeros to this file's copy.
 static SeverityBandTable SEVERITY_BANDS = {
@@ -22,20 +11,5 @@ static SeverityBandTable SEVERITY_BANDS = {
     {"warning", {25, 74, postprocessor::Severity::WARNING}},
     {"critical", {75, 100, postprocessor::Severity::CRITICAL}},
 };
-
-/// Lower bound, upper bound, severity and name of a band.
-using SeverityBand = std::tuple<int, int, postprocessor::Severity, std::string>;
-
-/// Returns the rows of `table` in the order of reports: descending, so the worst band is first.
-inline std::vector<SeverityBand> descending_bands(const SeverityBandTable& table) {
-  std::vector<SeverityBand> bands;
-  bands.reserve(table.size());
-  for (const auto& [name, row] : table) {
-    const auto& [lower, upper, severity] = row;
-    bands.emplace_back(lower, upper, severity, name);
-  }
-  std::sort(bands.begin(), bands.end(), std::greater<>());
-  return bands;
-}
 
 }  // namespace vond::vocabulary

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "fwd_output.h"
 #include "tests/extensions/vond_output_log/fake_host_test.h"
 #include "tests/support/allocations.h"
+#include "vond/log/error_log.h"
 #include "vond_output_log.h"
 
 namespace vond::test {
@@ -25,6 +27,13 @@ constexpr std::size_t LARGE = 500000;
 
 class AllocationFailureTest : public FakeHostTest {
  protected:
+  /// Lets the n-th allocation of `call` fail. Returns the result and whether there was one.
+  static std::pair<int, bool> call_with_failure(const std::function<int()>& call, std::size_t n) {
+    const FailingAllocation failing(n);
+    const int result = call();
+    return {result, failing.happened()};
+  }
+
   /// Calls `call` again and again, letting its first, second … allocation fail, until it asks for
   /// no more; every failure must be reported and make the result 1. Returns the number of
   /// failures.
@@ -44,13 +53,6 @@ class AllocationFailureTest : public FakeHostTest {
 
   FwdOutputFunctions tree;
   std::string text;
-
- private:
-  static std::pair<int, bool> call_with_failure(const std::function<int()>& call, std::size_t n) {
-    const FailingAllocation failing(n);
-    const int result = call();
-    return {result, failing.happened()};
-  }
 };
 
 TEST_F(AllocationFailureTest, OfAHeaderIsReported) {
@@ -96,6 +98,49 @@ TEST_F(AllocationFailureTest, OfTheSelectionIsReported) {
   EXPECT_GT(failures, 3);
   EXPECT_EQ(diagnoses.size(), 3U);
   EXPECT_EQ(observations.size(), 6U);
+}
+
+TEST_F(AllocationFailureTest, OfTheSelectionLeavesTheListsAsFarAsTheyWereFilled) {
+  Data data = make_record();
+  (*data.issues_by_mask)[24] = {make_issue({.id = "id", .definitions = {"name"}})};
+  (*data.issues_by_mask)[25].assign(LARGE, make_issue({.id = "id", .definitions = {"name"}}));
+  std::vector<Issue> diagnoses;
+  std::vector<Issue> observations = {nullptr};
+  const FailingLargeAllocations failing(LARGE);
+  EXPECT_EQ(tree.get_details_by_severity(data, diagnoses, observations, "critical",
+                                         *make_definition({.name = "name"})->fwd),
+            1);
+  EXPECT_EQ(diagnoses.size(), 1U);
+  EXPECT_EQ(observations.size(), 0U);
+}
+
+TEST_F(AllocationFailureTest, IsReportedAsAnErrorByEveryOperation) {
+  Data data = make_record();
+  const Issue issue = make_issue({.id = LONG, .definitions = {"name"}});
+  add_issue(data, 24, issue);
+  const Node definition = make_definition({.name = "name"});
+  const std::string critical = "critical";
+  const std::string spacer(23, ' ');
+  std::vector<Issue> list;
+  const std::map<std::string, std::function<int()>> operations = {
+      {"format_fwd_issue_num",
+       [&] { return tree.format_fwd_issue_num(text, LONG, "     ", 3, 1); }},
+      {"format_fwd_header", [&] { return tree.format_fwd_header(text, 1, LONG, " ", issue); }},
+      {"format_fwd_segment",
+       [&] { return tree.format_fwd_segment(text, LONG, spacer, "Message:", LONG, 0); }},
+      {"get_details_by_severity",
+       [&] { return tree.get_details_by_severity(data, list, list, critical, *definition->fwd); }}};
+  for (const auto& [name, operation] : operations) {
+    // The error priority is 3: at level 2 nothing is reported.
+    for (const int level : {2, 3}) {
+      log::LOG_LEVEL = level;
+      text = "CRITICAL";
+      text.shrink_to_fit();
+      const CapturedStandardError report;
+      EXPECT_EQ(call_with_failure(operation, 1), std::make_pair(1, true)) << name;
+      EXPECT_EQ(report.text(), level == 3 ? "std::bad_alloc\n" : "") << name;
+    }
+  }
 }
 
 TEST_F(AllocationFailureTest, OfAHeaderEndsTheTreeBehindTheLinesThatAreWritten) {

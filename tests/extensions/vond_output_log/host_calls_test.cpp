@@ -1,6 +1,7 @@
 // What the extension asks of the host's operations: the arguments that a text does not show.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -30,15 +31,11 @@ TEST_F(HostCallsTest, SectionWrapsItsTextsToTheLineWidthWithoutIndent) {
   add_issue(data, 24, nullptr);
   add_issue(data, 25, nullptr);
   EXPECT_EQ(VondOutputLog(data).PrintSection(false), 0);
-  Wraps wraps;
-  for (const std::string& wrap : host().wraps) {
-    if (wrap != "word_wrap(, 72, )") {
-      wraps.push_back(wrap);
-    }
-  }
-  EXPECT_EQ(wraps,
-            (Wraps{"word_wrap(Issues contributing to FAIL\n, 72, )", "word_wrap(CRITICAL:\n, 72, )",
-                   "word_wrap(Diagnoses\n, 72, )", "word_wrap(Observations\n, 72, )"}));
+  // The second is the notice, which is an empty text when there are issues.
+  EXPECT_EQ(host().wraps,
+            (Wraps{"word_wrap(Issues contributing to FAIL\n, 72, )", "word_wrap(, 72, )",
+                   "word_wrap(CRITICAL:\n, 72, )", "word_wrap(Diagnoses\n, 72, )",
+                   "word_wrap(Observations\n, 72, )"}));
 }
 
 TEST_F(HostCallsTest, EmptySectionWrapsItsNotice) {
@@ -74,6 +71,44 @@ TEST_F(HostCallsTest, IssueHandsOverOneNodeListForEachOutput) {
             "   Nodes: [n2;n1;n2;][][n1;n3;]\n"
             "   Category: FUNCTIONALITY\n"
             "   <Framework Definition>\n");
+}
+
+TEST_F(HostCallsTest, IssueAsksForItsTextsInTheOrderOfItsLines) {
+  const Issue issue = make_issue({.id = "id", .nodes = {"n1"}});
+  issue->related_issues[postprocessor::Type::OBSERVATION] = {make_issue({.id = "O"})};
+  std::vector<std::string> calls;
+  host().on_call = [&calls](const std::string& operation) { calls.push_back(operation); };
+  IssuePrinting().PrintOutput(issue, make_record(), 1, 1, "", true);
+  EXPECT_EQ(calls, (std::vector<std::string>{"word_wrap", "get_message_string", "get_remedy_string",
+                                             "get_node_string", "get_usable_id", "get_fwd_string",
+                                             "column_wrap"}));
+}
+
+TEST_F(HostCallsTest, IssueLivesUntilItIsPrintedThoughTheHostLetsGoOfIt) {
+  for (const unsigned mask : {24U, 25U, 26U}) {
+    Data data = make_record();
+    add_issue(data, mask, make_issue({.id = "id"}));
+    const std::weak_ptr<postprocessor::CollapsedAnalysisOutput> issue =
+        data.issues_by_mask->at(mask)[0];
+    bool gone_at_the_end = true;
+    host().on_call = [&](const std::string& operation) {
+      if (operation == "get_message_string") {
+        data.issues_by_mask->at(mask)[0].reset();
+      }
+      if (operation == "column_wrap") {
+        gone_at_the_end = issue.expired();
+      }
+    };
+    EXPECT_EQ(VondOutputLog(data).PrintSection(false), 0);
+    EXPECT_FALSE(gone_at_the_end);
+    EXPECT_TRUE(issue.expired());
+  }
+}
+
+TEST_F(HostCallsTest, ReportAsksForTheNodesOfAnIssueOnce) {
+  EXPECT_EQ(run(make_record_with_issues()), 0);
+  // Each of the two issues stands in its section and under the definition.
+  EXPECT_EQ(host().calls["get_node_string"], 2);
 }
 
 TEST_F(HostCallsTest, TreeWrapsItsHeadingToTheLineWidthWithoutIndent) {

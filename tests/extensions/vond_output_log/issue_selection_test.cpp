@@ -1,9 +1,11 @@
 #include <cstdlib>
+#include <iostream>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "tests/extensions/vond_output_log/text_test.h"
+#include "vond_output_log.h"
 
 namespace vond::test {
 namespace {
@@ -257,6 +259,47 @@ TEST_F(IssueSelectionTest, UnknownBandReadsAsARowOfZeros) {
         std::_Exit(without_fail_bit && with_fail_bit ? 42 : 1);
       },
       ::testing::ExitedWithCode(42), "");
+}
+
+// In a process of its own, too.
+TEST_F(IssueSelectionTest, UnknownBandIsARowOfTheTreesTableFromThenOnAndOfNoOther) {
+  add_issue(data, 0, make_issue({.id = "id", .nodes = {"n1"}, .definitions = {"name"}}));
+  data.fwd_root->roots = {make_definition({.name = "name", .counts = {{0, 1}}})};
+  const auto report_with_unknown_band = [this] {
+    find("catastrophic", 0);
+    EXPECT_EQ(vond_output_log::VondOutputLog(data).run(), 0);
+    std::cerr << output.take();
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(report_with_unknown_band(), ::testing::ExitedWithCode(0),
+              "Other issues \\(not contributing to FAIL\\)\n"
+              "\n"
+              "INFORMATIONAL:\n"
+              "Diagnoses\n"
+              "1. id \\(appears on 1 node\\)\n"
+              "   Nodes: n1\n"
+              "   Category: FUNCTIONALITY\n"
+              "   Framework Definition: name\n"
+              "\n"
+              "-+\n"
+              "Issues \\(repeated from above\\) ordered in the framework definition hierarchy\n"
+              "\n"
+              "name: PASS\n"
+              "   1 INFORMATIONAL     \\(1 diagnosis     0 observation\\)\n"
+              "   1 CATASTROPHIC     \\(1 diagnosis     0 observation\\)\n"
+              "   \n"
+              "   INFORMATIONAL:\n"
+              "   Diagnoses\n"
+              "   1. id \\(appears on 1 node\\)\n"
+              "\n"
+              "      Nodes:                 n1\n"
+              "   \n"
+              "   CATASTROPHIC:\n"
+              "   Diagnoses\n"
+              "   1. id \\(appears on 1 node\\)\n"
+              "\n"
+              "      Nodes:                 n1\n"
+              "   \n");
 }
 
 }  // namespace

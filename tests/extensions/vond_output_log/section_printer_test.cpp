@@ -318,6 +318,12 @@ TEST_F(SectionPrinterTest, EitherCountMakesIssues) {
   EXPECT_EQ(print(false), "Issues contributing to FAIL\n\n");
 }
 
+TEST_F(SectionPrinterTest, OnlyCountsWhoseSumIsZeroMakeNoIssues) {
+  data.counts_by_mask = {{16, -1}, {19, 0}, {0, -1}, {3, 1}};
+  EXPECT_EQ(print(false), "Issues contributing to FAIL\n\n");
+  EXPECT_EQ(print(true), "Other issues (not contributing to FAIL)\nNo issues detected.\n\n");
+}
+
 TEST_F(SectionPrinterTest, LeavesTheIndexAsItWas) {
   add_empty_issue(24);
   print(false);

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 
-#include "node_summaries.h"
+#include "tree_walk.h"
+#include "vond/extension/node_summaries.h"
 #include "vond/fwd.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
@@ -16,8 +13,9 @@
 namespace vond_output_log {
 
 /// Writes the issues once more, along the framework-definition hierarchy, drawn as a text tree;
-/// stateless. Operations that return `int` return 0 on success and 1 on failure; a 1 from one of
-/// them ends the work of its caller at once, and what is written by then stays.
+/// stateless. Each operation hands its work to the class that does it. Operations that return `int`
+/// return 0 on success and 1 on failure; a 1 from one of them ends the work of its caller at once,
+/// and what is written by then stays.
 class FwdOutputFunctions : public vond::postprocessor::StringInterface {
  public:
   using Data = vond::postprocessor::PostprocessorExtensionData;
@@ -29,8 +27,9 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
   /// Writes the section's heading and the tree of every root.
   int print_full_tree(const Data& data);
 
-  /// The same, with what is known of the issues' nodes already.
-  int print_full_tree(const Data& data, NodeSummaries& nodes);
+  /// Returns the walk that print_full_tree() makes, for a report that knows of the issues' nodes
+  /// already. Its arguments and this object must outlive it.
+  TreeWalk make_walk(const Data& data, vond::extension::NodeSummaries& nodes);
 
   /// Writes one definition and everything below it. `prefix` is what its parent hands to its
   /// children, empty for a root; `last` tells that no sibling follows, and is set for every root.
@@ -43,7 +42,8 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
                       const vond::Fwd& fwd);
 
   /// Appends one band's line to `count_text`, or nothing when the band has no issues. `text` is the
-  /// band's upper-case name on entry and the line on return; `width` is not used.
+  /// band's upper-case name on entry and the line on return; `width` is not
+  /// used; that is wanted.
   int format_issue_num_by_severity(std::string& count_text, std::string& text, int width,
                                    const std::string& child_prefix, const std::string& gap,
                                    int diagnoses, int observations);
@@ -104,48 +104,6 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
   int format_fwd_segment(std::string& segment, const std::string& body_indent,
                          const std::string& spacer, const std::string& label,
                          const std::string& text, const int& width);
-
- private:
-  /// What a walk remembers from definition to definition.
-  struct Walk {
-    const Data& data;
-    NodeSummaries& nodes;
-    /// Every definition's own part of the issue index; what it is keyed by belongs to the issues.
-    /// Made when it is first needed: asking every issue for every definition would take the product
-    /// of the two.
-    std::optional<std::unordered_map<std::string_view, vond::postprocessor::IssuesByMask>>
-        issues_by_fwd = std::nullopt;
-    /// The definition that was asked for last and its part, null when it has none: bands are asked
-    /// for one by one.
-    const vond::Fwd* last_fwd = nullptr;
-    const vond::postprocessor::IssuesByMask* issues_of_last_fwd = nullptr;
-  };
-
-  /// Sets both lists to the issues of the band that is named.
-  using BandSelection = std::function<int(IssueList& diagnoses, IssueList& observations,
-                                          const std::string& band_name)>;
-
-  int print_subtree(Walk& walk, const vond::Fwd& fwd, const std::string& prefix, bool last);
-  int print_bands(const BandSelection& select, NodeSummaries& nodes,
-                  const std::string& child_prefix, int width, std::string& text);
-  /// Makes `fwd` the definition that was asked for last.
-  static void find_issues(Walk& walk, const vond::Fwd& fwd);
-  /// Does what get_details_by_severity() does.
-  int select_details(Walk& walk, IssueList& diagnoses, IssueList& observations,
-                     const std::string& band_name, const vond::Fwd& fwd);
-
-  // The layout with what is known of the issues' nodes already.
-
-  int print_details_by_severity(const IssueList& diagnoses, const IssueList& observations,
-                                NodeSummaries& nodes, const std::string& prefix, int width,
-                                const std::string& band_name, std::string& buffer);
-  int print_fwd_body(std::string& buffer, int width, const std::string& prefix,
-                     const IssueList& issues, NodeSummaries& nodes, bool is_diagnosis);
-  int format_fwd_header(std::string& buffer, int ordinal, const std::string& prefix,
-                        const std::string& ordinal_pad, const Issue& issue, NodeSummaries& nodes);
-  int format_fwd_body(std::string& buffer, const std::string& body_indent,
-                      const std::string& spacer, int width, const Issue& issue,
-                      NodeSummaries& nodes, bool is_diagnosis);
 };
 
 }  // namespace vond_output_log

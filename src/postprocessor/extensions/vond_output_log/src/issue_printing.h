@@ -3,14 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "node_summaries.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
 
 namespace vond_output_log {
 
-/// Writes one numbered issue of the two issue sections; stateless.
+/// Writes one numbered issue of the two issue sections; stateless. IssueBlock does the work.
 class IssuePrinting : public vond::postprocessor::StringInterface {
  public:
   /// Writes the issue's header and its body, wrapped to the record's line width; the blank line
@@ -19,11 +18,6 @@ class IssuePrinting : public vond::postprocessor::StringInterface {
   void PrintOutput(std::shared_ptr<vond::postprocessor::CollapsedAnalysisOutput> issue,
                    const vond::postprocessor::PostprocessorExtensionData& data, int number,
                    int width, std::string prefix, bool diagnosis);
-
-  /// The same, with what is known of the issue's nodes already.
-  void PrintOutput(const std::shared_ptr<vond::postprocessor::CollapsedAnalysisOutput>& issue,
-                   const vond::postprocessor::PostprocessorExtensionData& data, int number,
-                   int width, const std::string& prefix, bool diagnosis, NodeSummaries& nodes);
 
   /// Returns `indent`, "Category: ", the issue's category ("FUNCTIONALITY" if it has none) and a
   /// line end.

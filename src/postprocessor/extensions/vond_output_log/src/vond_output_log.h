@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <type_traits>
 #include <vector>
 
 #include "fwd_output.h"
 #include "issue_printing.h"
+#include "issue_sections.h"
+#include "vond/extension/node_summaries.h"
 #include "vond/host_api.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -48,15 +49,7 @@ class VondOutputLog : public vond::postprocessor::PostprocessorExtension {
   int PrintSection(bool other);
 
  private:
-  int print_section(bool other, NodeSummaries& nodes);
-  /// Writes one band of a section: nothing when it has no issues.
-  void print_band(const std::string& name, unsigned mask, NodeSummaries& nodes);
-  void print_diagnoses(const vond::postprocessor::IssueList& diagnoses, NodeSummaries& nodes);
-  /// Writes both kinds of observations as one group, in one run of numbers.
-  void print_observations(const vond::postprocessor::IssueList& observations,
-                          const vond::postprocessor::IssueList& missing_data, NodeSummaries& nodes);
-  void write_wrapped(const std::string& text);
-  int number_width(std::size_t issues) const;
+  IssueSections make_sections(vond::extension::NodeSummaries& nodes);
 
   Utilities utilities_;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -11,11 +10,11 @@
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/string_interface.h"
 
-namespace vond_output_log {
+namespace vond::extension {
 
 /// Returns the node names of every output, a list per output.
 inline std::vector<std::vector<std::string>> node_lists(
-    const vond::postprocessor::CollapsedAnalysisOutput& issue) {
+    const postprocessor::CollapsedAnalysisOutput& issue) {
   std::vector<std::vector<std::string>> lists;
   lists.reserve(issue.outputs.size());
   for (const auto& output : issue.outputs) {
@@ -28,7 +27,7 @@ inline std::vector<std::vector<std::string>> node_lists(
 class DistinctNames {
  public:
   /// `most` is how many names may be added.
-  explicit DistinctNames(std::size_t most) : slots_(std::bit_ceil(2 * most + 1)) {}
+  explicit DistinctNames(std::size_t most) : slots_(slots_for(most)) {}
 
   void add(const std::string& name) {
     const std::size_t last_slot = slots_.size() - 1;
@@ -46,12 +45,21 @@ class DistinctNames {
   std::size_t count() const { return count_; }
 
  private:
+  /// A power of two, and at most half of them in use.
+  static std::size_t slots_for(std::size_t names) {
+    std::size_t slots = 1;
+    while (slots <= 2 * names) {
+      slots *= 2;
+    }
+    return slots;
+  }
+
   std::vector<const std::string*> slots_;
   std::size_t count_ = 0;
 };
 
 /// Returns on how many distinct nodes the issue was found.
-inline std::size_t count_distinct_nodes(const vond::postprocessor::CollapsedAnalysisOutput& issue) {
+inline std::size_t count_distinct_nodes(const postprocessor::CollapsedAnalysisOutput& issue) {
   std::size_t names = 0;
   for (const auto& output : issue.outputs) {
     names += output->node_names.size();
@@ -73,10 +81,8 @@ inline std::size_t count_distinct_nodes(const vond::postprocessor::CollapsedAnal
 /// Issues must neither change nor go while this lives, which is one report or one part of it.
 class NodeSummaries {
  public:
-  using Issue = vond::postprocessor::CollapsedAnalysisOutput;
-
   /// Returns on how many distinct nodes the issue was found.
-  std::size_t count(const Issue& issue) {
+  std::size_t count(const postprocessor::CollapsedAnalysisOutput& issue) {
     std::optional<std::size_t>& count = summaries_[&issue].count;
     if (!count) {
       count = count_distinct_nodes(issue);
@@ -85,7 +91,8 @@ class NodeSummaries {
   }
 
   /// Returns the nodes of all outputs as `host` writes them.
-  const std::string& text(const Issue& issue, vond::postprocessor::StringInterface& host) {
+  const std::string& text(const postprocessor::CollapsedAnalysisOutput& issue,
+                          postprocessor::StringInterface& host) {
     std::optional<std::string>& text = summaries_[&issue].text;
     if (!text) {
       auto lists = node_lists(issue);
@@ -100,7 +107,7 @@ class NodeSummaries {
     std::optional<std::string> text;
   };
 
-  std::unordered_map<const Issue*, Summary> summaries_;
+  std::unordered_map<const postprocessor::CollapsedAnalysisOutput*, Summary> summaries_;
 };
 
-}  // namespace vond_output_log
+}  // namespace vond::extension
