@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/definitions/definition_names.h"
 #include "standalone/input/input_error.h"
 
 namespace {
