@@ -108,18 +108,23 @@ void for_each_text(AnyWording& wording, const Visit& visit) {
   });
 }
 
-/// Equal in every member; lists in the same order.
-template <typename LeftText, typename RightText>
-bool operator==(const BasicWording<LeftText>& left, const BasicWording<RightText>& right) {
+/// Compares what members_of() has returned; lists count as equal in the same order.
+template <typename... LeftMembers, typename... RightMembers>
+bool are_same(const std::tuple<LeftMembers&...>& left, const std::tuple<RightMembers&...>& right) {
   return std::apply(
       [&right](const auto&... of_left) {
         return std::apply(
             [&](const auto&... of_right) {
               return (wording_members::are_equal(of_left, of_right) && ...);
             },
-            members_of(right));
+            right);
       },
-      members_of(left));
+      left);
+}
+
+template <typename LeftText, typename RightText>
+bool operator==(const BasicWording<LeftText>& left, const BasicWording<RightText>& right) {
+  return are_same(members_of(left), members_of(right));
 }
 
 /// Sorts the lists of a wording and removes repetitions, so that equal sets are equal lists.

@@ -24,6 +24,22 @@ void append(std::vector<Item>& items, const std::vector<Item>& more) {
   items.insert(items.end(), more.begin(), more.end());
 }
 
+/// Returns an issue of that wording, found nowhere yet.
+CollapsedIssue issue_of(OwnedWording wording) {
+  auto& [type, id, severity, texts, definitions, based_on] = wording;
+  CollapsedIssue issue{type, std::move(id), severity, std::move(definitions), std::move(based_on),
+                       {},   0};
+  issue.outputs.push_back({severity, std::move(texts), {}, {}, 0});
+  return issue;
+}
+
+/// Returns the members_of() the wording that issue_of() has made `issue` of.
+auto wording_members_of(const CollapsedIssue& issue) {
+  const auto& [type, id, severity, definitions, based_on, outputs, distinct_nodes] = issue;
+  const auto& [message, remedy, category] = outputs[0].texts;
+  return std::tie(type, severity, id, message, remedy, category, definitions, based_on);
+}
+
 std::size_t count_distinct(std::vector<StringInterner::Id> nodes) {
   sort_unique(nodes);
   return nodes.size();
@@ -144,11 +160,11 @@ void Collapser::add(const Finding& finding) {
   ++findings_;
   const auto issue =
       known_wordings_.issue_of(finding, [&] { return find_or_add_issue(finding.wording); });
-  GatheredFindings& gathered = gathered_[issue];
+  CollapsedOutput& output = issues_[issue].outputs[0];
   for (const std::string_view node : finding.nodes) {
-    gathered.nodes.push_back(node_names_.id_of(node));
+    output.nodes.push_back(node_names_.id_of(node));
   }
-  append(gathered.row_ids, finding.row_ids);
+  append(output.row_ids, finding.row_ids);
 }
 
 FlatIndex::Number Collapser::find_or_add_issue(const Wording& wording) {
@@ -156,34 +172,19 @@ FlatIndex::Number Collapser::find_or_add_issue(const Wording& wording) {
   sort_sets(wording_with_sets_);
   const std::size_t hash = hash_of(wording_with_sets_);
   const FlatIndex::Number found = index_.find(hash, [this](FlatIndex::Number number) {
-    return gathered_[number].wording == wording_with_sets_;
+    return are_same(members_of(wording_with_sets_), wording_members_of(issues_[number]));
   });
   if (found != FlatIndex::NONE) {
     return found;
   }
-  gathered_.push_back({owned(wording_with_sets_), {}, {}});
+  issues_.push_back(issue_of(owned(wording_with_sets_)));
   return index_.add(hash);
 }
 
-/// Takes what is gathered.
-CollapsedIssue Collapser::issue_of(GatheredFindings& gathered) {
-  auto& [type, id, severity, texts, definitions, based_on] = gathered.wording;
-  CollapsedIssue issue{
-      type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0};
-  issue.outputs.push_back(
-      {severity, std::move(texts), std::move(gathered.nodes), std::move(gathered.row_ids), 0});
-  return issue;
-}
-
 std::vector<CollapsedIssue> Collapser::finish(CollapseBy collapse_by) {
-  std::vector<CollapsedIssue> issues;
-  issues.reserve(gathered_.size());
-  for (GatheredFindings& gathered : gathered_) {
-    issues.push_back(issue_of(gathered));
-  }
-  gathered_ = {};
   index_ = {};
   known_wordings_ = {};
+  std::vector<CollapsedIssue> issues = std::exchange(issues_, {});
   switch (collapse_by) {
     case CollapseBy::TEXT:
       std::for_each(issues.begin(), issues.end(), count_nodes);

@@ -68,20 +68,13 @@ class Collapser {
   const StringInterner& node_names() const { return node_names_; }
 
  private:
-  /// Findings of one wording.
-  struct GatheredFindings {
-    OwnedWording wording;
-    std::vector<StringInterner::Id> nodes;
-    std::vector<int> row_ids;
-  };
-
   FlatIndex::Number find_or_add_issue(const Wording& wording);
-  static CollapsedIssue issue_of(GatheredFindings& gathered);
 
   std::size_t findings_ = 0;
   StringInterner node_names_;
-  std::vector<GatheredFindings> gathered_;
-  /// The numbers of `gathered_` by the hashes of their wordings.
+  /// By wording, each with one output.
+  std::vector<CollapsedIssue> issues_;
+  /// The places of `issues_` by the hashes of their wordings.
   FlatIndex index_;
   KnownWordings known_wordings_;
   /// Kept between findings for its memory.

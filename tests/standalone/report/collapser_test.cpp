@@ -353,7 +353,7 @@ TEST(IssueOrder, ThenTypeByTheBytesOfItsName) {
   EXPECT_EQ(order_of({{.type = OBSERVATIONS, .message = "a"},
                       {.type = MISSING_DATA, .message = "b"},
                       {.type = DIAGNOSES, .message = "c"}},
-                     [](const auto& issue) { return type_name(issue.type); }),
+                     [](const auto& issue) { return std::string(type_name(issue.type)); }),
             "{diagnosis missing_data observation}");
 }
 
