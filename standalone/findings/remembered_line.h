@@ -29,8 +29,8 @@ class RememberedLine {
   /// was remembered before. Its findings get `wording_number`.
   void remember(std::string_view line, const FindingParser& parser, std::uint64_t wording_number);
 
-  /// Returns the finding of `line`, null when it is not like the remembered line. The finding lives
-  /// until the next call or until the line's text goes.
+  /// Returns the finding of `line`, not empty, null when it is not like the remembered line. It
+  /// lives until the next call or until the line's text goes.
   const Finding* read(std::string_view line);
 
  private:
