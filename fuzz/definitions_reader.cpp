@@ -11,6 +11,7 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
+#include "standalone/input/byte_order_mark.h"
 #include "standalone/input/input_error.h"
 #include "standalone/json/json_fault.h"
 #include "standalone/text/harmless_text.h"
@@ -31,12 +32,6 @@ std::optional<DefinitionsFile> read(std::string_view input) {
     expect_place(error.what(), path, input);
     return std::nullopt;
   }
-}
-
-std::string_view without_byte_order_mark(std::string_view input) {
-  constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-  const bool has_mark = input.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK;
-  return has_mark ? input.substr(BYTE_ORDER_MARK.size()) : input;
 }
 
 void check_definitions(const Group& group, int depth, std::set<std::string>& names) {

@@ -16,12 +16,14 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
-#include "standalone/definitions/definition_tree.h"
-#include "standalone/definitions/definitions_reader.h"
+#include "standalone/definitions/definition_names.h"
+#include "standalone/input/byte_order_mark.h"
 #include "standalone/json/json_fault.h"
+#include "standalone/json/white_space.h"
+#include "standalone/model/definition_spec.h"
 #include "standalone/model/severity_scale.h"
+#include "standalone/model/type_names.h"
 #include "standalone/nodes/node_folding.h"
-#include "standalone/report/collapser.h"
 #include "standalone/text/harmless_text.h"
 
 namespace {
@@ -45,17 +47,20 @@ void expect_names(const std::vector<std::string_view>& names) {
 }
 
 void check_finding(const Finding& finding) {
-  expect_names({finding.id});
-  expect_harmless(finding.category);
-  expect_harmless(finding.message, LineEnds::KEPT);
-  expect_harmless(finding.remedy, LineEnds::KEPT);
-  expect_names(finding.definitions);
-  expect_names(finding.based_on);
+  const auto& [type, id, severity, texts, definitions, based_on] = finding.wording;
+  const auto& [message, remedy, category] = texts;
+  expect(type_of_name(type_name(type)) == type, "a type with a name", id);
+  expect_names({id});
+  expect_harmless(category);
+  expect_harmless(message, LineEnds::KEPT);
+  expect_harmless(remedy, LineEnds::KEPT);
+  expect_names(definitions);
+  expect_names(based_on);
   for (const std::string_view node : finding.nodes) {
     expect_harmless(node);
   }
-  expect(finding.severity >= LOWEST_SEVERITY && finding.severity <= HIGHEST_SEVERITY,
-         "a severity on the scale", finding.id);
+  expect(severity >= LOWEST_SEVERITY && severity <= HIGHEST_SEVERITY, "a severity on the scale",
+         id);
 }
 
 std::string member(const std::string& key, const std::string& json) {
@@ -87,15 +92,14 @@ std::string json_line(const Finding& finding) {
   for (const int id : finding.row_ids) {
     row_ids.push_back(std::to_string(id));
   }
-  return "{\"type\":" + json_string(type_name(finding.type)) +
-         member("id", json_string(finding.id)) +
-         member("severity", std::to_string(finding.severity)) +
-         member("category", json_string(finding.category)) +
-         member("message", json_string(finding.message)) +
-         member("remedy", json_string(finding.remedy)) +
+  const auto& [type, id, severity, texts, definitions, based_on] = finding.wording;
+  const auto& [message, remedy, category] = texts;
+  return "{\"type\":" + json_string(type_name(type)) + member("id", json_string(id)) +
+         member("severity", std::to_string(severity)) + member("category", json_string(category)) +
+         member("message", json_string(message)) + member("remedy", json_string(remedy)) +
          member("nodes", json_nodes(finding.nodes)) + member("row_ids", json_array(row_ids)) +
-         member("definitions", json_strings(finding.definitions)) +
-         member("based_on", json_strings(finding.based_on)) + "}";
+         member("definitions", json_strings(definitions)) +
+         member("based_on", json_strings(based_on)) + "}";
 }
 
 /// Writes down what is read, a line of findings for every usable line of input.
@@ -105,7 +109,7 @@ class Notes : public FindingsSink {
 
   void finding(const Finding& finding) override {
     check_finding(finding);
-    for (const std::string_view name : finding.definitions) {
+    for (const std::string_view name : finding.wording.definitions) {
       expect(!definitions_are_paths_ || spelled_depth(name) <= MAX_DEFINITION_DEPTH,
              "definitions that the tree can hold", name);
     }
@@ -166,9 +170,8 @@ Reading read(std::string_view input, const ReadingOptions& options) {
 
 /// One line of the input as the reader should see it.
 std::string_view text_of_line(std::string_view line, bool is_first) {
-  constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-  if (is_first && line.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
-    line.remove_prefix(BYTE_ORDER_MARK.size());
+  if (is_first) {
+    line = without_byte_order_mark(line);
   }
   if (!line.empty() && line.back() == '\r') {
     line.remove_suffix(1);
@@ -189,7 +192,7 @@ LineCounts count_lines(std::string_view input) {
   for (const std::string_view raw_line : lines_of(input)) {
     const std::string_view line = text_of_line(raw_line, std::exchange(is_first, false));
     const bool is_too_long = line.size() > SHORT_LIMIT;
-    const bool is_blank = line.find_first_not_of(" \t\r") == std::string_view::npos;
+    const bool is_blank = without_white_space(line).empty();
     if (is_too_long) {
       ++counts.too_long;
     }

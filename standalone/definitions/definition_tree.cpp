@@ -2,20 +2,12 @@
 
 #include <algorithm>
 
+#include "standalone/definitions/definition_names.h"
 #include "standalone/input/input_error.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {
-
-/// Returns the name under which `name` stands in a tree that names spell, "" for a root.
-std::string_view spelled_parent(std::string_view name) {
-  const auto drop_slashes = [](std::string_view text) {
-    return text.substr(0, text.find_last_not_of('/') + 1);
-  };
-  const std::string_view path = drop_slashes(name);
-  const std::size_t slash = path.find_last_of('/');
-  return slash == std::string_view::npos ? std::string_view() : drop_slashes(path.substr(0, slash));
-}
 
 /// Adds the names of all missing parents.
 std::set<std::string_view> with_parents(const std::set<std::string_view>& names) {
@@ -43,10 +35,9 @@ std::string_view start_of(std::string_view text, std::size_t size) {
 
 std::string too_deep(std::string_view name) {
   constexpr std::size_t SHOWN = 60;
-  const std::string shown(start_of(name, SHOWN));
-  return "definition \"" + shown + (name.size() > SHOWN ? "…" : "") + "\" is " +
-         std::to_string(spelled_depth(name)) + " levels deep, expected at most " +
-         std::to_string(MAX_DEFINITION_DEPTH);
+  const std::string shown = std::string(start_of(name, SHOWN)) + (name.size() > SHOWN ? "…" : "");
+  return "definition " + in_quotes(shown) + " is " + std::to_string(spelled_depth(name)) +
+         " levels deep, expected at most " + std::to_string(MAX_DEFINITION_DEPTH);
 }
 
 bool has_issue_contributing_to_fail(const Fwd& fwd) {
@@ -68,14 +59,6 @@ bool decide_node(FwdNode& node) {
 }
 
 }  // namespace
-
-int spelled_depth(std::string_view name) {
-  int depth = 0;
-  for (; !name.empty(); name = spelled_parent(name)) {
-    ++depth;
-  }
-  return depth;
-}
 
 DefinitionTree::DefinitionTree(const std::vector<DefinitionSpec>& specs,
                                const std::set<std::string_view>& names) {

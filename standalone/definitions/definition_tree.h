@@ -7,14 +7,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "standalone/definitions/definitions_reader.h"
+#include "standalone/model/definition_spec.h"
 #include "vond/fwd.h"
 
 namespace vond::standalone {
-
-/// Returns how deep a tree that names spell has to be for `name`: `a/b/c` stands under `a/b` under
-/// `a`, so its depth is 3. Slashes at the start, at the end and in a row count nothing.
-int spelled_depth(std::string_view name);
 
 /// The framework-definition hierarchy of a report, and the definitions in it by name.
 class DefinitionTree {

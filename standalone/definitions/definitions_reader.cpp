@@ -1,7 +1,6 @@
 #include "standalone/definitions/definitions_reader.h"
 
 #include <cstddef>
-#include <new>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
@@ -10,9 +9,10 @@
 
 #include "standalone/input/file_text.h"
 #include "standalone/input/input_error.h"
-#include "standalone/json/json_fault.h"
 #include "standalone/json/json_values.h"
+#include "standalone/json/parsing_fault.h"
 #include "standalone/json/unknown_keys.h"
+#include "standalone/json/white_space.h"
 #include "standalone/text/messages.h"
 
 namespace vond::standalone {
@@ -213,41 +213,17 @@ void DefinitionsParser::note_unknown_key(std::string_view key, const char* where
   }
 }
 
-/// Returns the error of a text that is no JSON.
-InputError json_error(FileText& file, const std::string& parser_message) {
-  const std::optional<JsonFault> fault = find_json_fault(file.text(), "file");
-  if (fault) {
-    return file.error_at(file.text().data() + fault->offset, fault->message);
-  }
-  return file.error_at(file.text().data(),
-                       "the file cannot be read (" + parser_message + "), expected a JSON object");
-}
-
-/// Returns the error of a value that cannot be used, unless the text is no JSON either: then that
-/// is the first thing to tell.
-InputError value_error(FileText& file, const ValueFault& fault) {
-  if (find_json_fault(file.text(), "file")) {
-    return json_error(file, "");
-  }
-  return file.error_at(fault.where, fault.message);
-}
-
 }  // namespace
 
 DefinitionsFile read_definitions(const std::string& path) {
   FileText file(path, "a file of definitions");
-  try {
-    return DefinitionsParser(file).parse();
-  } catch (const ValueFault& fault) {
-    throw value_error(file, fault);
-  } catch (const BrokenJson&) {
-    throw json_error(file, "unknown fault");
-  } catch (const simdjson::simdjson_error& error) {
-    if (error.error() == simdjson::MEMALLOC) {
-      throw std::bad_alloc();
-    }
-    throw json_error(file, error.what());
+  DefinitionsFile definitions;
+  const std::optional<JsonFault> fault = find_parsing_fault(
+      file.text(), "file", [&] { definitions = DefinitionsParser(file).parse(); });
+  if (fault) {
+    throw file.error_at(file.text().data() + fault->offset, fault->message);
   }
+  return definitions;
 }
 
 }  // namespace vond::standalone

@@ -5,15 +5,12 @@
 #include "standalone/findings/finding_keys.h"
 #include "standalone/findings/finding_parser.h"
 #include "standalone/input/input_file.h"
-#include "standalone/json/json_fault.h"
+#include "standalone/json/parsing_fault.h"
+#include "standalone/json/white_space.h"
 
 namespace vond::standalone {
 
 namespace {
-
-bool is_blank(std::string_view text) {
-  return text.find_first_not_of(" \t\r") == std::string_view::npos;
-}
 
 std::string size_text(std::size_t bytes) {
   constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
@@ -31,32 +28,13 @@ struct Place {
   }
 };
 
-/// Returns the error of a line that is no JSON.
-InputError json_error(const Place& place, const char* parser_message) {
-  const std::optional<JsonFault> fault = find_json_fault(place.line.text, "line");
-  if (fault) {
-    return place.error(fault->offset, fault->message);
-  }
-  return place.error(
-      0, std::string("the line cannot be read (") + parser_message + "), expected a JSON object");
-}
-
-/// Returns the error of a line with a value that cannot be used, unless it is no JSON either: then
-/// that is the first thing to tell.
-InputError value_error(const Place& place, const ValueFault& fault) {
-  if (find_json_fault(place.line.text, "line")) {
-    return json_error(place, "");
-  }
-  return place.error(static_cast<std::size_t>(fault.where - place.line.text.data()), fault.message);
-}
-
 }  // namespace
 
 FindingsReader::FindingsReader(FindingsSink& sink, ReadingOptions options)
     : sink_(sink),
       options_(options),
       parser_(std::make_unique<FindingParser>(options.definitions_are_paths)),
-      unknown_keys_(finding_keys::all_names()) {}
+      unknown_keys_(finding_key_names()) {}
 
 FindingsReader::~FindingsReader() = default;
 
@@ -71,7 +49,7 @@ void FindingsReader::read(const std::string& path) {
       sink_.finding(*repeated);
       continue;
     }
-    if (!line.is_too_long && is_blank(line.text)) {
+    if (!line.is_too_long && without_white_space(line.text).empty()) {
       continue;
     }
     if (is_usable(file.name(), line)) {
@@ -103,14 +81,10 @@ void FindingsReader::parse(const std::string& file, const LineReader::Line& line
     throw place.error(0, "the line is longer than " + size_text(options_.longest_line) +
                              ", expected one finding a line");
   }
-  try {
-    parser_->parse(line.text);
-  } catch (const ValueFault& fault) {
-    throw value_error(place, fault);
-  } catch (const BrokenJson&) {
-    throw json_error(place, "unknown fault");
-  } catch (const simdjson::simdjson_error& error) {
-    throw json_error(place, error.what());
+  const std::optional<JsonFault> fault =
+      find_parsing_fault(line.text, "line", [&] { parser_->parse(line.text); });
+  if (fault) {
+    throw place.error(fault->offset, fault->message);
   }
 }
 

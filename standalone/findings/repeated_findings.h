@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "standalone/findings/remembered_line.h"
 #include "standalone/model/finding.h"
 
 namespace vond::standalone {
@@ -19,7 +19,6 @@ class FindingParser;
 class RepeatedFindings {
  public:
   RepeatedFindings();
-  ~RepeatedFindings();
   RepeatedFindings(const RepeatedFindings&) = delete;
   RepeatedFindings& operator=(const RepeatedFindings&) = delete;
 
@@ -32,17 +31,16 @@ class RepeatedFindings {
   void learn(std::string_view line, const FindingParser& parser);
 
  private:
-  class Wording;
   struct Slot {
     /// How the last line began that was parsed.
     std::uint64_t beginning = 0;
-    std::unique_ptr<Wording> wording;
+    std::unique_ptr<RememberedLine> remembered;
   };
 
   Slot& slot_of(std::uint64_t beginning);
 
   std::vector<Slot> slots_;
-  std::uint64_t wordings_ = Finding::UNKNOWN_WORDING;
+  std::uint64_t last_wording_number_ = Finding::UNKNOWN_WORDING;
 };
 
 }  // namespace vond::standalone

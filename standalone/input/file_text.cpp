@@ -1,5 +1,7 @@
 #include "standalone/input/file_text.h"
 
+#include "standalone/input/byte_order_mark.h"
+
 namespace vond::standalone {
 
 namespace {
@@ -7,16 +9,11 @@ namespace {
 // An endless pipe must not take all memory.
 constexpr std::size_t LARGEST_FILE = std::size_t{256} << 20;
 
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-
 }  // namespace
 
 FileText::FileText(const std::string& path, const std::string& expectation)
     : file_(path, expectation) {
   read_all(expectation);
-  if (text_.substr(0, BYTE_ORDER_MARK.size()) == BYTE_ORDER_MARK) {
-    text_.remove_prefix(BYTE_ORDER_MARK.size());
-  }
 }
 
 void FileText::read_all(const std::string& expectation) {
@@ -31,7 +28,7 @@ void FileText::read_all(const std::string& expectation) {
       throw InputError(name() + ": is larger than 256 MiB, expected " + expectation);
     }
   } while (count > 0);
-  text_ = std::string_view(content_).substr(0, size);
+  text_ = without_byte_order_mark(std::string_view(content_).substr(0, size));
 }
 
 LineAndColumn FileText::place_of(const char* where) {

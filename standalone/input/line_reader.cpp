@@ -3,20 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
+#include "standalone/input/byte_order_mark.h"
+
 namespace vond::standalone {
 
 namespace {
 
 constexpr std::size_t FIRST_BUFFER_SIZE = std::size_t{128} << 10;
-constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-
-bool remove_prefix(std::string_view& text, std::string_view prefix) {
-  if (text.substr(0, prefix.size()) != prefix) {
-    return false;
-  }
-  text.remove_prefix(prefix.size());
-  return true;
-}
 
 }  // namespace
 
@@ -29,7 +22,7 @@ bool LineReader::next(Line& line) {
     const char* const unread = buffer_.data() + begin_;
     const std::size_t size = end_ - begin_;
     if (const void* line_feed = std::memchr(unread + searched, '\n', size - searched)) {
-      take(line, static_cast<std::size_t>(static_cast<const char*>(line_feed) - unread));
+      take_line(line, static_cast<std::size_t>(static_cast<const char*>(line_feed) - unread));
       ++begin_;
       return true;
     }
@@ -47,16 +40,17 @@ bool LineReader::next(Line& line) {
   if (begin_ == end_) {
     return false;
   }
-  take(line, end_ - begin_);
+  take_line(line, end_ - begin_);
   return true;
 }
 
 /// Hands out the next `length` bytes as a line.
-void LineReader::take(Line& line, std::size_t length) {
+void LineReader::take_line(Line& line, std::size_t length) {
   line = {{buffer_.data() + begin_, length}, ++lines_, 1, false};
   begin_ += length;
-  if (line.number == 1 && remove_prefix(line.text, BYTE_ORDER_MARK)) {
-    line.column += BYTE_ORDER_MARK.size();
+  if (line.number == 1) {
+    line.text = without_byte_order_mark(line.text);
+    line.column += length - line.text.size();
   }
   if (!line.text.empty() && line.text.back() == '\r') {
     line.text.remove_suffix(1);
@@ -69,7 +63,7 @@ void LineReader::take(Line& line, std::size_t length) {
 
 void LineReader::skip_rest_of_line() {
   do {
-    const void* line_feed = std::memchr(buffer_.data() + begin_, '\n', end_ - begin_);
+    const void* const line_feed = std::memchr(buffer_.data() + begin_, '\n', end_ - begin_);
     if (line_feed != nullptr) {
       begin_ = static_cast<std::size_t>(static_cast<const char*>(line_feed) - buffer_.data()) + 1;
       return;

@@ -42,7 +42,7 @@ class LineReader {
 
  private:
   bool fill();
-  void take(Line& line, std::size_t length);
+  void take_line(Line& line, std::size_t length);
   void skip_rest_of_line();
 
   InputFile& file_;

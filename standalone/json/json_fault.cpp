@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "standalone/json/white_space.h"
 #include "standalone/text/harmless_text.h"
 #include "standalone/text/messages.h"
 #include "standalone/text/suggestion.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr std::string_view DIGITS = "0123456789";
 constexpr std::string_view HEXADECIMAL_DIGITS = "0123456789abcdefABCDEF";
-constexpr std::string_view WHITE_SPACE = " \t\n\r";
 constexpr std::size_t UNICODE_ESCAPE_LENGTH = 6;
 
 bool is_one_of(std::string_view set, char byte) { return set.find(byte) != std::string_view::npos; }
@@ -276,7 +276,7 @@ class JsonCheck {
   }
 
   void skip_white_space() {
-    at_ = std::min(text_.find_first_not_of(WHITE_SPACE, at_), text_.size());
+    at_ = std::min(text_.find_first_not_of(JSON_WHITE_SPACE, at_), text_.size());
   }
 
   /// NUL, which the text does not hold, at its end.

@@ -85,12 +85,6 @@ void refuse_missing_key(std::string_view key, const char* where, std::string_vie
                               std::string(expected_place).append(suggestion)};
 }
 
-std::string_view without_white_space(std::string_view text) {
-  constexpr std::string_view WHITE_SPACE = " \t\r\n";
-  text.remove_prefix(std::min(text.find_first_not_of(WHITE_SPACE), text.size()));
-  return text.substr(0, text.find_last_not_of(WHITE_SPACE) + 1);
-}
-
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected) {
   const std::string_view source = source_of(value);

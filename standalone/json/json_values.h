@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "standalone/json/white_space.h"
 #include "standalone/text/harmless_text.h"
 
 namespace vond::standalone {
@@ -45,13 +46,7 @@ T& checked(simdjson::simdjson_result<T>& result) {
 /// Returns the source text of a value without the white space behind it; of an array or object only
 /// its bracket.
 inline std::string_view source_of(simdjson::ondemand::value& value) {
-  // The white space of JSON alone: no control character may pass for it.
-  constexpr std::string_view WHITE_SPACE = " \t\r\n";
-  std::string_view source = value.raw_json_token();
-  while (source.size() > 1 && WHITE_SPACE.find(source.back()) != std::string_view::npos) {
-    source.remove_suffix(1);
-  }
-  return source;
+  return without_white_space_at_end(value.raw_json_token());
 }
 
 /// Returns the text between the quotes of a string's source.
@@ -77,9 +72,6 @@ std::string describe_source(std::string_view source);
 [[noreturn]] void refuse_missing_key(std::string_view key, const char* where,
                                      std::string_view expected_place,
                                      std::string_view suggestion = "");
-
-/// Returns `text` without white space of JSON at both ends.
-std::string_view without_white_space(std::string_view text);
 
 /// Opens the array `value`; anything else is refused in the name of `name`.
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,

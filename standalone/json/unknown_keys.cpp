@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t MOST_KEYS = 100;
 constexpr std::size_t MOST_KEY_BYTES = 256;
 
-std::string how_often(std::size_t times) {
+std::string times_text(std::size_t times) {
   return times == 1 ? "once" : std::to_string(times) + " times";
 }
 
@@ -41,11 +41,11 @@ std::vector<std::string> UnknownKeys::warnings() const {
   std::vector<std::string> messages;
   for (const Entry& entry : entries_) {
     messages.push_back(entry.place + ": unknown key " + in_quotes(excerpt(entry.key)) +
-                       " is ignored (" + how_often(entry.times) + ")" +
+                       " is ignored (" + times_text(entry.times) + ")" +
                        suggestion_for(entry.key, known_));
   }
   if (not_listed_ > 0) {
-    messages.push_back("further unknown keys are ignored (" + how_often(not_listed_) + ")");
+    messages.push_back("further unknown keys are ignored (" + times_text(not_listed_) + ")");
   }
   return messages;
 }

@@ -23,7 +23,7 @@ class UnknownKeys {
   /// `known` are the keys that may have been meant.
   explicit UnknownKeys(std::vector<std::string_view> known);
 
-  /// Counts `key`, which stands at `place` ("FILE:LINE:COLUMN" is made of it when it is the first).
+  /// Counts `key`, which stands at that place. Line and column count from 1.
   void add(std::string_view key, const std::string& file, std::size_t line, std::size_t column);
 
   /// Returns a message per key, in the order of their first places.

@@ -59,9 +59,10 @@ std::shared_ptr<analysis::AnalysisOutput> make_output(std::string id, CollapsedO
                                                       const StringInterner& node_names) {
   auto output = std::make_shared<analysis::AnalysisOutput>();
   output->identifier = std::move(id);
-  output->category = std::move(collapsed.category);
-  output->message = std::move(collapsed.message);
-  output->remedy = std::move(collapsed.remedy);
+  auto& [message, remedy, category] = collapsed.texts;
+  output->category = std::move(category);
+  output->message = std::move(message);
+  output->remedy = std::move(remedy);
   output->node_names.reserve(collapsed.nodes.size());
   for (const StringInterner::Id node : std::exchange(collapsed.nodes, {})) {
     output->node_names.push_back(node_names[node]);

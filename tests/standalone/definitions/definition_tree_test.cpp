@@ -18,7 +18,6 @@ using vond::standalone::DefinitionSpec;
 using vond::standalone::DefinitionTree;
 using vond::standalone::InputError;
 using vond::standalone::MAX_DEFINITION_DEPTH;
-using vond::standalone::spelled_depth;
 
 using Names = std::set<std::string_view>;
 using Specs = std::vector<DefinitionSpec>;
@@ -229,16 +228,6 @@ TEST(SpelledTree, ANameThatIsTooDeepIsCutBetweenCharacters) {
   }
   EXPECT_EQ(message_of_error({name}),
             "definition \"" + shown + "/…\" is 301 levels deep, expected at most 256");
-}
-
-TEST(SpelledDepth, CountsTheNameAndItsParents) {
-  EXPECT_EQ(spelled_depth("a"), 1);
-  EXPECT_EQ(spelled_depth("a/b"), 2);
-  EXPECT_EQ(spelled_depth("a/b/c"), 3);
-  EXPECT_EQ(spelled_depth("/a"), 1);
-  EXPECT_EQ(spelled_depth("a/"), 1);
-  EXPECT_EQ(spelled_depth("//a///b//"), 2);
-  EXPECT_EQ(spelled_depth(name_of_depth(1000)), 1000);
 }
 
 // ---- The tree that specs describe --------------------------------------------------------------

@@ -41,11 +41,12 @@ class Recorder : public FindingsSink {
     for (const int row_id : finding.row_ids) {
       row_ids += (row_ids.empty() ? "" : ",") + std::to_string(row_id);
     }
-    findings.push_back(std::to_string(finding.type) + "|" + std::string(finding.id) + "|" +
-                       std::to_string(finding.severity) + "|" + std::string(finding.category) +
-                       "|" + std::string(finding.message) + "|" + std::string(finding.remedy) +
-                       "|" + joined(finding.nodes) + "|" + row_ids + "|" +
-                       joined(finding.definitions) + "|" + joined(finding.based_on));
+    const auto& [type, id, severity, texts, definitions, based_on] = finding.wording;
+    const auto& [message, remedy, category] = texts;
+    findings.push_back(
+        std::to_string(type) + "|" + std::string(id) + "|" + std::to_string(severity) + "|" +
+        std::string(category) + "|" + std::string(message) + "|" + std::string(remedy) + "|" +
+        joined(finding.nodes) + "|" + row_ids + "|" + joined(definitions) + "|" + joined(based_on));
   }
   void examined(const std::vector<std::string_view>& nodes) override {
     findings.push_back("examined " + joined(nodes));

@@ -21,11 +21,13 @@ using vond::tests::TestFile;
 using Texts = std::vector<std::string>;
 
 std::string text_of(const Finding& finding) {
-  std::string text = std::to_string(finding.type) + "|" + std::to_string(finding.severity);
-  for (const auto part : {finding.id, finding.category, finding.message, finding.remedy}) {
+  const auto& [type, id, severity, texts, definitions, based_on] = finding.wording;
+  const auto& [message, remedy, category] = texts;
+  std::string text = std::to_string(type) + "|" + std::to_string(severity);
+  for (const auto part : {id, category, message, remedy}) {
     text.append("|").append(part);
   }
-  for (const auto* parts : {&finding.nodes, &finding.definitions, &finding.based_on}) {
+  for (const auto* parts : {&finding.nodes, &definitions, &based_on}) {
     text += "|";
     for (const auto part : *parts) {
       text.append(part).append(";");
@@ -41,7 +43,7 @@ class Recorder : public FindingsSink {
  public:
   void finding(const Finding& finding) override {
     texts.push_back(text_of(finding));
-    wordings.push_back(finding.wording);
+    wordings.push_back(finding.wording_number);
   }
   void examined(const std::vector<std::string_view>& nodes) override {
     texts.push_back("examined " + std::to_string(nodes.size()));

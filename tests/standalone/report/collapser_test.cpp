@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/model/type_names.h"
 #include "tests/standalone/support/findings.h"
 
 namespace {
@@ -26,21 +27,11 @@ using vond::standalone::CollapseBy;
 using vond::standalone::CollapsedIssue;
 using vond::standalone::CollapsedOutput;
 using vond::standalone::Collapser;
+using vond::standalone::type_name;
 using vond::test::FindingParts;
 using vond::test::make_finding;
 
 // ---- Pictures of issues ------------------------------------------------------------------------
-
-std::string name_of(TypeCode type) {
-  switch (type) {
-    case DIAGNOSES:
-      return "diagnosis";
-    case OBSERVATIONS:
-      return "observation";
-    default:
-      return "missing_data";
-  }
-}
 
 template <typename Items>
 std::string list(const Items& items) {
@@ -82,25 +73,28 @@ std::string picture(const std::vector<CollapsedIssue>& issues, const Collapser& 
                     NodeOrder order = NodeOrder::AS_COLLAPSED) {
   std::string text;
   for (const CollapsedIssue& issue : issues) {
-    text += name_of(issue.type) + " " + issue.id + " " + std::to_string(issue.severity) + " on " +
-            std::to_string(issue.distinct_nodes) + ", definitions " + list(issue.definitions) +
-            ", based on " + list(issue.based_on) + "\n";
+    text += std::string(type_name(issue.type)) + " " + issue.id + " " +
+            std::to_string(issue.severity) + " on " + std::to_string(issue.distinct_nodes) +
+            ", definitions " + list(issue.definitions) + ", based on " + list(issue.based_on) +
+            "\n";
     for (const CollapsedOutput& output : issue.outputs) {
-      text += "  " + std::to_string(output.severity) + " " + output.category + "|" +
-              output.message + "|" + output.remedy + ", nodes " +
-              list(nodes_of(output, collapser, order)) + ", rows " + list(output.row_ids) + "\n";
+      const auto& [message, remedy, category] = output.texts;
+      text += "  " + std::to_string(output.severity) + " " + category + "|" + message + "|" +
+              remedy + ", nodes " + list(nodes_of(output, collapser, order)) + ", rows " +
+              list(output.row_ids) + "\n";
     }
   }
   return text;
 }
 
-std::string collapse(const std::vector<FindingParts>& findings, CollapseBy what = CollapseBy::TEXT,
+std::string collapse(const std::vector<FindingParts>& findings,
+                     CollapseBy collapse_by = CollapseBy::TEXT,
                      NodeOrder order = NodeOrder::AS_COLLAPSED) {
   Collapser collapser;
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
-  return picture(collapser.finish(what), collapser, order);
+  return picture(collapser.finish(collapse_by), collapser, order);
 }
 
 /// One word an issue: what `word` says of it. For tests of nothing but the order.
@@ -359,7 +353,7 @@ TEST(IssueOrder, ThenTypeByTheBytesOfItsName) {
   EXPECT_EQ(order_of({{.type = OBSERVATIONS, .message = "a"},
                       {.type = MISSING_DATA, .message = "b"},
                       {.type = DIAGNOSES, .message = "c"}},
-                     [](const auto& issue) { return name_of(issue.type); }),
+                     [](const auto& issue) { return std::string(type_name(issue.type)); }),
             "{diagnosis missing_data observation}");
 }
 
@@ -368,7 +362,7 @@ TEST(IssueOrder, ThenMessageByBytes) {
                       {.message = "\xC3\xA4", .remedy = "0"},
                       {.message = "", .remedy = "3"},
                       {.message = "B", .remedy = "2"}},
-                     [](const auto& issue) { return "<" + issue.outputs[0].message + ">"; }),
+                     [](const auto& issue) { return "<" + issue.outputs[0].texts.message + ">"; }),
             "{<> <B> <b> <\xC3\xA4>}");
 }
 
@@ -376,7 +370,7 @@ TEST(IssueOrder, ThenRemedyByBytes) {
   EXPECT_EQ(order_of({{.category = "1", .remedy = "b"},
                       {.category = "0", .remedy = "\xC3\xA4"},
                       {.category = "2", .remedy = "B"}},
-                     [](const auto& issue) { return issue.outputs[0].remedy; }),
+                     [](const auto& issue) { return issue.outputs[0].texts.remedy; }),
             "{B b \xC3\xA4}");
 }
 
@@ -384,7 +378,7 @@ TEST(IssueOrder, ThenCategoryByBytes) {
   EXPECT_EQ(order_of({{.category = "b", .definitions = {"1"}},
                       {.category = "\xC3\xA4", .definitions = {"0"}},
                       {.category = "B", .definitions = {"2"}}},
-                     [](const auto& issue) { return issue.outputs[0].category; }),
+                     [](const auto& issue) { return issue.outputs[0].texts.category; }),
             "{B b \xC3\xA4}");
 }
 
@@ -609,10 +603,10 @@ TEST(CollapseById, TakesAsManyMessagesAndNodesAsThereAreFindings) {
   ASSERT_EQ(issues.size(), 1U);
   EXPECT_EQ(issues[0].distinct_nodes, std::size_t{FINDINGS});
   ASSERT_EQ(issues[0].outputs.size(), std::size_t{FINDINGS} + 1);
-  EXPECT_EQ(issues[0].outputs[0].message, "Disk is full. (and 50000 other messages)");
-  EXPECT_EQ(issues[0].outputs[1].message, "Job 0 died.");
-  EXPECT_EQ(issues[0].outputs[2].message, "Job 1 died.");
-  EXPECT_EQ(issues[0].outputs[3].message, "Job 10 died.");
+  EXPECT_EQ(issues[0].outputs[0].texts.message, "Disk is full. (and 50000 other messages)");
+  EXPECT_EQ(issues[0].outputs[1].texts.message, "Job 0 died.");
+  EXPECT_EQ(issues[0].outputs[2].texts.message, "Job 1 died.");
+  EXPECT_EQ(issues[0].outputs[3].texts.message, "Job 10 died.");
 }
 
 // ---- Sweeps judged by a model ------------------------------------------------------------------
@@ -698,7 +692,7 @@ struct ModelIssue {
   std::map<std::tuple<std::string, std::string, std::string>, ModelOutput> outputs;
 
   void add(const FindingParts& finding) {
-    type = name_of(finding.type);
+    type = type_name(finding.type);
     id = finding.id;
     definitions.merge(set_of(finding.definitions));
     based_on.merge(set_of(finding.based_on));
@@ -755,14 +749,14 @@ std::string picture(const ModelIssue& issue, NodeOrder order) {
 }
 
 /// What collapse() should return, made in the plainest way.
-std::string model_collapse(const std::vector<FindingParts>& findings, CollapseBy what,
+std::string model_collapse(const std::vector<FindingParts>& findings, CollapseBy collapse_by,
                            NodeOrder order = NodeOrder::AS_COLLAPSED) {
   using Key = std::tuple<TypeCode, std::string_view, int, std::string_view, std::string_view,
                          std::string_view, Names, Names>;
   std::map<Key, ModelIssue> by_key;
   for (const FindingParts& finding : findings) {
     const Key key =
-        what == CollapseBy::ID
+        collapse_by == CollapseBy::ID
             ? Key{finding.type, finding.id, band_number(finding.severity), "", "", "", {}, {}}
             : Key{finding.type,
                   finding.id,
@@ -789,8 +783,8 @@ std::string model_collapse(const std::vector<FindingParts>& findings, CollapseBy
 
 /// Where outputs are joined later, by id, their node names are in no order that anybody may rely
 /// on.
-NodeOrder reliable_order(CollapseBy what) {
-  return what == CollapseBy::TEXT ? NodeOrder::AS_COLLAPSED : NodeOrder::SORTED;
+NodeOrder reliable_order(CollapseBy collapse_by) {
+  return collapse_by == CollapseBy::TEXT ? NodeOrder::AS_COLLAPSED : NodeOrder::SORTED;
 }
 
 class CollapseSweep : public testing::TestWithParam<CollapseBy> {};
@@ -828,7 +822,7 @@ TEST(CollapseByText, FindingsOfOneWordingAreOneIssue) {
     for (std::uint64_t wording = 1; wording <= 5000; ++wording) {
       const std::string message = "message " + std::to_string(wording % 2500);
       auto finding = make_finding({.message = message, .nodes = {"n1"}, .row_ids = {time}});
-      finding.wording = wording;
+      finding.wording_number = wording;
       collapser.add(finding);
     }
   }
@@ -845,18 +839,12 @@ TEST(CollapseByText, WordingsAreForgottenWithTheIssues) {
   Collapser collapser;
   for (const char* id : {"first", "second"}) {
     auto finding = make_finding({.id = id});
-    finding.wording = 7;
+    finding.wording_number = 7;
     collapser.add(finding);
     const auto issues = collapser.finish(CollapseBy::TEXT);
     ASSERT_EQ(issues.size(), 1U);
     EXPECT_EQ(issues[0].id, id);
   }
-}
-
-TEST(TypeName, IsWhatFindingsCallIt) {
-  EXPECT_EQ(vond::standalone::type_name(DIAGNOSES), "diagnosis");
-  EXPECT_EQ(vond::standalone::type_name(OBSERVATIONS), "observation");
-  EXPECT_EQ(vond::standalone::type_name(MISSING_DATA), "missing_data");
 }
 
 }  // namespace

@@ -22,8 +22,14 @@ struct FindingParts {
 };
 
 inline standalone::Finding make_finding(const FindingParts& parts) {
-  return {parts.type,   parts.id,    parts.severity, parts.category,    parts.message,
-          parts.remedy, parts.nodes, parts.row_ids,  parts.definitions, parts.based_on};
+  return {{parts.type,
+           parts.id,
+           parts.severity,
+           {parts.message, parts.remedy, parts.category},
+           parts.definitions,
+           parts.based_on},
+          parts.nodes,
+          parts.row_ids};
 }
 
 }  // namespace vond::test
