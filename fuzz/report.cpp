@@ -132,14 +132,14 @@ class CapturedOutput {
 };
 
 /// Runs the extension once and returns its text.
-std::string run_extension(Report& report, bool colored) {
+std::string run_extension(ReportRecord& record, bool colored) {
   int result = -1;
   std::string text;
   std::string errors;
   {
     const CapturedOutput output(colored);
     const std::unique_ptr<vond::postprocessor::PostprocessorExtension> extension(
-        create(report.record()));
+        create(record.data()));
     result = extension->run();
     text = output.report();
     errors = output.errors();
@@ -155,9 +155,9 @@ struct WrittenReport {
   int issues = 0;
 };
 
-int count_issues(Report& report) {
+int count_issues(ReportRecord& record) {
   int issues = 0;
-  for (const auto& [mask, count] : report.record().counts_by_mask) {
+  for (const auto& [mask, count] : record.data().counts_by_mask) {
     issues += count;
   }
   return issues;
@@ -166,18 +166,18 @@ int count_issues(Report& report) {
 /// Returns the report of an input; a record gives the same one however often it is asked.
 WrittenReport write_report(std::string_view findings, const Options& options) {
   Input input(findings, !options.record.definitions.has_value());
-  Report report(input.collapser(), options.record);
+  ReportRecord record(input.collapser(), options.record);
   ReportFacts& facts = report_facts();
   facts = ReportFacts();
   facts.inputs = {"fuzz"};
   facts.line_width = options.record.line_width;
-  facts.unknown_definitions = report.unknown_definitions();
-  facts.unknown_based_on = report.unknown_based_on();
+  facts.unknown_definitions = record.unknown_definitions();
+  facts.unknown_based_on = record.unknown_based_on();
   input.fill(facts);
-  std::string text = run_extension(report, options.colored);
-  expect_same("the same record to give the same report", run_extension(report, options.colored),
+  std::string text = run_extension(record, options.colored);
+  expect_same("the same record to give the same report", run_extension(record, options.colored),
               text);
-  return {std::move(text), count_issues(report)};
+  return {std::move(text), count_issues(record)};
 }
 
 std::string without_colors(std::string text) {

@@ -4,34 +4,53 @@
 #include <string>
 #include <vector>
 
-#include "standalone/cli/output.h"
+#include "standalone/cli/output/output_file.h"
+#include "standalone/cli/output/standard_output.h"
+#include "vond/log/output_stream.h"
 
 namespace vond::standalone {
 
-/// The destinations of the report, registered with the output log as long as this lives.
+/// Where one text goes: standard output, and files beside it.
 class Destinations {
  public:
-  /// Opens `files` beside standard output. Throws OutputError.
-  Destinations(const std::vector<std::string>& files, bool colored);
-  ~Destinations();
-  Destinations(const Destinations&) = delete;
-  Destinations& operator=(const Destinations&) = delete;
-
-  /// Writes to standard output and to devices what is held back of a report that is not complete.
-  /// The files are not kept.
-  void abandon() noexcept { DescriptorBuffer::drain_all(); }
-
-  /// Completes all destinations. Returns what is wrong with those that are not complete; a reader
-  /// that has gone away is told nothing, for it knows.
+  /// What has become of all of them.
   struct Outcome {
-    bool complete = true;
+    bool is_complete = true;
+    /// What is wrong with those that are not complete. A reader that has gone away is not told of:
+    /// it knows.
     std::vector<std::string> errors;
   };
+
+  /// Opens all of them. `is_colored` is about standard output; files are plain text. Throws
+  /// OutputError.
+  Destinations(const std::vector<std::string>& files, bool is_colored);
+
+  /// Returns the streams to write to, which live as long as this object.
+  std::vector<log::OutputStream> streams();
+
+  /// For a text that is not complete: writes to standard output and to devices what is held back.
+  /// Regular files are not kept.
+  void abandon() noexcept;
+
+  /// Completes all destinations.
   Outcome finish();
 
  private:
+  void finish_standard_output(Outcome& outcome);
+
+  bool is_colored_;
   StandardOutput standard_output_;
   std::vector<std::unique_ptr<OutputFile>> files_;
+};
+
+/// While it lives, the output log of the process writes to `destinations`, which must live as long.
+/// There may be one at a time.
+class OutputLogConnection {
+ public:
+  explicit OutputLogConnection(Destinations& destinations);
+  ~OutputLogConnection();
+  OutputLogConnection(const OutputLogConnection&) = delete;
+  OutputLogConnection& operator=(const OutputLogConnection&) = delete;
 };
 
 }  // namespace vond::standalone

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <variant>
 #include <vector>
@@ -9,12 +8,6 @@
 #include "standalone/report/collapser.h"
 
 namespace vond::standalone {
-
-/// A command line that cannot be understood. what() tells what is wrong.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 enum class ColorMode { AUTO, ALWAYS, NEVER };
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "standalone/definitions/definitions_reader.h"
 #include "standalone/report/collapser.h"
+#include "standalone/report/record_issues.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 
 namespace vond::standalone {
@@ -24,21 +24,19 @@ struct RecordOptions {
   std::optional<std::vector<DefinitionSpec>> definitions;
 };
 
-/// The engine's result: the record for the extensions, and what it does not hold. Owns the issues
-/// together with everybody who holds one of their shared pointers; when it goes, issues no longer
-/// know what they are related to (they refer to each other and would never be released).
-class Report {
+/// What the findings come to: the data that every extension gets, and what that does not hold. A
+/// copy of the data stays readable when this object is gone, but its issues no longer know what
+/// they are related to.
+class ReportRecord {
  public:
   /// Takes the issues out of `collapser`. Throws InputError for definitions that cannot be.
-  Report(Collapser& collapser, const RecordOptions& options);
-  ~Report();
-  Report(const Report&) = delete;
-  Report& operator=(const Report&) = delete;
+  ReportRecord(Collapser& collapser, const RecordOptions& options);
 
-  postprocessor::PostprocessorExtensionData& record() { return record_; }
+  postprocessor::PostprocessorExtensionData& data() { return data_; }
+  const postprocessor::PostprocessorExtensionData& data() const { return data_; }
 
   /// Whether any issue contributes to FAIL.
-  bool failed() const;
+  bool has_failed() const;
 
   /// Names that findings use and the definitions lack; sorted.
   const std::vector<std::string>& unknown_definitions() const { return unknown_definitions_; }
@@ -47,22 +45,15 @@ class Report {
   const std::vector<std::string>& unknown_based_on() const { return unknown_based_on_; }
 
  private:
-  using Issue = postprocessor::CollapsedAnalysisOutput;
+  ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,
+               const RecordOptions& options);
 
-  /// An empty report. The other constructor begins with it, so that the destructor runs, and issues
-  /// are released, even when that one throws.
-  Report() = default;
+  void file_issues(const std::vector<CollapsedIssue>& collapsed);
+  void hang_definitions(const std::vector<CollapsedIssue>& collapsed,
+                        const std::optional<std::vector<DefinitionSpec>>& specs);
 
-  std::shared_ptr<Issue> issue(std::size_t number) const;
-  void relate_issues(const std::vector<CollapsedIssue>& collapsed);
-  void index_issues(const std::vector<CollapsedIssue>& collapsed);
-  void hang_definitions(const std::vector<CollapsedIssue>& collapsed, const RecordOptions& options);
-  void fill_issues(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names);
-
-  /// In the order of the report, in one array: sets of issues are ordered by address, and so in the
-  /// order of the report too.
-  std::shared_ptr<std::vector<Issue>> issues_ = std::make_shared<std::vector<Issue>>();
-  postprocessor::PostprocessorExtensionData record_;
+  RecordIssues issues_;
+  postprocessor::PostprocessorExtensionData data_;
   std::vector<std::string> unknown_definitions_;
   std::vector<std::string> unknown_based_on_;
 };

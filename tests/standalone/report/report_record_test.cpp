@@ -32,7 +32,7 @@ using vond::standalone::Collapser;
 using vond::standalone::DefinitionSpec;
 using vond::standalone::InputError;
 using vond::standalone::RecordOptions;
-using vond::standalone::Report;
+using vond::standalone::ReportRecord;
 using vond::test::FindingParts;
 using vond::test::make_finding;
 
@@ -53,13 +53,13 @@ RecordOptions with_definitions(const std::vector<DefinitionSpec>& definitions) {
   return options;
 }
 
-std::unique_ptr<Report> make_report(const Findings& findings,
-                                    const RecordOptions& options = with_threshold(75)) {
+std::unique_ptr<ReportRecord> make_record(const Findings& findings,
+                                          const RecordOptions& options = with_threshold(75)) {
   Collapser collapser;
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
-  return std::make_unique<Report>(collapser, options);
+  return std::make_unique<ReportRecord>(collapser, options);
 }
 
 template <typename Map>
@@ -155,30 +155,30 @@ Findings one_of_each() {
 // ---- No findings -------------------------------------------------------------------------------
 
 TEST(Record, OfNoFindingsIsCompleteAndPasses) {
-  const auto report = make_report({});
-  const PostprocessorExtensionData& record = report->record();
-  EXPECT_FALSE(report->failed());
-  EXPECT_EQ(counts_of(record.counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 0}, {19, 0}}));
-  ASSERT_NE(record.issues_by_mask, nullptr);
-  EXPECT_TRUE(record.issues_by_mask->empty());
-  ASSERT_NE(record.fwd_root, nullptr);
-  EXPECT_TRUE(record.fwd_root->roots.empty());
-  EXPECT_TRUE(report->unknown_definitions().empty());
-  EXPECT_TRUE(report->unknown_based_on().empty());
+  const auto record = make_record({});
+  const PostprocessorExtensionData& data = record->data();
+  EXPECT_FALSE(record->has_failed());
+  EXPECT_EQ(counts_of(data.counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 0}, {19, 0}}));
+  ASSERT_NE(data.issues_by_mask, nullptr);
+  EXPECT_TRUE(data.issues_by_mask->empty());
+  ASSERT_NE(data.fwd_root, nullptr);
+  EXPECT_TRUE(data.fwd_root->roots.empty());
+  EXPECT_TRUE(record->unknown_definitions().empty());
+  EXPECT_TRUE(record->unknown_based_on().empty());
 }
 
 TEST(Record, OfNoFindingsHasItsDefinitionsAndTheyPass) {
-  const auto report = make_report({}, with_definitions({{"a", false, {}}, {"b", true, {}}}));
-  ASSERT_EQ(report->record().fwd_root->roots.size(), 2U);
-  EXPECT_TRUE(find_definition(report->record(), "a").passed);
-  EXPECT_TRUE(find_definition(report->record(), "b").skipped);
+  const auto record = make_record({}, with_definitions({{"a", false, {}}, {"b", true, {}}}));
+  ASSERT_EQ(record->data().fwd_root->roots.size(), 2U);
+  EXPECT_TRUE(find_definition(record->data(), "a").passed);
+  EXPECT_TRUE(find_definition(record->data(), "b").skipped);
 }
 
 TEST(Record, AnEmptyListOfDefinitionsIsOne) {
-  const auto report = make_report({{.definitions = {"a/b"}}}, with_definitions({}));
-  ASSERT_EQ(report->record().fwd_root->roots.size(), 1U);
-  EXPECT_EQ(report->record().fwd_root->roots[0]->fwd->name, "a/b");
-  EXPECT_EQ(report->unknown_definitions(), Strings{"a/b"});
+  const auto record = make_record({{.definitions = {"a/b"}}}, with_definitions({}));
+  ASSERT_EQ(record->data().fwd_root->roots.size(), 1U);
+  EXPECT_EQ(record->data().fwd_root->roots[0]->fwd->name, "a/b");
+  EXPECT_EQ(record->unknown_definitions(), Strings{"a/b"});
 }
 
 TEST(Record, TakesItsSettingsFromTheOptions) {
@@ -186,16 +186,16 @@ TEST(Record, TakesItsSettingsFromTheOptions) {
   options.fail_threshold = 25;
   options.line_width = 120;
   options.log_level = "debug";
-  const auto report = make_report({}, options);
-  EXPECT_EQ(report->record().fail_threshold, 25);
-  EXPECT_EQ(report->record().line_width, 120);
-  EXPECT_EQ(report->record().log_level, "debug");
+  const auto record = make_record({}, options);
+  EXPECT_EQ(record->data().fail_threshold, 25);
+  EXPECT_EQ(record->data().line_width, 120);
+  EXPECT_EQ(record->data().log_level, "debug");
 }
 
 // ---- Issues ------------------------------------------------------------------------------------
 
 TEST(Record, AnIssueSaysWhatItsFindingsSay) {
-  const auto report = make_report({{.type = DIAGNOSES,
+  const auto record = make_record({{.type = DIAGNOSES,
                                     .id = "disk#sda",
                                     .severity = 80,
                                     .category = "STORAGE",
@@ -213,7 +213,7 @@ TEST(Record, AnIssueSaysWhatItsFindingsSay) {
                                     .nodes = {"n3", "n1"},
                                     .row_ids = {3},
                                     .definitions = {"s", "s/disk"}}});
-  const Issue issue = find_issue(report->record(), "disk#sda");
+  const Issue issue = find_issue(record->data(), "disk#sda");
   ASSERT_EQ(issue->outputs.size(), 1U);
   const AnalysisOutput& output = *issue->outputs[0];
   EXPECT_EQ(output.identifier, "disk#sda");
@@ -230,10 +230,10 @@ TEST(Record, AnIssueSaysWhatItsFindingsSay) {
 TEST(Record, AnIssueCollapsedByIdHasAllItsOutputs) {
   RecordOptions options = with_threshold(75);
   options.collapse_by = CollapseBy::ID;
-  const auto report = make_report({{.message = "b", .nodes = {"n1"}, .definitions = {"x"}},
+  const auto record = make_record({{.message = "b", .nodes = {"n1"}, .definitions = {"x"}},
                                    {.message = "a", .nodes = {"n2"}, .definitions = {"y"}}},
                                   options);
-  const Issue issue = find_issue(report->record(), "id");
+  const Issue issue = find_issue(record->data(), "id");
   ASSERT_EQ(issue->outputs.size(), 2U);
   EXPECT_EQ(issue->outputs[0]->identifier, "id");
   EXPECT_EQ(issue->outputs[0]->message, "a (and 1 other message)");
@@ -242,14 +242,14 @@ TEST(Record, AnIssueCollapsedByIdHasAllItsOutputs) {
   EXPECT_EQ(issue->outputs[1]->message, "b");
   EXPECT_EQ(issue->outputs[1]->node_names, Strings{"n1"});
   EXPECT_EQ(issue->fwd_names, (std::set<std::string>{"x", "y"}));
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 0}, {3, 1}, {16, 0}, {19, 0}}));
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 0}, {3, 1}, {16, 0}, {19, 0}}));
 }
 
 // ---- Masks -------------------------------------------------------------------------------------
 
 TEST(IssueIndex, WithThreshold75CriticalIssuesFail) {
-  const auto report = make_report(one_of_each(), with_threshold(75));
-  EXPECT_EQ(index_of(report->record()),
+  const auto record = make_record(one_of_each(), with_threshold(75));
+  EXPECT_EQ(index_of(record->data()),
             "0: D24\n"
             "1: O0\n"
             "2: M10\n"
@@ -259,13 +259,13 @@ TEST(IssueIndex, WithThreshold75CriticalIssuesFail) {
             "24: D100\n"
             "25: O75\n"
             "26: M80\n");
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 2}, {3, 4}, {16, 1}, {19, 2}}));
-  EXPECT_TRUE(report->failed());
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 2}, {3, 4}, {16, 1}, {19, 2}}));
+  EXPECT_TRUE(record->has_failed());
 }
 
 TEST(IssueIndex, WithThreshold25WarningsFailToo) {
-  const auto report = make_report(one_of_each(), with_threshold(25));
-  EXPECT_EQ(index_of(report->record()),
+  const auto record = make_record(one_of_each(), with_threshold(25));
+  EXPECT_EQ(index_of(record->data()),
             "0: D24\n"
             "1: O0\n"
             "2: M10\n"
@@ -275,12 +275,12 @@ TEST(IssueIndex, WithThreshold25WarningsFailToo) {
             "24: D100\n"
             "25: O75\n"
             "26: M80\n");
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 1}, {3, 2}, {16, 2}, {19, 4}}));
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 1}, {3, 2}, {16, 2}, {19, 4}}));
 }
 
 TEST(IssueIndex, WithThreshold0EverythingFails) {
-  const auto report = make_report(one_of_each(), with_threshold(0));
-  EXPECT_EQ(index_of(report->record()),
+  const auto record = make_record(one_of_each(), with_threshold(0));
+  EXPECT_EQ(index_of(record->data()),
             "16: D24\n"
             "17: O0\n"
             "18: M10\n"
@@ -290,70 +290,70 @@ TEST(IssueIndex, WithThreshold0EverythingFails) {
             "24: D100\n"
             "25: O75\n"
             "26: M80\n");
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 3}, {19, 6}}));
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 3}, {19, 6}}));
 }
 
 TEST(IssueIndex, WithThreshold100TheWholeCriticalBandFails) {
   // The band decides, by its upper bound, not the issue's own severity.
-  const auto report = make_report(one_of_each(), with_threshold(100));
-  EXPECT_EQ(index_of(report->record()), index_of(make_report(one_of_each())->record()));
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 2}, {3, 4}, {16, 1}, {19, 2}}));
+  const auto record = make_record(one_of_each(), with_threshold(100));
+  EXPECT_EQ(index_of(record->data()), index_of(make_record(one_of_each())->data()));
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 2}, {3, 4}, {16, 1}, {19, 2}}));
 }
 
 TEST(IssueIndex, ABandFailsWhenItsUpperBoundIsTheThreshold) {
   const Findings lowest = {{.severity = 0}};
-  EXPECT_TRUE(make_report(lowest, with_threshold(24))->failed());
-  EXPECT_FALSE(make_report(lowest, with_threshold(25))->failed());
+  EXPECT_TRUE(make_record(lowest, with_threshold(24))->has_failed());
+  EXPECT_FALSE(make_record(lowest, with_threshold(25))->has_failed());
   const Findings warning = {{.severity = 25}};
-  EXPECT_TRUE(make_report(warning, with_threshold(74))->failed());
-  EXPECT_FALSE(make_report(warning, with_threshold(75))->failed());
+  EXPECT_TRUE(make_record(warning, with_threshold(74))->has_failed());
+  EXPECT_FALSE(make_record(warning, with_threshold(75))->has_failed());
 }
 
 TEST(IssueIndex, EntriesAreInTheOrderOfTheReport) {
-  const auto report = make_report({{.id = "e", .severity = 60},
+  const auto record = make_record({{.id = "e", .severity = 60},
                                    {.id = "d", .severity = 60},
                                    {.id = "c", .severity = 60, .nodes = {"n1"}},
                                    {.id = "b", .severity = 60, .nodes = {"n1", "n2"}},
                                    {.id = "z", .severity = 74},
                                    {.id = "a", .severity = 25, .nodes = {"n1", "n2", "n3"}},
                                    {.type = DIAGNOSES, .id = "y", .severity = 60}});
-  EXPECT_EQ(index_of(report->record()),
+  EXPECT_EQ(index_of(record->data()),
             "4: y\n"
             "5: z b c d e a\n");
 }
 
 TEST(IssueIndex, HasNoEntryForWhatIsNotThere) {
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .severity = 80}});
-  EXPECT_EQ(index_of(report->record()), "24: d\n");
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 1}, {19, 0}}));
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .severity = 80}});
+  EXPECT_EQ(index_of(record->data()), "24: d\n");
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 0}, {3, 0}, {16, 1}, {19, 0}}));
 }
 
 TEST(IssueIndex, CountsIssuesNotFindings) {
-  const auto report = make_report({{.nodes = {"n1"}}, {.nodes = {"n2"}}, {.message = "other"}});
-  EXPECT_EQ(counts_of(report->record().counts_by_mask), (Counts{{0, 0}, {3, 2}, {16, 0}, {19, 0}}));
+  const auto record = make_record({{.nodes = {"n1"}}, {.nodes = {"n2"}}, {.message = "other"}});
+  EXPECT_EQ(counts_of(record->data().counts_by_mask), (Counts{{0, 0}, {3, 2}, {16, 0}, {19, 0}}));
 }
 
 // ---- Verdict -----------------------------------------------------------------------------------
 
 TEST(Verdict, EveryTypeMayFail) {
   for (const TypeCode type : {DIAGNOSES, OBSERVATIONS, MISSING_DATA}) {
-    EXPECT_TRUE(make_report({{.type = type, .severity = 75}})->failed()) << int{type};
-    EXPECT_FALSE(make_report({{.type = type, .severity = 74}})->failed()) << int{type};
+    EXPECT_TRUE(make_record({{.type = type, .severity = 75}})->has_failed()) << int{type};
+    EXPECT_FALSE(make_record({{.type = type, .severity = 74}})->has_failed()) << int{type};
   }
 }
 
 TEST(Verdict, AnIssueWithoutDefinitionsFailsToo) {
-  const auto report = make_report({{.severity = 100}}, with_definitions({{"a", false, {}}}));
-  EXPECT_TRUE(report->failed());
-  EXPECT_TRUE(find_definition(report->record(), "a").passed);
+  const auto record = make_record({{.severity = 100}}, with_definitions({{"a", false, {}}}));
+  EXPECT_TRUE(record->has_failed());
+  EXPECT_TRUE(find_definition(record->data(), "a").passed);
 }
 
 TEST(Verdict, AnIssueOfASkippedDefinitionFailsToo) {
-  const auto report = make_report({{.severity = 100, .definitions = {"child"}}},
+  const auto record = make_record({{.severity = 100, .definitions = {"child"}}},
                                   with_definitions({{"root", false, {{{"child", true, {}}}}}}));
-  EXPECT_TRUE(report->failed());
-  EXPECT_TRUE(find_definition(report->record(), "child").skipped);
-  EXPECT_TRUE(find_definition(report->record(), "root").passed);
+  EXPECT_TRUE(record->has_failed());
+  EXPECT_TRUE(find_definition(record->data(), "child").skipped);
+  EXPECT_TRUE(find_definition(record->data(), "root").passed);
 }
 
 // ---- Definitions -------------------------------------------------------------------------------
@@ -363,8 +363,8 @@ TEST(Definitions, CountTheIssuesThatNameThem) {
   for (FindingParts& finding : findings) {
     finding.definitions = {"a"};
   }
-  const auto report = make_report(findings, with_threshold(75));
-  EXPECT_EQ(counts_of(find_definition(report->record(), "a").issue_counts),
+  const auto record = make_record(findings, with_threshold(75));
+  EXPECT_EQ(counts_of(find_definition(record->data(), "a").issue_counts),
             (Counts{{0, 1}, {3, 2}, {4, 1}, {7, 2}, {24, 1}, {27, 2}}));
 }
 
@@ -373,94 +373,94 @@ TEST(Definitions, CountUnderTheFailBitThatTheThresholdGives) {
   for (FindingParts& finding : findings) {
     finding.definitions = {"a"};
   }
-  const auto report = make_report(findings, with_threshold(0));
-  EXPECT_EQ(counts_of(find_definition(report->record(), "a").issue_counts),
+  const auto record = make_record(findings, with_threshold(0));
+  EXPECT_EQ(counts_of(find_definition(record->data(), "a").issue_counts),
             (Counts{{16, 1}, {19, 2}, {20, 1}, {23, 2}, {24, 1}, {27, 2}}));
 }
 
 TEST(Definitions, CountAnIssueUnderEveryDefinitionThatItNamesOnce) {
-  const auto report =
-      make_report({{.id = "x", .definitions = {"a", "b", "a"}}, {.id = "y", .definitions = {"b"}}});
-  EXPECT_EQ(counts_of(find_definition(report->record(), "a").issue_counts), (Counts{{7, 1}}));
-  EXPECT_EQ(counts_of(find_definition(report->record(), "b").issue_counts), (Counts{{7, 2}}));
+  const auto record =
+      make_record({{.id = "x", .definitions = {"a", "b", "a"}}, {.id = "y", .definitions = {"b"}}});
+  EXPECT_EQ(counts_of(find_definition(record->data(), "a").issue_counts), (Counts{{7, 1}}));
+  EXPECT_EQ(counts_of(find_definition(record->data(), "b").issue_counts), (Counts{{7, 2}}));
 }
 
 TEST(Definitions, DoNotCountTheIssuesOfTheirChildrenOrParents) {
-  const auto report = make_report({{.definitions = {"a/b"}}});
-  EXPECT_TRUE(find_definition(report->record(), "a").issue_counts.empty());
-  EXPECT_EQ(counts_of(find_definition(report->record(), "a/b").issue_counts), (Counts{{7, 1}}));
+  const auto record = make_record({{.definitions = {"a/b"}}});
+  EXPECT_TRUE(find_definition(record->data(), "a").issue_counts.empty());
+  EXPECT_EQ(counts_of(find_definition(record->data(), "a/b").issue_counts), (Counts{{7, 1}}));
 }
 
 TEST(Definitions, ThatNoIssueNamesCountNothing) {
-  const auto report =
-      make_report({{.definitions = {"a"}}}, with_definitions({{"a", false, {}}, {"b", false, {}}}));
-  EXPECT_TRUE(find_definition(report->record(), "b").issue_counts.empty());
+  const auto record =
+      make_record({{.definitions = {"a"}}}, with_definitions({{"a", false, {}}, {"b", false, {}}}));
+  EXPECT_TRUE(find_definition(record->data(), "b").issue_counts.empty());
 }
 
 TEST(Definitions, FailWithWhatContributesToFail) {
   const Findings findings = {{.id = "x", .severity = 60, .definitions = {"root/a"}},
                              {.id = "y", .severity = 20, .definitions = {"root/b"}}};
-  const auto strict = make_report(findings, with_threshold(74));
-  EXPECT_FALSE(find_definition(strict->record(), "root/a").passed);
-  EXPECT_TRUE(find_definition(strict->record(), "root/b").passed);
-  EXPECT_FALSE(find_definition(strict->record(), "root").passed);
-  const auto lenient = make_report(findings, with_threshold(75));
-  EXPECT_TRUE(find_definition(lenient->record(), "root/a").passed);
-  EXPECT_TRUE(find_definition(lenient->record(), "root").passed);
+  const auto strict = make_record(findings, with_threshold(74));
+  EXPECT_FALSE(find_definition(strict->data(), "root/a").passed);
+  EXPECT_TRUE(find_definition(strict->data(), "root/b").passed);
+  EXPECT_FALSE(find_definition(strict->data(), "root").passed);
+  const auto lenient = make_record(findings, with_threshold(75));
+  EXPECT_TRUE(find_definition(lenient->data(), "root/a").passed);
+  EXPECT_TRUE(find_definition(lenient->data(), "root").passed);
 }
 
 TEST(Definitions, ThatTheFileLacksAreToldAndBecomeRoots) {
-  const auto report = make_report({{.severity = 80, .definitions = {"z", "a", "b/c"}}},
+  const auto record = make_record({{.severity = 80, .definitions = {"z", "a", "b/c"}}},
                                   with_definitions({{"b", false, {}}, {"a", false, {}}}));
-  EXPECT_EQ(report->unknown_definitions(), (Strings{"b/c", "z"}));
+  EXPECT_EQ(record->unknown_definitions(), (Strings{"b/c", "z"}));
   Strings roots;
-  for (const auto& root : report->record().fwd_root->roots) {
+  for (const auto& root : record->data().fwd_root->roots) {
     roots.push_back(root->fwd->name);
   }
   EXPECT_EQ(roots, (Strings{"b", "a", "b/c", "z"}));
-  EXPECT_FALSE(find_definition(report->record(), "b/c").passed);
-  EXPECT_TRUE(find_definition(report->record(), "b").passed);
+  EXPECT_FALSE(find_definition(record->data(), "b/c").passed);
+  EXPECT_TRUE(find_definition(record->data(), "b").passed);
 }
 
 TEST(Definitions, AreNeverUnknownWithoutAFile) {
-  const auto report = make_report({{.definitions = {"z", "a/b"}}});
-  EXPECT_TRUE(report->unknown_definitions().empty());
+  const auto record = make_record({{.definitions = {"z", "a/b"}}});
+  EXPECT_TRUE(record->unknown_definitions().empty());
 }
 
 // ---- Related issues ----------------------------------------------------------------------------
 
 TEST(RelatedIssues, ADiagnosisAndWhatItIsBasedOnKnowEachOther) {
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"o", "m"}},
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"o", "m"}},
                                    {.id = "o"},
                                    {.type = MISSING_DATA, .id = "m"},
                                    {.id = "stranger"}});
-  const Issue diagnosis = find_issue(report->record(), "d");
+  const Issue diagnosis = find_issue(record->data(), "d");
   EXPECT_EQ(related(diagnosis, Type::OBSERVATION), "m o");
   EXPECT_EQ(related(diagnosis, Type::DIAGNOSIS), "");
   for (const std::string id : {"o", "m"}) {
-    EXPECT_EQ(related(find_issue(report->record(), id), Type::DIAGNOSIS), "d");
-    EXPECT_EQ(related(find_issue(report->record(), id), Type::OBSERVATION), "");
+    EXPECT_EQ(related(find_issue(record->data(), id), Type::DIAGNOSIS), "d");
+    EXPECT_EQ(related(find_issue(record->data(), id), Type::OBSERVATION), "");
   }
-  EXPECT_EQ(related(find_issue(report->record(), "stranger"), Type::DIAGNOSIS), "");
-  EXPECT_TRUE(report->unknown_based_on().empty());
+  EXPECT_EQ(related(find_issue(record->data(), "stranger"), Type::DIAGNOSIS), "");
+  EXPECT_TRUE(record->unknown_based_on().empty());
 }
 
 TEST(RelatedIssues, AreTheVeryIssuesOfTheIndex) {
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}}, {.id = "o"}});
-  const Issue diagnosis = find_issue(report->record(), "d");
-  const Issue observation = find_issue(report->record(), "o");
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}}, {.id = "o"}});
+  const Issue diagnosis = find_issue(record->data(), "d");
+  const Issue observation = find_issue(record->data(), "o");
   EXPECT_EQ(*diagnosis->related_issues[Type::OBSERVATION].begin(), observation);
   EXPECT_EQ(*observation->related_issues[Type::DIAGNOSIS].begin(), diagnosis);
   EXPECT_EQ(diagnosis->related_issues[Type::OBSERVATION].count(observation), 1U);
 }
 
 TEST(RelatedIssues, AnIdStandsForAllIssuesThatHaveIt) {
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}},
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}},
                                    {.id = "o", .severity = 90, .message = "1"},
                                    {.id = "o", .severity = 50, .message = "2"},
                                    {.type = MISSING_DATA, .id = "o", .severity = 10}});
-  EXPECT_EQ(related(find_issue(report->record(), "d"), Type::OBSERVATION), "o o o");
-  for (const Issue& issue : issues_of(report->record())) {
+  EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "o o o");
+  for (const Issue& issue : issues_of(record->data())) {
     if (issue->get_id() != "o") {
       continue;
     }
@@ -469,10 +469,10 @@ TEST(RelatedIssues, AnIdStandsForAllIssuesThatHaveIt) {
 }
 
 TEST(RelatedIssues, AnIdWithAQualifierIsAnotherId) {
-  const auto report =
-      make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}}, {.id = "o#1"}});
-  EXPECT_EQ(related(find_issue(report->record(), "d"), Type::OBSERVATION), "");
-  EXPECT_EQ(report->unknown_based_on(), Strings{"o"});
+  const auto record =
+      make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"o"}}, {.id = "o#1"}});
+  EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "");
+  EXPECT_EQ(record->unknown_based_on(), Strings{"o"});
 }
 
 TEST(RelatedIssues, OneObservationMayHaveManyDiagnosesInTheOrderOfTheReport) {
@@ -482,25 +482,25 @@ TEST(RelatedIssues, OneObservationMayHaveManyDiagnosesInTheOrderOfTheReport) {
   }
   findings.push_back({.type = DIAGNOSES, .id = "z", .severity = 100, .based_on = {"o"}});
   findings.push_back({.type = DIAGNOSES, .id = "y", .nodes = {"n1"}, .based_on = {"o"}});
-  const auto report = make_report(findings);
-  EXPECT_EQ(related(find_issue(report->record(), "o"), Type::DIAGNOSIS), "z y a b c d");
+  const auto record = make_record(findings);
+  EXPECT_EQ(related(find_issue(record->data(), "o"), Type::DIAGNOSIS), "z y a b c d");
 }
 
 TEST(RelatedIssues, NeverADiagnosisOfADiagnosis) {
-  const auto report = make_report(
+  const auto record = make_record(
       {{.type = DIAGNOSES, .id = "d", .based_on = {"e", "d"}}, {.type = DIAGNOSES, .id = "e"}});
-  for (const Issue& issue : issues_of(report->record())) {
+  for (const Issue& issue : issues_of(record->data())) {
     EXPECT_EQ(related(issue, Type::OBSERVATION), "");
     EXPECT_EQ(related(issue, Type::DIAGNOSIS), "");
   }
-  EXPECT_EQ(report->unknown_based_on(), (Strings{"d", "e"}));
+  EXPECT_EQ(record->unknown_based_on(), (Strings{"d", "e"}));
 }
 
 TEST(RelatedIssues, ADiagnosisMayShareItsIdWithWhatItIsBasedOn) {
-  const auto report =
-      make_report({{.type = DIAGNOSES, .id = "x", .severity = 80, .based_on = {"x"}},
+  const auto record =
+      make_record({{.type = DIAGNOSES, .id = "x", .severity = 80, .based_on = {"x"}},
                    {.id = "x", .severity = 80}});
-  const auto& index = *report->record().issues_by_mask;
+  const auto& index = *record->data().issues_by_mask;
   const Issue diagnosis = index.at(24).at(0);
   const Issue observation = index.at(25).at(0);
   EXPECT_EQ(diagnosis->related_issues[Type::OBSERVATION], std::set<Issue>{observation});
@@ -510,30 +510,30 @@ TEST(RelatedIssues, ADiagnosisMayShareItsIdWithWhatItIsBasedOn) {
 }
 
 TEST(RelatedIssues, AnObservationIsBasedOnNothing) {
-  const auto report = make_report({{.id = "a", .based_on = {"b"}}, {.id = "b"}});
+  const auto record = make_record({{.id = "a", .based_on = {"b"}}, {.id = "b"}});
   for (const std::string id : {"a", "b"}) {
-    EXPECT_EQ(related(find_issue(report->record(), id), Type::OBSERVATION), "");
-    EXPECT_EQ(related(find_issue(report->record(), id), Type::DIAGNOSIS), "");
+    EXPECT_EQ(related(find_issue(record->data(), id), Type::OBSERVATION), "");
+    EXPECT_EQ(related(find_issue(record->data(), id), Type::DIAGNOSIS), "");
   }
 }
 
 TEST(RelatedIssues, IdsThatNobodyReportedAreToldOnceInByteOrder) {
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"z", "a", "o"}},
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"z", "a", "o"}},
                                    {.type = DIAGNOSES, .id = "e", .based_on = {"z", "B"}},
                                    {.id = "o"}});
-  EXPECT_EQ(report->unknown_based_on(), (Strings{"B", "a", "z"}));
-  EXPECT_EQ(related(find_issue(report->record(), "d"), Type::OBSERVATION), "o");
+  EXPECT_EQ(record->unknown_based_on(), (Strings{"B", "a", "z"}));
+  EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "o");
 }
 
 TEST(RelatedIssues, OfDiagnosesCollapsedByIdAreThoseOfAll) {
   RecordOptions options = with_threshold(75);
   options.collapse_by = CollapseBy::ID;
-  const auto report = make_report({{.type = DIAGNOSES, .id = "d", .based_on = {"p"}},
+  const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"p"}},
                                    {.type = DIAGNOSES, .id = "d", .based_on = {"o"}},
                                    {.id = "o"},
                                    {.id = "p"}},
                                   options);
-  EXPECT_EQ(related(find_issue(report->record(), "d"), Type::OBSERVATION), "o p");
+  EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "o p");
 }
 
 TEST(Record, AddressesOfIssuesAreInTheOrderOfTheReport) {
@@ -545,8 +545,8 @@ TEST(Record, AddressesOfIssuesAreInTheOrderOfTheReport) {
   for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
     findings.push_back({.id = *id});
   }
-  const auto report = make_report(findings);
-  const auto& issues = report->record().issues_by_mask->at(5);
+  const auto record = make_record(findings);
+  const auto& issues = record->data().issues_by_mask->at(5);
   ASSERT_EQ(issues.size(), 100U);
   EXPECT_EQ(issues[0]->get_id(), "i100");
   const std::set<Issue> by_address(issues.begin(), issues.end());
@@ -599,49 +599,49 @@ struct Watched {
   std::weak_ptr<void> index;
 };
 
-TEST(Record, NothingOutlivesTheReport) {
-  auto report = make_report(related_findings());
-  const Watched watched(report->record());
+TEST(Record, NothingOutlivesTheRecord) {
+  auto record = make_record(related_findings());
+  const Watched watched(record->data());
   ASSERT_EQ(watched.issues.size(), 4U);
   EXPECT_EQ(watched.alive(), 11U);
-  report.reset();
+  record.reset();
   EXPECT_EQ(watched.alive(), 0U);
 }
 
-TEST(Record, NothingOutlivesTheReportAndTheCopiesOfItsRecord) {
-  auto report = make_report(related_findings());
-  const Watched watched(report->record());
-  std::optional<PostprocessorExtensionData> copy = report->record();
-  report.reset();
+TEST(Record, NothingOutlivesTheRecordAndTheCopiesOfItsData) {
+  auto record = make_record(related_findings());
+  const Watched watched(record->data());
+  std::optional<PostprocessorExtensionData> copy = record->data();
+  record.reset();
   EXPECT_EQ(watched.alive(), 11U);
   copy.reset();
   EXPECT_EQ(watched.alive(), 0U);
 }
 
-TEST(Record, NothingOutlivesTheReportWhenACopyGoesFirst) {
-  auto report = make_report(related_findings());
-  const Watched watched(report->record());
-  { const PostprocessorExtensionData copy = report->record(); }
+TEST(Record, NothingOutlivesTheRecordWhenACopyGoesFirst) {
+  auto record = make_record(related_findings());
+  const Watched watched(record->data());
+  { const PostprocessorExtensionData copy = record->data(); }
   EXPECT_EQ(watched.alive(), 11U);
-  report.reset();
+  record.reset();
   EXPECT_EQ(watched.alive(), 0U);
 }
 
 TEST(Record, OneIssueThatSomebodyHoldsOutlivesEverythingElse) {
-  auto report = make_report(related_findings());
-  Issue held = find_issue(report->record(), "o");
-  const Watched watched(report->record());
-  report.reset();
+  auto record = make_record(related_findings());
+  Issue held = find_issue(record->data(), "o");
+  const Watched watched(record->data());
+  record.reset();
   EXPECT_EQ(held->get_id(), "o");
   EXPECT_EQ(held->outputs[0]->node_names, Strings{"n1"});
   held.reset();
   EXPECT_EQ(watched.alive(), 0U);
 }
 
-TEST(Record, ACopyThatOutlivesTheReportStaysReadable) {
-  auto report = make_report(related_findings());
-  const PostprocessorExtensionData copy = report->record();
-  report.reset();
+TEST(Record, ACopyThatOutlivesTheRecordStaysReadable) {
+  auto record = make_record(related_findings());
+  const PostprocessorExtensionData copy = record->data();
+  record.reset();
   EXPECT_EQ(index_of(copy),
             "4: e\n"
             "5: o\n"
@@ -655,7 +655,7 @@ TEST(Record, ACopyThatOutlivesTheReportStaysReadable) {
   EXPECT_EQ(related(find_issue(copy, "d"), Type::OBSERVATION), "");
 }
 
-TEST(Record, NothingOutlivesAReportThatCannotBeMade) {
+TEST(Record, NothingOutlivesARecordThatCannotBeMade) {
   std::string deep = "d";
   for (int level = 2; level <= 257; ++level) {
     deep += "/d";
@@ -664,7 +664,7 @@ TEST(Record, NothingOutlivesAReportThatCannotBeMade) {
   findings.push_back({.id = "deep", .definitions = {deep}});
   const std::size_t allocations = vond::test::live_allocations();
   try {
-    make_report(findings);
+    make_record(findings);
     FAIL() << "no error";
   } catch (const InputError&) {
   }
@@ -674,10 +674,10 @@ TEST(Record, NothingOutlivesAReportThatCannotBeMade) {
 TEST(Record, TakesTheIssuesOutOfTheCollapser) {
   Collapser collapser;
   collapser.add(make_finding({.id = "a"}));
-  Report first(collapser, with_threshold(75));
-  Report second(collapser, with_threshold(75));
-  EXPECT_EQ(index_of(first.record()), "5: a\n");
-  EXPECT_EQ(index_of(second.record()), "");
+  ReportRecord first(collapser, with_threshold(75));
+  ReportRecord second(collapser, with_threshold(75));
+  EXPECT_EQ(index_of(first.data()), "5: a\n");
+  EXPECT_EQ(index_of(second.data()), "");
 }
 
 }  // namespace

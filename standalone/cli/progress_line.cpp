@@ -1,4 +1,4 @@
-#include "standalone/cli/progress.h"
+#include "standalone/cli/progress_line.h"
 
 #include <algorithm>
 #include <iostream>
@@ -21,22 +21,22 @@ std::string share_read(std::uintmax_t bytes_read, std::uintmax_t total) {
 
 }  // namespace
 
-Progress::Progress(std::uintmax_t total, bool shown)
-    : total_(total), shown_(shown), next_(Clock::now() + FIRST_AFTER) {}
+ProgressLine::ProgressLine(std::uintmax_t total, bool is_shown)
+    : total_(total), is_shown_(is_shown), due_(Clock::now() + FIRST_AFTER) {}
 
-Progress::~Progress() {
-  if (written_) {
+ProgressLine::~ProgressLine() {
+  if (is_written_) {
     std::cerr << "\r\033[K" << std::flush;
   }
 }
 
-void Progress::look(std::size_t bytes_read, std::size_t findings) {
+void ProgressLine::write_when_due(std::size_t bytes_read, std::size_t findings) {
   const Clock::time_point now = Clock::now();
-  if (now < next_) {
+  if (now < due_) {
     return;
   }
-  next_ = now + NEXT_AFTER;
-  written_ = true;
+  due_ = now + NEXT_AFTER;
+  is_written_ = true;
   std::cerr << "\rvond-report: " + share_read(bytes_read, total_) + " read, " +
                    std::to_string(findings) + " findings\033[K"
             << std::flush;

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <ctime>
+#include <filesystem>
+
+#include "standalone/cli/options.h"
+
+/// What the surroundings of the process decide where the command line does not.
+namespace vond::standalone {
+
+bool input_is_terminal();
+bool errors_go_to_terminal();
+
+/// Returns the columns of the terminal that standard output is, 80 if it is none or knows no size.
+int default_width();
+
+/// Whether standard output is to be coloured. ColorMode::AUTO colours terminals, unless NO_COLOR
+/// is set to something.
+bool wants_color(ColorMode mode);
+
+/// Returns the report's time: now, or what SOURCE_DATE_EPOCH says, for reports that can be
+/// reproduced. Throws UsageError when that is no time.
+std::time_t report_time();
+
+/// Returns the folder that the program's file is in.
+std::filesystem::path program_folder();
+
+}  // namespace vond::standalone

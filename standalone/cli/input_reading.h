@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "standalone/definitions/definitions_reader.h"
+#include "standalone/report/check_run.h"
+
+/// Reading, with messages for the user on standard error.
+namespace vond::standalone {
+
+/// Reads the file of definitions at `path` and prints warnings. Throws InputError.
+std::vector<DefinitionSpec> read_definitions_with_messages(const std::string& path);
+
+/// Reads a run. Shows progress, and prints warnings and the lines that are left out. Throws
+/// InputError.
+std::unique_ptr<CheckRun> read_run_with_messages(const RunSources& sources);
+
+}  // namespace vond::standalone

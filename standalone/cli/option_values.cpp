@@ -1,0 +1,102 @@
+#include "standalone/cli/option_values.h"
+
+#include <map>
+#include <optional>
+
+#include "standalone/cli/usage_error.h"
+#include "standalone/model/severity_scale.h"
+#include "standalone/nodes/node_set.h"
+#include "standalone/text/harmless_text.h"
+#include "standalone/text/messages.h"
+#include "standalone/text/suggestion.h"
+#include "vond/vocabulary/tables.h"
+
+namespace vond::standalone {
+namespace {
+
+const std::map<std::string_view, ColorMode> COLOR_MODES = {
+    {"auto", ColorMode::AUTO}, {"always", ColorMode::ALWAYS}, {"never", ColorMode::NEVER}};
+
+const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {{"text", CollapseBy::TEXT},
+                                                               {"id", CollapseBy::ID}};
+
+/// `candidates` are words that may have been meant.
+[[noreturn]] void refuse(const std::string& option, const std::string& value,
+                         const std::string& expectation,
+                         const std::vector<std::string_view>& candidates) {
+  throw UsageError(option + " is \"" + harmless(value) + "\", expected " + expectation +
+                   suggestion_for(value, candidates));
+}
+
+/// Returns what the word `text` stands for among `words`.
+template <typename Value>
+Value parse_word(const std::string& option, const std::string& text,
+                 const std::map<std::string_view, Value>& words) {
+  const auto found = words.find(text);
+  if (found != words.end()) {
+    return found->second;
+  }
+  std::vector<std::string_view> names;
+  names.reserve(words.size());
+  for (const auto& [name, value] : words) {
+    names.push_back(name);
+  }
+  refuse(option, text, one_of(names), names);
+}
+
+}  // namespace
+
+int parse_threshold(const std::string& option, const std::string& text) {
+  const std::optional<int> severity = parse_severity(text);
+  if (!severity) {
+    refuse(option, text, severity_expectation(), band_names());
+  }
+  return *severity;
+}
+
+int parse_width(const std::string& option, const std::string& text) {
+  constexpr std::string_view DIGITS = "0123456789";
+  constexpr std::size_t MOST_DIGITS = 9;
+  if (text.empty() || text.size() > MOST_DIGITS ||
+      text.find_first_not_of(DIGITS) != std::string::npos) {
+    refuse(option, text, "a number of columns, 0 for no wrapping", {});
+  }
+  return std::stoi(text);
+}
+
+ColorMode parse_color_mode(const std::string& option, const std::string& text) {
+  return parse_word(option, text, COLOR_MODES);
+}
+
+CollapseBy parse_collapse_mode(const std::string& option, const std::string& text) {
+  return parse_word(option, text, COLLAPSE_MODES);
+}
+
+std::string parse_log_level(const std::string& option, const std::string& text) {
+  parse_word<int>(option, text, {vocabulary::LOG_LEVELS.begin(), vocabulary::LOG_LEVELS.end()});
+  return text;
+}
+
+std::vector<std::string> parse_node_sets(const std::string& option,
+                                         const std::vector<std::string>& sets) {
+  std::vector<std::string> names;
+  for (const std::string& set : sets) {
+    try {
+      const auto expanded = expand_node_set(set);
+      names.insert(names.end(), expanded.begin(), expanded.end());
+    } catch (const NodeSetError& error) {
+      throw UsageError(option + " is \"" + harmless(set) + "\": " + error.what());
+    }
+  }
+  return names;
+}
+
+void refuse_empty_paths(const std::string& option, const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) {
+    if (path.empty()) {
+      refuse(option, path, "the name of a file", {});
+    }
+  }
+}
+
+}  // namespace vond::standalone

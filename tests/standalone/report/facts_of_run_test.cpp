@@ -1,0 +1,81 @@
+#include "standalone/report/facts_of_run.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/standalone/support/test_input.h"
+
+namespace {
+
+using vond::standalone::CheckRun;
+using vond::standalone::facts_of_run;
+using vond::standalone::ReadingProgress;
+using vond::standalone::RecordOptions;
+using vond::standalone::ReportFacts;
+using vond::standalone::ReportRecord;
+using vond::standalone::RunSources;
+using vond::tests::TestFile;
+
+using Names = std::vector<std::string>;
+
+class NoProgress : public ReadingProgress {
+ public:
+  void advance(std::size_t /*bytes_read*/, std::size_t /*findings*/) override {}
+};
+
+ReportFacts read_facts(const RunSources& sources, const RecordOptions& options = {}) {
+  NoProgress progress;
+  CheckRun run(sources, progress);
+  const ReportRecord record(run.collapser(), options);
+  return facts_of_run(run, record, 1763699400);
+}
+
+TEST(FactsOfRun, TellWhatWasRead) {
+  const TestFile file(
+      "{\"id\": \"a\", \"severity\": 1, \"nodes\": \"n[1-3]\"}\n"
+      "{\"id\": \"b\", \"severity\": 1, \"nodes\": \"n1\"}\n"
+      "bad\n");
+  const ReportFacts facts = read_facts({.findings = {file.path()}, .keep_going = true});
+  EXPECT_EQ(facts.inputs, Names{file.path()});
+  EXPECT_EQ(facts.findings_read, 2U);
+  EXPECT_EQ(facts.nodes_seen, 3U);
+  EXPECT_EQ(facts.lines_rejected, 1U);
+}
+
+TEST(FactsOfRun, TellTimeAndWidth) {
+  RecordOptions options;
+  options.line_width = 120;
+  const ReportFacts facts = read_facts({}, options);
+  EXPECT_EQ(facts.written_at, 1763699400);
+  EXPECT_EQ(facts.line_width, 120);
+}
+
+TEST(FactsOfRun, TellWhatTheRecordDoesNotKnow) {
+  const TestFile file(
+      R"({"id": "d", "type": "diagnosis", "severity": 1, "based_on": ["o"], "definitions": ["x"]})");
+  RecordOptions options;
+  options.definitions.emplace();
+  const ReportFacts facts = read_facts({.findings = {file.path()}}, options);
+  EXPECT_EQ(facts.unknown_definitions, Names{"x"});
+  EXPECT_EQ(facts.unknown_based_on, Names{"o"});
+}
+
+TEST(FactsOfRun, TellNothingAboutExaminedNodesWhereThatIsNotKnown) {
+  const ReportFacts facts = read_facts({.expected = {"n1"}});
+  EXPECT_FALSE(facts.examination.has_value());
+  EXPECT_EQ(facts.expected_and_not_examined, Names{"n1"});
+}
+
+TEST(FactsOfRun, TellOfNodesThatWereExaminedAndThatWereNot) {
+  const TestFile file(R"({"id": "a", "severity": 1, "nodes": "n[1-3]"})");
+  const ReportFacts facts = read_facts(
+      {.findings = {file.path()}, .examined = {"n1", "n7"}, .expected = {"n2", "n7", "n8"}});
+  ASSERT_TRUE(facts.examination.has_value());
+  EXPECT_EQ(facts.examination->nodes_examined, 2U);
+  EXPECT_EQ(facts.examination->not_examined_with_findings, (Names{"n2", "n3"}));
+  EXPECT_EQ(facts.expected_and_not_examined, (Names{"n2", "n8"}));
+}
+
+}  // namespace
