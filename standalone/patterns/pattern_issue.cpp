@@ -4,7 +4,7 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <tuple>
+#include <span>
 #include <utility>
 
 #include "standalone/patterns/text_marks.h"
@@ -17,6 +17,11 @@ template <typename Item>
 void sort_unique(std::vector<Item>& items) {
   std::sort(items.begin(), items.end());
   items.erase(std::unique(items.begin(), items.end()), items.end());
+}
+
+template <typename Item>
+void append(std::vector<Item>& items, std::span<const Item> more) {
+  items.insert(items.end(), more.begin(), more.end());
 }
 
 /// The one node of several mentions, if it is one.
@@ -158,42 +163,37 @@ void PatternIssue::merge(PatternIssue other) {
 }
 
 std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) const {
-  struct Source {
-    std::vector<std::uint32_t> nodes;
-    std::vector<int> row_ids;
-  };
-  std::map<std::vector<std::string>, Source> sources;
+  std::map<std::vector<std::string>, OriginalTexts> originals;
   for (const Part& part : parts_) {
     // An entry with NODE is a text for each node.
-    std::map<std::pair<PatternGroup::Entry, std::uint32_t>, Source*> known;
+    std::map<std::pair<PatternGroup::Entry, std::uint32_t>, OriginalTexts*> known;
     part.group.for_each([&](const PatternGroup::Occurrence& finding) {
       const bool has_name = holds_name(part.group, finding.entry, *table_);
       const std::uint32_t node = has_name ? finding.nodes[0] : NO_NODE;
-      Source*& source = known[{finding.entry, node}];
-      if (source == nullptr) {
-        source = &sources[original_texts(part.group.pattern(),
-                                         values_of(part.group, finding.entry, *table_),
-                                         has_name ? node_names(node) : std::string_view())];
+      OriginalTexts*& original = known[{finding.entry, node}];
+      if (original == nullptr) {
+        original = &originals[original_texts(part.group.pattern(),
+                                             values_of(part.group, finding.entry, *table_),
+                                             has_name ? node_names(node) : std::string_view())];
       }
-      source->nodes.insert(source->nodes.end(), finding.nodes.begin(), finding.nodes.end());
-      source->row_ids.insert(source->row_ids.end(), finding.row_ids.begin(), finding.row_ids.end());
+      append(original->nodes, finding.nodes);
+      append(original->row_ids, finding.row_ids);
     });
   }
-  std::vector<OriginalTexts> originals;
-  for (auto& [texts, source] : sources) {
-    sort_unique(source.nodes);
-    sort_unique(source.row_ids);
-    originals.push_back({texts, std::move(source.nodes), std::move(source.row_ids)});
+  std::vector<OriginalTexts> sorted;
+  for (auto& [texts, original] : originals) {
+    sort_unique(original.nodes);
+    sort_unique(original.row_ids);
+    sorted.push_back({texts, std::move(original.nodes), std::move(original.row_ids)});
   }
-  return originals;
+  return sorted;
 }
 
 std::vector<std::uint32_t> PatternIssue::nodes() const {
   std::vector<std::uint32_t> nodes;
   for (const Part& part : parts_) {
-    part.group.for_each([&nodes](const PatternGroup::Occurrence& finding) {
-      nodes.insert(nodes.end(), finding.nodes.begin(), finding.nodes.end());
-    });
+    part.group.for_each(
+        [&nodes](const PatternGroup::Occurrence& finding) { append(nodes, finding.nodes); });
   }
   sort_unique(nodes);
   return nodes;

@@ -37,6 +37,9 @@ class PatternIssue {
   /// Marked text. Issues with equal keys are one, if nothing else keeps them apart.
   const std::string& key() const { return key_; }
 
+  /// The number of places in the key.
+  std::size_t places() const { return parts_[0].open.size(); }
+
   /// Takes over the findings of an issue with the same key. What an issue shows and gives back does
   /// not depend on what it was made of in which order.
   void merge(PatternIssue other);

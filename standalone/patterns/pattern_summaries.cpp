@@ -1,6 +1,8 @@
 #include "standalone/patterns/pattern_summaries.h"
 
 #include <algorithm>
+#include <numeric>
+#include <span>
 #include <utility>
 
 #include "standalone/patterns/text_marks.h"
@@ -35,36 +37,45 @@ std::vector<PlaceValue> PatternSummaries::values_at(const PatternIssue& issue, s
   for (const auto& part : issue.parts_) {
     number_entries(part, part.open[place]);
   }
-  counts_.assign(texts_.size(), {});
-  const auto for_each_finding = [this, &issue](auto visit) {
-    std::size_t first_entry = 0;
-    for (const auto& part : issue.parts_) {
-      part.group.for_each([&](const PatternGroup::Occurrence& finding) {
-        visit(entry_numbers_[first_entry + finding.entry], finding.nodes);
-      });
-      first_entry += part.group.entries();
-    }
-  };
-  std::size_t all_nodes = 0;
-  for_each_finding([this, &all_nodes](std::uint32_t number, auto nodes) {
-    ++counts_[number].findings;
-    counts_[number].nodes += nodes.size();
-    all_nodes += nodes.size();
-  });
-  nodes_.resize(all_nodes);
   std::vector<PlaceValue> values;
   values.reserve(texts_.size());
-  std::uint32_t* begin = nodes_.data();
-  for (std::size_t number = 0; number < texts_.size(); ++number) {
-    const auto& [findings, nodes] = counts_[number];
-    values.push_back({texts_[number], findings, {begin, nodes}});
-    begin += std::exchange(counts_[number].nodes, static_cast<std::size_t>(begin - nodes_.data()));
+  for (const std::string_view text : texts_) {
+    values.push_back({text, 0, {}});
   }
-  for_each_finding([this](std::uint32_t number, auto nodes) {
-    std::copy(nodes.begin(), nodes.end(), nodes_.data() + counts_[number].nodes);
-    counts_[number].nodes += nodes.size();
+  std::vector<std::size_t> nodes_of_value(texts_.size());
+  for_each_finding(issue, [&](std::uint32_t number, std::span<const std::uint32_t> nodes) {
+    ++values[number].findings;
+    nodes_of_value[number] += nodes.size();
   });
+  share_out_nodes(issue, nodes_of_value);
+  const std::uint32_t* begin = nodes_.data();
+  for (std::size_t number = 0; number < values.size(); ++number) {
+    values[number].nodes = {begin, nodes_of_value[number]};
+    begin += nodes_of_value[number];
+  }
   return values;
+}
+
+void PatternSummaries::share_out_nodes(const PatternIssue& issue,
+                                       const std::vector<std::size_t>& nodes_of_value) {
+  std::vector<std::size_t> next(nodes_of_value.size());
+  std::exclusive_scan(nodes_of_value.begin(), nodes_of_value.end(), next.begin(), std::size_t{0});
+  nodes_.resize(std::accumulate(nodes_of_value.begin(), nodes_of_value.end(), std::size_t{0}));
+  for_each_finding(issue, [&](std::uint32_t number, std::span<const std::uint32_t> nodes) {
+    std::copy(nodes.begin(), nodes.end(), nodes_.data() + next[number]);
+    next[number] += nodes.size();
+  });
+}
+
+template <typename Visit>
+void PatternSummaries::for_each_finding(const PatternIssue& issue, Visit visit) const {
+  std::size_t first_entry = 0;
+  for (const auto& part : issue.parts_) {
+    part.group.for_each([&](const PatternGroup::Occurrence& finding) {
+      visit(entry_numbers_[first_entry + finding.entry], finding.nodes);
+    });
+    first_entry += part.group.entries();
+  }
 }
 
 void PatternSummaries::forget_values() {

@@ -33,16 +33,15 @@ class PatternSummaries {
  private:
   static constexpr std::uint32_t NO_NUMBER = static_cast<std::uint32_t>(-1);
 
-  /// How much was found of a value.
-  struct Count {
-    std::size_t findings = 0;
-    std::size_t nodes = 0;
-  };
-
   void forget_values();
   std::string_view shown(ValueTable::Id value, std::uint32_t only_node);
   void number_entries(const PatternIssue::Part& part, const PatternIssue::OpenPlace& place);
   std::uint32_t number_of(std::string_view text);
+  /// Calls `visit` with the number of each finding's value and its nodes.
+  template <typename Visit>
+  void for_each_finding(const PatternIssue& issue, Visit visit) const;
+  /// Puts the nodes of each value together, value by value.
+  void share_out_nodes(const PatternIssue& issue, const std::vector<std::size_t>& nodes_of_value);
 
   const ValueTable& table_;
   const NodeNames& node_names_;
@@ -55,7 +54,6 @@ class PatternSummaries {
   std::vector<std::uint32_t> number_of_value_;
   /// The numbers of the entries' values, part by part.
   std::vector<std::uint32_t> entry_numbers_;
-  std::vector<Count> counts_;
   std::vector<std::uint32_t> nodes_;
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace vond::standalone::text_marks {
 namespace {
@@ -23,15 +25,30 @@ void append_with_names(std::string& text, std::string_view value, std::string_vi
   }
 }
 
+bool holds_marks_singly(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), is_mark);
+}
+
+/// Whether one of eight bytes is at most the last mark.
+bool holds_low_byte(const char* bytes) {
+  constexpr std::uint64_t ONES = 0x0101010101010101;
+  std::uint64_t word = 0;
+  std::memcpy(&word, bytes, sizeof word);
+  // What is less than the byte behind the marks borrows from above, and has no highest bit itself.
+  return ((word - ONES * (ESCAPE + 1)) & ~word & (ONES * 0x80)) != 0;
+}
+
 }  // namespace
 
 bool holds_marks(std::string_view text) {
-  // Without a way out in the middle, which is what compilers turn into vector instructions.
-  unsigned char marks = 0;
-  for (const char byte : text) {
-    marks |= static_cast<unsigned char>(is_mark(byte));
+  constexpr std::size_t BLOCK_SIZE = sizeof(std::uint64_t);
+  while (text.size() >= BLOCK_SIZE) {
+    if (holds_low_byte(text.data()) && holds_marks_singly(text.substr(0, BLOCK_SIZE))) {
+      return true;
+    }
+    text.remove_prefix(BLOCK_SIZE);
   }
-  return marks != 0;
+  return holds_marks_singly(text);
 }
 
 bool holds_name(std::string_view marked) {
@@ -47,6 +64,10 @@ bool holds_name(std::string_view marked) {
 std::string_view short_form(std::string_view name) { return name.substr(0, name.find('.')); }
 
 void append_marked(std::string& marked, std::string_view text) {
+  if (!holds_marks(text)) {
+    marked += text;
+    return;
+  }
   for (const char byte : text) {
     if (is_mark(byte)) {
       marked += ESCAPE;

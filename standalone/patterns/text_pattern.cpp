@@ -184,16 +184,21 @@ void TextPattern::add_literal(std::string_view literal) {
     pattern_ += literal;
     return;
   }
-  for (std::size_t at = 0; at < literal.size(); ++at) {
-    if (literal[at] == ESCAPE) {
-      pattern_ += literal[at++];
-      pattern_ += literal[at];
-    } else if (literal[at] == NAME || literal[at] == SHORT_NAME) {
-      pattern_ += NAME;
-      written_names_ += literal[at];
-    } else {
-      pattern_ += literal[at];
+  while (!literal.empty()) {
+    const auto* const mark = std::find_if(literal.begin(), literal.end(), is_mark);
+    pattern_.append(literal.begin(), mark);
+    literal.remove_prefix(static_cast<std::size_t>(mark - literal.begin()));
+    if (literal.empty()) {
+      return;
     }
+    const std::size_t size = literal[0] == ESCAPE ? 2 : 1;
+    if (size == 2) {
+      pattern_ += literal.substr(0, size);
+    } else {
+      pattern_ += NAME;
+      written_names_ += literal[0];
+    }
+    literal.remove_prefix(size);
   }
 }
 
