@@ -96,18 +96,18 @@ class DateFinder {
 
   /// Returns how many words are one, from the `first` on.
   std::size_t size_at(std::size_t first) const {
-    static const std::string MONTH = "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec)";
-    static const std::string WEEKDAY = "(Mon|Tue|Wed|Thu|Fri|Sat|Sun)";
-    static const std::string DAY = R"(( \d\d|  ?\d) \d\d:\d\d:\d\d)";
+    static const std::string month = "(Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec)";
+    static const std::string weekday = "(Mon|Tue|Wed|Thu|Fri|Sat|Sun)";
+    static const std::string day = R"(( \d\d|  ?\d) \d\d:\d\d:\d\d)";
     // Two blanks have an empty run between them.
-    static const std::array<std::pair<std::size_t, std::regex>, 5> DATES = {{
+    static const std::array<std::pair<std::size_t, std::regex>, 5> dates = {{
         {2, std::regex(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d([.,]\d+)?(Z|[+-]\d\d(:?\d\d)?)?)")},
-        {3, std::regex(MONTH + DAY)},
-        {4, std::regex(MONTH + DAY)},
-        {4, std::regex(WEEKDAY + " " + MONTH + DAY)},
-        {5, std::regex(WEEKDAY + " " + MONTH + DAY)},
+        {3, std::regex(month + day)},
+        {4, std::regex(month + day)},
+        {4, std::regex(weekday + " " + month + day)},
+        {5, std::regex(weekday + " " + month + day)},
     }};
-    for (const auto& [size, date] : DATES) {
+    for (const auto& [size, date] : dates) {
       const std::string text = text_of(first, size);
       // Regular expressions are slow.
       if (text.find(':') != std::string::npos && std::regex_match(text, date)) {

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <limits>
 #include <system_error>
+#include <tuple>
 
 #include "standalone/patterns/date_words.h"
 
@@ -94,17 +95,16 @@ std::optional<Decimal> Decimal::read(std::string_view text, std::size_t& length)
 }
 
 std::strong_ordering Decimal::operator<=>(const Decimal& other) const {
-  const auto sign = [](const Decimal& number) {
-    return number.is_zero() ? 0 : number.is_negative_ ? -1 : 1;
-  };
-  if (sign(*this) != sign(other) || is_zero()) {
-    return sign(*this) <=> sign(other);
+  if (sign() != other.sign()) {
+    return sign() <=> other.sign();
   }
-  auto order = first_power_ <=> other.first_power_;
-  if (order == 0) {
-    order = digits_.compare(other.digits_) <=> 0;
-  }
-  return is_negative_ ? 0 <=> order : order;
+  return is_negative_ ? other.compare_sizes(*this) : compare_sizes(other);
+}
+
+int Decimal::sign() const { return is_zero() ? 0 : is_negative_ ? -1 : 1; }
+
+std::strong_ordering Decimal::compare_sizes(const Decimal& other) const {
+  return std::tie(first_power_, digits_) <=> std::tie(other.first_power_, other.digits_);
 }
 
 std::int64_t Decimal::in_units_of(std::int64_t power) const {

@@ -37,6 +37,10 @@ class Decimal {
   double nearest_double() const;
 
  private:
+  int sign() const;
+  /// Of both without their signs, which are the same.
+  std::strong_ordering compare_sizes(const Decimal& other) const;
+
   bool is_negative_ = false;
   std::int64_t first_power_ = 0;
   /// Without zeros at either end.
