@@ -1,0 +1,141 @@
+#include "standalone/patterns/pattern_group.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "standalone/patterns/text_marks.h"
+#include "standalone/patterns/text_pattern.h"
+
+namespace vond::standalone {
+namespace {
+
+std::size_t hash_values(std::span<const ValueTable::Id> values) {
+  constexpr std::size_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
+  std::size_t hash = 0;
+  for (const ValueTable::Id value : values) {
+    hash = (hash ^ value) * GOLDEN_RATIO;
+    hash ^= hash >> 32U;
+  }
+  return hash;
+}
+
+}  // namespace
+
+PatternGroup::PatternGroup(std::string_view pattern)
+    : pattern_(pattern),
+      width_(count_values(pattern)),
+      places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
+
+PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values,
+                                           const ValueTable& table) {
+  // The same is often said of node after node.
+  if (last_ == NO_ENTRY || !is(last_, values)) {
+    last_ = find(values);
+  }
+  if (last_ == NO_ENTRY) {
+    last_ = add_entry(values, table);
+  }
+  return last_;
+}
+
+bool PatternGroup::is(Entry entry, std::span<const ValueTable::Id> values) const {
+  return std::equal(values.begin(), values.end(),
+                    values_.begin() + static_cast<std::ptrdiff_t>(entry * width_));
+}
+
+std::size_t PatternGroup::hash_of(Entry entry) const {
+  return hash_values(std::span(values_).subspan(entry * width_, width_));
+}
+
+PatternGroup::Entry PatternGroup::find(std::span<const ValueTable::Id> values) const {
+  if (index_.empty()) {
+    for (Entry entry = 0; entry < entries_; ++entry) {
+      if (is(entry, values)) {
+        return entry;
+      }
+    }
+    return NO_ENTRY;
+  }
+  const std::size_t last_place = index_.size() - 1;
+  std::size_t place = hash_values(values) & last_place;
+  while (index_[place] != NO_ENTRY && !is(index_[place], values)) {
+    place = (place + 1) & last_place;
+  }
+  return index_[place];
+}
+
+PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> values,
+                                            const ValueTable& table) {
+  if (entries_ == MOST_ENTRIES) {
+    throw std::length_error("too many different values");
+  }
+  const auto entry = static_cast<Entry>(entries_++);
+  values_.insert(values_.end(), values.begin(), values.end());
+  const auto places = values.first(places_);
+  has_value_with_name_ =
+      has_value_with_name_ || std::any_of(places.begin(), places.end(), [&table](auto value) {
+        return text_marks::holds_name(table[value]);
+      });
+  if (4 * entries_ > 3 * index_.size() && entries_ > FEW_ENTRIES) {
+    index_all(std::max(2 * index_.size(), 4 * FEW_ENTRIES));
+  } else if (!index_.empty()) {
+    index(entry);
+  }
+  return entry;
+}
+
+void PatternGroup::index_all(std::size_t size) {
+  index_.assign(size, NO_ENTRY);
+  for (Entry entry = 0; entry < entries_; ++entry) {
+    index(entry);
+  }
+}
+
+void PatternGroup::index(Entry entry) {
+  const std::size_t last_place = index_.size() - 1;
+  std::size_t place = hash_of(entry) & last_place;
+  while (index_[place] != NO_ENTRY) {
+    place = (place + 1) & last_place;
+  }
+  index_[place] = entry;
+}
+
+void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
+                       std::span<const int> row_ids) {
+  ++findings_;
+  const bool is_usual = nodes.size() == 1 && row_ids.size() <= 1;
+  const Shape shape = !is_usual ? ANY : row_ids.empty() ? ONE_NODE : ONE_NODE_ONE_ROW;
+  findings_data_.push_back(entry << SHAPE_BITS | shape);
+  if (shape == ANY) {
+    findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));
+    findings_data_.push_back(static_cast<std::uint32_t>(row_ids.size()));
+  }
+  findings_data_.insert(findings_data_.end(), nodes.begin(), nodes.end());
+  for (const int row_id : row_ids) {
+    findings_data_.push_back(static_cast<std::uint32_t>(row_id));
+  }
+}
+
+PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at) {
+  const std::uint32_t first = *at++;
+  const auto shape = static_cast<Shape>(first & ((1U << SHAPE_BITS) - 1));
+  std::size_t nodes = 1;
+  std::size_t row_ids = shape == ONE_NODE ? 0 : 1;
+  if (shape == ANY) {
+    nodes = *at++;
+    row_ids = *at++;
+  }
+  // A signed number may be read where an unsigned one of its size is stored.
+  const auto* const rows = reinterpret_cast<const int*>(at + nodes);
+  const Occurrence occurrence{first >> SHAPE_BITS, {at, nodes}, {rows, row_ids}};
+  at += nodes + row_ids;
+  return occurrence;
+}
+
+void PatternGroup::settle() {
+  index_ = {};
+  values_.shrink_to_fit();
+  findings_data_.shrink_to_fit();
+}
+
+}  // namespace vond::standalone

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/patterns/value_table.h"
+
+namespace vond::standalone {
+
+/// The findings of one pattern: the values, nodes and row ids of each, and nothing twice. Findings
+/// with the same values share one entry.
+class PatternGroup {
+ public:
+  using Entry = std::uint32_t;
+
+  /// A finding.
+  struct Occurrence {
+    Entry entry;
+    std::span<const std::uint32_t> nodes;
+    std::span<const int> row_ids;
+  };
+
+  /// `pattern` is what TextPattern::pattern() gives.
+  explicit PatternGroup(std::string_view pattern);
+
+  /// Returns the entry of the values that TextPattern::values() gives, which are `table`'s, one for
+  /// each. All calls for a group take the same table.
+  /// Throws std::length_error for more entries than 2^30.
+  Entry entry_of(std::span<const ValueTable::Id> values, const ValueTable& table);
+
+  /// Adds a finding with these values. If the texts hold NODE, its node is the first of `nodes`,
+  /// which then are that node once or more; else they may be any.
+  void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids);
+
+  const std::string& pattern() const { return pattern_; }
+  /// The first values of an entry are those of the places; when NODE stands in the texts outside of
+  /// them, one more tells how it is written.
+  std::size_t places() const { return places_; }
+  bool has_name() const { return width_ > places_; }
+  std::size_t entries() const { return entries_; }
+  std::size_t findings() const { return findings_; }
+  ValueTable::Id value(Entry entry, std::size_t column) const {
+    return values_[entry * width_ + column];
+  }
+  /// Whether NODE stands in one of the places.
+  bool has_value_with_name() const { return has_value_with_name_; }
+
+  /// Calls `visit` with every Occurrence, in the order in which they were added.
+  template <typename Visit>
+  void for_each(Visit visit) const {
+    for (const std::uint32_t* at = findings_data_.data();
+         at != findings_data_.data() + findings_data_.size();) {
+      visit(take_occurrence(at));
+    }
+  }
+
+  /// Gives memory back that is needed for adding only; after that no entry_of().
+  void settle();
+
+ private:
+  /// How a finding is stored, in the lowest bits of its first word, whose rest is the entry.
+  enum Shape : std::uint32_t {
+    /// A node follows.
+    ONE_NODE = 0,
+    /// A node and a row id follow.
+    ONE_NODE_ONE_ROW = 1,
+    /// The numbers of nodes and of row ids follow, then they.
+    ANY = 2,
+  };
+  static constexpr unsigned SHAPE_BITS = 2;
+  static constexpr Entry NO_ENTRY = static_cast<Entry>(-1);
+  static constexpr Entry MOST_ENTRIES = Entry{1} << (32 - SHAPE_BITS);
+  /// As many entries are looked through without an index.
+  static constexpr std::size_t FEW_ENTRIES = 8;
+
+  static Occurrence take_occurrence(const std::uint32_t*& at);
+  bool is(Entry entry, std::span<const ValueTable::Id> values) const;
+  std::size_t hash_of(Entry entry) const;
+  Entry find(std::span<const ValueTable::Id> values) const;
+  Entry add_entry(std::span<const ValueTable::Id> values, const ValueTable& table);
+  void index_all(std::size_t size);
+  void index(Entry entry);
+
+  std::string pattern_;
+  /// Of values in an entry.
+  std::size_t width_;
+  std::size_t places_;
+  std::size_t entries_ = 0;
+  std::size_t findings_ = 0;
+  bool has_value_with_name_ = false;
+  Entry last_ = NO_ENTRY;
+  /// `width_` for each entry.
+  std::vector<ValueTable::Id> values_;
+  std::vector<std::uint32_t> findings_data_;
+  /// By hash: linear probing, a power of two in size; empty while there are few entries.
+  std::vector<Entry> index_;
+};
+
+}  // namespace vond::standalone

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/patterns/pattern_group.h"
+#include "standalone/patterns/place_summary.h"
+#include "standalone/patterns/value_table.h"
+
+namespace vond::standalone {
+
+/// A text that findings gave, all of its findings together.
+struct OriginalTexts {
+  /// As many as TextPattern::read() was given.
+  std::vector<std::string> texts;
+  /// Sorted, each once.
+  std::vector<std::uint32_t> nodes;
+  /// Sorted, each once.
+  std::vector<int> row_ids;
+
+  bool operator==(const OriginalTexts&) const = default;
+};
+
+/// All findings of a pattern, when all are known, as an issue or a part of it.
+///
+/// NODE that stands for one node alone is its name, as it was written there (in full when it was
+/// written in both ways), at each place by itself; then a place with one value is that value. What
+/// differs still is a place, or NODE.
+class PatternIssue {
+ public:
+  /// `table` has the values of all groups, and outlives the issue.
+  PatternIssue(PatternGroup group, const ValueTable& table, const NodeNames& node_names);
+
+  /// Marked text. Issues with equal keys are one, if nothing else keeps them apart.
+  const std::string& key() const { return key_; }
+
+  /// The number of places in the key.
+  std::size_t places() const { return parts_[0].open.size(); }
+
+  /// Takes over the findings of an issue with the same key. What an issue shows and gives back does
+  /// not depend on what it was made of in which order.
+  void merge(PatternIssue other);
+
+  /// Returns the texts that the findings came with, sorted by the texts, each once, with all nodes
+  /// and row ids that came with it.
+  std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
+
+  /// Returns the distinct nodes of all findings, sorted.
+  std::vector<std::uint32_t> nodes() const;
+  bool has_several_nodes() const;
+
+ private:
+  friend class PatternSummaries;
+
+  /// No number of a node.
+  static constexpr std::uint32_t NO_NODE = static_cast<std::uint32_t>(-1);
+
+  /// A place that differs.
+  struct OpenPlace {
+    /// Of the group's values.
+    std::size_t column;
+    /// Whom NODE stands for in the values, if it is one node alone.
+    std::uint32_t only_node;
+  };
+  /// What came with one pattern.
+  struct Part {
+    PatternGroup group;
+    /// In the order of the places in the key.
+    std::vector<OpenPlace> open;
+  };
+
+  const ValueTable* table_;
+  std::string key_;
+  std::vector<Part> parts_;
+};
+
+}  // namespace vond::standalone

@@ -1,0 +1,123 @@
+#include "standalone/patterns/pattern_group.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "standalone/patterns/text_pattern.h"
+#include "standalone/patterns/value_table.h"
+
+namespace {
+
+using testing::ElementsAreArray;
+using vond::standalone::PatternGroup;
+using vond::standalone::TextPattern;
+using vond::standalone::ValueTable;
+
+TEST(ValueTable, NumbersValuesAndKeepsThem) {
+  ValueTable table;
+  for (int round = 0; round < 2; ++round) {
+    for (unsigned i = 0; i < 20000; ++i) {
+      ASSERT_EQ(table.id_of("value " + std::to_string(i)), i);
+    }
+  }
+  EXPECT_EQ(table.size(), 20000U);
+  EXPECT_EQ(table[0], "value 0");
+  EXPECT_EQ(table[19999], "value 19999");
+}
+
+TEST(ValueTable, TakesValuesOfAnyLength) {
+  ValueTable table;
+  for (const std::size_t size : {0U, 1U, 8000U, 9000U, 70000U, 200000U, 2U, 65000U}) {
+    const std::string value(size, 'x');
+    EXPECT_EQ(table[table.id_of(value)], value);
+  }
+  EXPECT_EQ(table.size(), 8U);
+  EXPECT_EQ(table[0], "");
+}
+
+/// A group of a pattern with so many places.
+PatternGroup group_of(std::size_t places) {
+  std::string text;
+  for (std::size_t i = 0; i < places; ++i) {
+    text += "5 ";
+  }
+  TextPattern pattern;
+  pattern.read("", {text});
+  return PatternGroup(pattern.pattern());
+}
+
+TEST(PatternGroup, HasOneEntryForTheSameValues) {
+  ValueTable table;
+  for (std::uint32_t i = 0; i < 100; ++i) {
+    table.id_of(std::to_string(i));
+  }
+  PatternGroup group = group_of(2);
+  for (int round = 0; round < 2; ++round) {
+    for (std::uint32_t i = 0; i < 10000; ++i) {
+      ASSERT_EQ(group.entry_of(std::vector<ValueTable::Id>{i / 100, i % 100}, table), i);
+    }
+  }
+  EXPECT_EQ(group.entries(), 10000U);
+  EXPECT_EQ(group.value(1234, 0), 12U);
+  EXPECT_EQ(group.value(1234, 1), 34U);
+}
+
+TEST(PatternGroup, HasOneEntryForTextsWithoutValues) {
+  ValueTable table;
+  PatternGroup group = group_of(0);
+  EXPECT_EQ(group.entry_of({}, table), 0U);
+  EXPECT_EQ(group.entry_of({}, table), 0U);
+  EXPECT_EQ(group.entries(), 1U);
+}
+
+TEST(PatternGroup, KnowsWhetherValuesHoldTheOwnNode) {
+  const auto group_with = [](const std::string& text) {
+    ValueTable table;
+    TextPattern pattern;
+    pattern.read("cn1", {text});
+    PatternGroup group(pattern.pattern());
+    std::vector<ValueTable::Id> values;
+    for (const std::string_view value : pattern.values()) {
+      values.push_back(table.id_of(value));
+    }
+    group.entry_of(values, table);
+    return group;
+  };
+  EXPECT_TRUE(group_with("cn1 5").has_name());
+  EXPECT_FALSE(group_with("cn1 5").has_value_with_name());
+  EXPECT_FALSE(group_with("cn1-5").has_name());
+  EXPECT_TRUE(group_with("cn1-5").has_value_with_name());
+  EXPECT_FALSE(group_with("cn2 5").has_name());
+  EXPECT_FALSE(group_with("\x02 5\x02").has_name());
+  EXPECT_FALSE(group_with("\x02 5\x02").has_value_with_name());
+}
+
+TEST(PatternGroup, KeepsNodesAndRowsOfEveryFinding) {
+  const std::vector<std::vector<std::uint32_t>> nodes = {{}, {7}, {4294967295}, {1, 2, 1}};
+  const int least = std::numeric_limits<int>::min();
+  const std::vector<std::vector<int>> row_ids = {{}, {-1}, {least}, {3, 2, 2147483647}};
+  ValueTable table;
+  PatternGroup group = group_of(0);
+  const auto entry = group.entry_of({}, table);
+  for (const auto& some_nodes : nodes) {
+    for (const auto& some_rows : row_ids) {
+      group.add(entry, some_nodes, some_rows);
+    }
+  }
+  group.settle();
+  std::size_t number = 0;
+  group.for_each([&](const PatternGroup::Occurrence& finding) {
+    EXPECT_EQ(finding.entry, 0U);
+    EXPECT_THAT(finding.nodes, ElementsAreArray(nodes[number / row_ids.size()]));
+    EXPECT_THAT(finding.row_ids, ElementsAreArray(row_ids[number % row_ids.size()]));
+    ++number;
+  });
+  EXPECT_EQ(number, nodes.size() * row_ids.size());
+  EXPECT_EQ(group.findings(), number);
+}
+
+}  // namespace
