@@ -168,6 +168,27 @@ TEST(FindingsReader, AcceptsByteOrderMarkCrlfBlankLinesAndAMissingLineEnd) {
   EXPECT_EQ(reading.findings.size(), 3U);
 }
 
+TEST(FindingsReader, KnowsNothingOfOtherReaders) {
+  // What one reader has learned, counted and rejected stays its own, even when it is gone.
+  const TestFile file(FULL_LINE + "\n{\"id\":\"a\",\"severity\":1,\"other\":2}\n{\n");
+  Recorder first_findings;
+  Recorder second_findings;
+  FindingsReader second(second_findings, {.keep_going = true});
+  {
+    FindingsReader first(first_findings, {.keep_going = true});
+    first.read(file.path());
+    second.read(file.path());
+    first.read(file.path());
+    EXPECT_EQ(first.rejected().count, 2U);
+    EXPECT_NE(first.warnings()[0].find("(2 times)"), std::string::npos);
+  }
+  EXPECT_EQ(second.rejected().count, 1U);
+  EXPECT_EQ(file.without_path(second.warnings()[0]),
+            "FILE:2:24: unknown key \"other\" is ignored (once)");
+  EXPECT_EQ(second_findings.findings, (Texts{FULL_FINDING, "1|a|1|||||||"}));
+  EXPECT_EQ(first_findings.findings.size(), 4U);
+}
+
 TEST(FindingsReader, ReadsAFileWithoutFindings) {
   EXPECT_EQ(read("").findings, Texts{});
   EXPECT_EQ(read("\n\n").error, "");

@@ -218,11 +218,14 @@ TEST(CheckUnused, TakesAnyJson) {
 }
 
 TEST(CheckUnused, RefusesWhatIsNone) {
-  for (const char* json : {"01", "nul", "1\x01", "[1,]", "{\"a\" 1}", "\"\\ud800\"", "[tru]"}) {
+  for (const char* json : {"01", "nul", "1\x01", "[1,]", "\"\\ud800\"", "[tru]"}) {
     with_value(json, [&](Value& value, JsonStrings&) {
       EXPECT_THROW(check_unused(value), BrokenJson) << json;
     });
   }
+  with_value("{\"a\" 1}", [](Value& value, JsonStrings&) {
+    EXPECT_THROW(check_unused(value), simdjson::simdjson_error) << "the parser itself refuses it";
+  });
 }
 
 }  // namespace
