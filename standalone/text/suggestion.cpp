@@ -5,6 +5,9 @@
 #include <numeric>
 #include <utility>
 
+#include "standalone/text/ascii.h"
+#include "standalone/text/messages.h"
+
 namespace vond::standalone {
 
 namespace {
@@ -16,11 +19,7 @@ constexpr std::size_t SHORTEST_BEGINNING = 3;
 
 std::string lower_ascii(std::string_view text) {
   std::string lower(text);
-  for (char& letter : lower) {
-    if (letter >= 'A' && letter <= 'Z') {
-      letter = static_cast<char>(letter - 'A' + 'a');
-    }
-  }
+  std::transform(lower.begin(), lower.end(), lower.begin(), ascii_lower);
   return lower;
 }
 
@@ -89,7 +88,7 @@ std::string suggestion_for(std::string_view word, const std::vector<std::string_
   if (nearest.empty()) {
     return "";
   }
-  return std::string("; did you mean \"").append(nearest).append("\"?");
+  return "; did you mean " + in_quotes(nearest) + "?";
 }
 
 }  // namespace vond::standalone
