@@ -1,6 +1,9 @@
 #pragma once
 
-/// Questions about single bytes of text. None of them depends on a locale.
+#include <algorithm>
+#include <string>
+
+/// ASCII characters. Nothing here depends on a locale.
 namespace vond::standalone {
 
 constexpr bool is_ascii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
@@ -20,6 +23,18 @@ constexpr char ascii_lower(char byte) {
 
 constexpr char ascii_upper(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
+/// Returns `text` with its ASCII letters in lower case.
+inline std::string lower_ascii(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), ascii_lower);
+  return text;
+}
+
+/// Returns `text` with its ASCII letters in upper case.
+inline std::string upper_ascii(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), ascii_upper);
+  return text;
 }
 
 }  // namespace vond::standalone

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,11 @@ namespace vond::standalone {
 inline std::string in_quotes(std::string_view text) {
   std::string quote = "\"";
   return quote.append(text).append("\"");
+}
+
+/// Returns `1 node`, `2 nodes`.
+inline std::string count_of(std::size_t count, std::string_view singular, std::string_view plural) {
+  return std::to_string(count).append(" ").append(count == 1 ? singular : plural);
 }
 
 /// Returns what `text_of` makes of each item, with ", " between them; empty texts at the start are

@@ -17,12 +17,6 @@ constexpr std::size_t LONGEST_WORD = 64;
 // Shorter beginnings say too little about what was meant.
 constexpr std::size_t SHORTEST_BEGINNING = 3;
 
-std::string lower_ascii(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), ascii_lower);
-  return lower;
-}
-
 /// The optimal string alignment distance: how many insertions, deletions, substitutions and swaps
 /// of neighbours lead from one word to the other, no part being edited twice. V. I. Levenshtein,
 /// "Binary codes capable of correcting deletions, insertions, and reversals" (1966); swaps: F. J.
@@ -66,11 +60,11 @@ std::string_view nearest_candidate(std::string_view word,
   if (word.empty() || word.size() > LONGEST_WORD) {
     return {};
   }
-  const std::string lower_word = lower_ascii(word);
+  const std::string lower_word = lower_ascii(std::string(word));
   std::string_view nearest;
   std::size_t nearest_distance = LONGEST_WORD;
   for (const std::string_view candidate : candidates) {
-    const std::string lower_candidate = lower_ascii(candidate);
+    const std::string lower_candidate = lower_ascii(std::string(candidate));
     std::size_t distance = edit_distance(lower_word, lower_candidate);
     if (is_beginning(lower_word, lower_candidate)) {
       distance = std::min<std::size_t>(distance, 1);
