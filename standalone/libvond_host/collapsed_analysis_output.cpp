@@ -1,5 +1,6 @@
 #include "vond/postprocessor/collapsed_analysis_output.h"
 
+#include "standalone/text/messages.h"
 #include "vond/postprocessor/string_interface.h"
 
 namespace vond::postprocessor {
@@ -27,11 +28,8 @@ std::string CollapsedAnalysisOutput::get_remedy_string(std::string indent) const
 }
 
 std::string CollapsedAnalysisOutput::get_fwd_string(std::string indent, std::string label) const {
-  std::string names;
-  for (const std::string& name : fwd_names) {
-    names += (names.empty() ? "" : ", ") + name;
-  }
-  return labelled_line(indent, fwd_names.size() > 1 ? label + "s" : label, names);
+  return labelled_line(indent, fwd_names.size() > 1 ? label + "s" : label,
+                       standalone::join(fwd_names));
 }
 
 }  // namespace vond::postprocessor

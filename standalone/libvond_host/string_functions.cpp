@@ -1,7 +1,8 @@
 #include "vond/str/string_functions.h"
 
-#include <algorithm>
+#include <utility>
 
+#include "standalone/text/ascii.h"
 #include "standalone/text/text_wrapping.h"
 
 namespace vond::str {
@@ -25,14 +26,7 @@ std::string space_wrap(const std::string& text, int width, const std::string& in
                                       .keeps_final_line_ends = false});
 }
 
-std::string upper(std::string text) {
-  // Not std::toupper: what it does depends on the host's locale.
-  std::transform(text.begin(), text.end(), text.begin(), [](char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
-                                                : character;
-  });
-  return text;
-}
+std::string upper(std::string text) { return standalone::upper_ascii(std::move(text)); }
 
 std::string rstrip(std::string text, std::string characters) {
   text.erase(text.find_last_not_of(characters) + 1);

@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "standalone/nodes/number_table.h"
+#include "standalone/text/ascii.h"
 
 /// Names by their structures. Inline, because folding spends its time here, name by name.
 namespace vond::standalone {
-
-inline bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 /// What a number is in the structure of a name: the one digit that can stand there.
 inline constexpr char NUMBER_MARK = '0';
@@ -28,7 +27,7 @@ struct Family {
 
 /// Whether a name can stand in a node set as it is: nothing in it means anything to a shell or to
 /// the readers of node sets (to pdsh a `-` at the start excludes).
-inline bool can_be_folded(std::string_view name) {
+inline bool is_foldable(std::string_view name) {
   static constexpr auto ALLOWED = [] {
     std::array<bool, 256> allowed = {};
     for (char c = 'a'; c <= 'z'; ++c) {
@@ -51,14 +50,14 @@ inline bool can_be_folded(std::string_view name) {
 }
 
 /// Sorts names into families. Holds views of the names.
-class NameSorter {
+class NameFamilies {
  public:
   void add(std::string_view name) {
     if (add_to_last_family(name)) {
       return;
     }
-    if (!can_be_folded(name)) {
-      odd_names_.push_back(name);
+    if (!is_foldable(name)) {
+      unfoldable_names_.push_back(name);
       return;
     }
     split(name);
@@ -69,14 +68,14 @@ class NameSorter {
   }
 
   /// To be called after the last add().
-  void settle() {
+  void finish() {
     if (!table_.has_long_numbers()) {
       return;
     }
-    table_.settle();
+    table_.finish();
     for (auto& [structure, family] : families_) {
       for (NumberKey& number : family.numbers) {
-        number = table_.settled(number);
+        number = table_.final_key(number);
       }
     }
   }
@@ -85,7 +84,7 @@ class NameSorter {
   /// By their structures.
   std::unordered_map<std::string, Family>& families() { return families_; }
   /// Names that cannot be folded.
-  std::vector<std::string_view>& odd_names() { return odd_names_; }
+  std::vector<std::string_view>& unfoldable_names() { return unfoldable_names_; }
 
  private:
   /// Adds a name of the family of the name before, as most are, without taking it apart first;
@@ -97,21 +96,21 @@ class NameSorter {
     auto& [structure, family] = *family_;
     const std::size_t numbers_before = family.numbers.size();
     std::size_t at = 0;
-    bool is_of_family = true;
-    for (auto c = structure.begin(); is_of_family && c != structure.end(); ++c) {
+    bool matches = true;
+    for (auto c = structure.begin(); matches && c != structure.end(); ++c) {
       if (at == name.size()) {
-        is_of_family = false;
+        matches = false;
       } else if (*c == NUMBER_MARK && is_digit(name[at])) {
         family.numbers.push_back(take_number(name, at));
       } else {
-        is_of_family = name[at++] == *c && *c != NUMBER_MARK;
+        matches = name[at++] == *c && *c != NUMBER_MARK;
       }
     }
-    is_of_family = is_of_family && at == name.size();
-    if (!is_of_family) {
+    matches = matches && at == name.size();
+    if (!matches) {
       family.numbers.resize(numbers_before);
     }
-    return is_of_family;
+    return matches;
   }
 
   void split(std::string_view name) {
@@ -140,7 +139,7 @@ class NameSorter {
   NumberTable table_;
   std::unordered_map<std::string, Family> families_;
   std::unordered_map<std::string, Family>::iterator family_ = families_.end();
-  std::vector<std::string_view> odd_names_;
+  std::vector<std::string_view> unfoldable_names_;
   /// Of the last name that was split; members so that their memory is used again.
   std::string structure_;
   std::vector<NumberKey> numbers_;

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "standalone/nodes/number_table.h"
+#include "standalone/nodes/number_key.h"
 
 namespace vond::standalone {
 

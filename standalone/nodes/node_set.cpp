@@ -1,329 +1,31 @@
 #include "standalone/nodes/node_set.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <utility>
+
+#include "standalone/nodes/digits.h"
+#include "standalone/nodes/node_set_parser.h"
 
 namespace vond::standalone {
 
 namespace {
 
-/// Steps below 10^9 and differences up to 10^16 keep every count in 64 bits, while a difference
-/// that is cut off there is still one of too many names at every step.
-constexpr std::size_t MAX_STEP_DIGITS = 9;
-constexpr std::uint64_t MAX_DIFFERENCE = 10'000'000'000'000'000;
-static_assert(MAX_DIFFERENCE / 1'000'000'000 > MAX_NODE_SET_SIZE);
-
-/// More names than any set may have; counts are cut off there, so that two can be multiplied.
-constexpr std::uint64_t TOO_MANY = MAX_NODE_SET_SIZE + 1;
-
-constexpr std::string_view END_OF_SET = "the end of the node set";
-
-/// Numbers from `first` on, written as that is written.
-struct Range {
-  std::string_view first;
-  std::uint64_t count;
-  std::uint64_t step;
-};
-
-/// A piece of a name: either text or, where there are ranges, the numbers in brackets.
-struct Part {
-  std::string_view text;
-  std::vector<Range> ranges;
-  /// How many texts it stands for, at most TOO_MANY, and the length of the longest.
-  std::uint64_t count = 1;
-  std::uint64_t length = 0;
-};
-
-using Term = std::vector<Part>;
-
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-bool is_control(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return byte < 0x20 || byte == 0x7F;
-}
-
-bool is_visible(char c) { return c > ' ' && c < 0x7F; }
-
-bool is_padded(std::string_view digits) { return digits.size() > 1 && digits.front() == '0'; }
-
-std::string in_quotes(std::string_view text) { return '"' + std::string(text) + '"'; }
-
-/// Returns high - low, at most MAX_DIFFERENCE; -1 when low is the higher one.
-std::int64_t difference(std::string_view low, std::string_view high) {
-  const std::size_t length = std::max(low.size(), high.size());
-  const auto digit = [length](std::string_view digits, std::size_t i) {
-    const std::size_t missing = length - digits.size();
-    return i < missing ? 0 : digits[i - missing] - '0';
-  };
-  // What the leading digits differ by never shrinks again once it is above 0, and never becomes
-  // positive once it is below.
-  std::int64_t result = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    result = 10 * result + digit(high, i) - digit(low, i);
-    if (result < 0) {
-      return -1;
-    }
-    if (result > static_cast<std::int64_t>(MAX_DIFFERENCE)) {
-      return MAX_DIFFERENCE;
-    }
-  }
-  return result;
-}
-
-/// Adds to a number of any length, which keeps its leading zeros.
-void add(std::uint64_t summand, std::string& digits) {
-  for (std::size_t i = digits.size(); summand > 0 && i-- > 0; summand /= 10) {
-    summand += static_cast<std::uint64_t>(digits[i] - '0');
-    digits[i] = static_cast<char>('0' + summand % 10);
-  }
-  if (summand > 0) {
-    digits.insert(0, std::to_string(summand));
-  }
-}
-
-/// Reads a node set into its terms; the limits are kept as terms are read.
-class NodeSetParser {
- public:
-  explicit NodeSetParser(std::string_view text) : text_(text) {}
-
-  std::vector<Term> parse() {
-    std::vector<Term> terms;
-    do {
-      const std::size_t start = at_;
-      terms.push_back(parse_term());
-      add_to_size(terms.back(), start);
-    } while (skip(','));
-    return terms;
-  }
-
- private:
-  bool at_end() const { return at_ == text_.size(); }
-  bool is_next(char c) const { return !at_end() && text_[at_] == c; }
-
-  bool skip(char c) {
-    if (!is_next(c)) {
-      return false;
-    }
-    ++at_;
-    return true;
-  }
-
-  [[noreturn]] static void fail(const std::string& found, std::string_view expected,
-                                std::size_t offset) {
-    throw NodeSetError("found " + found + ", expected " + std::string(expected), offset);
-  }
-
-  /// What is found is the next character.
-  [[noreturn]] void fail_here(std::string_view expected) const {
-    fail(next_in_words(), expected, at_);
-  }
-
-  std::string next_in_words() const {
-    static constexpr std::string_view HEX_DIGITS = "0123456789ABCDEF";
-    if (at_end()) {
-      return std::string(END_OF_SET);
-    }
-    const char c = text_[at_];
-    if (c == ' ') {
-      return "a blank";
-    }
-    if (is_visible(c)) {
-      return in_quotes({&c, 1});
-    }
-    const auto byte = static_cast<unsigned char>(c);
-    return std::string("the byte 0x") + HEX_DIGITS[byte >> 4U] + HEX_DIGITS[byte & 0xFU];
-  }
-
-  Term parse_term() {
-    if (is_next('\'')) {
-      return parse_quoted_name();
-    }
-    if (at_end() || is_next(',')) {
-      fail_here("a node name");
-    }
-    if (is_next('-')) {
-      fail_here("a name that begins otherwise, or one in single quotes");
-    }
-    Term term;
-    while (!at_end() && !is_next(',')) {
-      term.push_back(is_next('[') ? parse_brackets() : parse_text());
-    }
-    return term;
-  }
-
-  Part parse_text() {
-    const std::size_t start = at_;
-    while (!at_end() && text_[at_] != ',' && text_[at_] != '[') {
-      check_name_character();
-      ++at_;
-    }
-    return text_part(text_.substr(start, at_ - start));
-  }
-
-  void check_name_character() const {
-    static constexpr std::string_view WITH_OTHER_MEANING = "!&^@'";
-    const char c = text_[at_];
-    if (c == ']') {
-      fail_here("\"[\" before it");
-    }
-    if (c == ' ' || is_control(c) || WITH_OTHER_MEANING.find(c) != std::string_view::npos) {
-      fail_here("a name without it, or one in single quotes");
-    }
-  }
-
-  static Part text_part(std::string_view text) {
-    Part part;
-    part.text = text;
-    part.length = text.size();
-    return part;
-  }
-
-  Term parse_quoted_name() {
-    static constexpr std::string_view QUOTE_IN_NAME = "'\\''";
-    const std::size_t opening = at_++;
-    Term term;
-    while (true) {
-      const std::size_t closing = text_.find('\'', at_);
-      if (closing == std::string_view::npos) {
-        fail(std::string(END_OF_SET),
-             "\"'\" to close the one at byte " + std::to_string(opening + 1), text_.size());
-      }
-      term.push_back(text_part(text_.substr(at_, closing - at_)));
-      at_ = closing;
-      if (text_.substr(at_, QUOTE_IN_NAME.size()) != QUOTE_IN_NAME) {
-        break;
-      }
-      term.push_back(text_part(text_.substr(at_, 1)));
-      at_ += QUOTE_IN_NAME.size();
-    }
-    ++at_;
-    if (!at_end() && !is_next(',')) {
-      fail_here("\",\" or the end after a name in single quotes");
-    }
-    return term;
-  }
-
-  Part parse_brackets() {
-    Part part;
-    part.count = 0;
-    skip('[');
-    do {
-      part.ranges.push_back(parse_range(part));
-      part.count = std::min(part.count + part.ranges.back().count, TOO_MANY);
-    } while (skip(','));
-    skip(']');
-    return part;
-  }
-
-  Range parse_range(Part& part) {
-    const std::size_t start = at_;
-    const std::string_view first = parse_number();
-    part.length = std::max<std::uint64_t>(part.length, first.size());
-    if (!skip('-')) {
-      expect_end_of_range("\"-\", \",\" or \"]\"");
-      return {first, 1, 1};
-    }
-    const std::string_view last = parse_number();
-    part.length = std::max<std::uint64_t>(part.length, last.size());
-    check_padding(first, last, start);
-    const std::int64_t range = difference(first, last);
-    if (range < 0) {
-      fail("the range " + in_quotes(text_.substr(start, at_ - start)), "its lower number first",
-           start);
-    }
-    const bool has_step = skip('/');
-    const std::uint64_t step = has_step ? parse_step() : 1;
-    expect_end_of_range(has_step ? "\",\" or \"]\"" : "\"/\", \",\" or \"]\"");
-    return {first, static_cast<std::uint64_t>(range) / step + 1, step};
-  }
-
-  void expect_end_of_range(std::string_view expected) const {
-    if (!is_next(',') && !is_next(']')) {
-      fail_here(expected);
-    }
-  }
-
-  std::string_view parse_number() {
-    const std::size_t start = at_;
-    while (!at_end() && is_digit(text_[at_])) {
-      ++at_;
-    }
-    if (at_ == start) {
-      fail_here("a number");
-    }
-    return text_.substr(start, at_ - start);
-  }
-
-  /// Refuses ranges that tools read differently: 01-2 (two numbers to some) and 1-010.
-  void check_padding(std::string_view first, std::string_view last, std::size_t start) const {
-    const bool too_short = is_padded(first) && last.size() < first.size();
-    const bool too_long = is_padded(last) && last.size() > first.size();
-    if (!too_short && !too_long) {
-      return;
-    }
-    fail("the range " + in_quotes(text_.substr(start, at_ - start)),
-         "both numbers with the same leading zeros", start);
-  }
-
-  std::uint64_t parse_step() {
-    const std::size_t start = at_;
-    const std::string_view digits = parse_number();
-    const std::uint64_t step =
-        digits.size() > MAX_STEP_DIGITS ? 0 : std::stoull(std::string(digits));
-    if (step == 0) {
-      fail("the step " + in_quotes(digits), "1 to 999999999", start);
-    }
-    return step;
-  }
-
-  void add_to_size(const Term& term, std::size_t start) {
-    std::uint64_t count = 1;
-    std::uint64_t length = 0;
-    for (const Part& part : term) {
-      count = std::min(count * part.count, TOO_MANY);
-      length += part.length;
-    }
-    names_ += count;
-    bytes_ += count * length;
-    check_limit(names_, MAX_NODE_SET_SIZE, "names", start);
-    check_limit(bytes_, MAX_NODE_SET_BYTES, "bytes of names", start);
-  }
-
-  static void check_limit(std::uint64_t size, std::uint64_t limit, const std::string& unit,
-                          std::size_t start) {
-    if (size <= limit) {
-      return;
-    }
-    const std::string most = std::to_string(limit);
-    fail("more than " + most + " " + unit + " up to this name's end",
-         "a node set of at most " + most, start);
-  }
-
-  std::string_view text_;
-  std::size_t at_ = 0;
-  std::uint64_t names_ = 0;
-  std::uint64_t bytes_ = 0;
-};
-
-std::vector<std::string> expand_ranges(const std::vector<Range>& ranges) {
+std::vector<std::string> expand_ranges(const std::vector<NumberRange>& ranges) {
   std::vector<std::string> texts;
-  for (const Range& range : ranges) {
+  for (const NumberRange& range : ranges) {
     std::string digits(range.first);
     for (std::uint64_t i = 1; i < range.count; ++i) {
       texts.push_back(digits);
-      add(range.step, digits);
+      add_to_digits(range.step, digits);
     }
     texts.push_back(std::move(digits));
   }
   return texts;
 }
 
-/// Appends the term's names, which so far are those of its parts up to `part`, to each of which
-/// every text of `part` is added.
-std::vector<std::string> with_part(std::vector<std::string> names, const Part& part) {
+/// Returns each of the names with each text of `part` behind it.
+std::vector<std::string> with_part(std::vector<std::string> names, const NamePart& part) {
   if (part.ranges.empty()) {
     for (std::string& name : names) {
       name += part.text;
@@ -345,9 +47,9 @@ std::vector<std::string> with_part(std::vector<std::string> names, const Part& p
 
 std::vector<std::string> expand_node_set(std::string_view text) {
   std::vector<std::string> names;
-  for (const Term& term : NodeSetParser(text).parse()) {
+  for (const NodeSetTerm& term : parse_node_set(text)) {
     std::vector<std::string> term_names(1);
-    for (const Part& part : term) {
+    for (const NamePart& part : term) {
       term_names = with_part(std::move(term_names), part);
     }
     std::move(term_names.begin(), term_names.end(), std::back_inserter(names));

@@ -9,43 +9,19 @@
 #include <utility>
 #include <vector>
 
-/// The numbers in node names, as folding compares them.
+#include "standalone/nodes/digits.h"
+#include "standalone/nodes/number_key.h"
+
 namespace vond::standalone {
 
-/// A number in a name. Keys compare as the digits do: by length, then by text. The upper bits are
-/// the number of digits, the lower ones the value; a number too long for that has the length
-/// LONG_NUMBER and its place in NumberTable instead.
-using NumberKey = std::uint64_t;
-
-inline constexpr unsigned VALUE_BITS = 57;
-inline constexpr std::size_t MAX_PACKED_DIGITS = 17;  // 10^17 < 2^57
-inline constexpr std::size_t LONG_NUMBER = MAX_PACKED_DIGITS + 1;
-
-constexpr NumberKey pack(std::size_t length, std::uint64_t value) {
-  return (static_cast<NumberKey>(length) << VALUE_BITS) | value;
-}
-inline constexpr std::size_t length_of(NumberKey key) { return key >> VALUE_BITS; }
-constexpr std::uint64_t value_of(NumberKey key) { return key & ((NumberKey{1} << VALUE_BITS) - 1); }
-
-inline bool shorter_then_smaller(std::string_view a, std::string_view b) {
+/// Shorter numbers come first, numbers of one length in the order of their digits.
+inline bool is_ordered_before(std::string_view a, std::string_view b) {
   return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
 
-/// Adds one to a number of any length.
-inline void increment(std::string& digits) {
-  const std::size_t last_below_nine = digits.find_last_not_of('9');
-  const std::size_t first_nine = last_below_nine + 1;  // 0 when there are only nines
-  std::fill(digits.begin() + static_cast<std::ptrdiff_t>(first_nine), digits.end(), '0');
-  if (first_nine == 0) {
-    digits.insert(digits.begin(), '1');
-  } else {
-    ++digits[last_below_nine];
-  }
-}
-
 /// Turns the digits of names into keys and back. All numbers are added first; their keys are to be
-/// compared only after settle() and settled(), because the place of a long number among the others
-/// is not known earlier. Holds views of the digits.
+/// compared only after finish() and final_key(), because the place of a long number among the
+/// others is not known earlier. Holds views of the digits.
 class NumberTable {
  public:
   /// `value` is that of the digits, anything for those of a long number.
@@ -59,20 +35,19 @@ class NumberTable {
 
   bool has_long_numbers() const { return !long_numbers_.empty(); }
 
-  void settle() {
+  void finish() {
     std::vector<std::string_view> sorted = long_numbers_;
-    std::sort(sorted.begin(), sorted.end(), shorter_then_smaller);
+    std::sort(sorted.begin(), sorted.end(), is_ordered_before);
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
     places_.reserve(long_numbers_.size());
     for (const std::string_view digits : long_numbers_) {
-      const auto place =
-          std::lower_bound(sorted.begin(), sorted.end(), digits, shorter_then_smaller);
+      const auto place = std::lower_bound(sorted.begin(), sorted.end(), digits, is_ordered_before);
       places_.push_back(static_cast<std::uint64_t>(place - sorted.begin()));
     }
     long_numbers_ = std::move(sorted);
   }
 
-  NumberKey settled(NumberKey added) const {
+  NumberKey final_key(NumberKey added) const {
     return is_long(added) ? pack(LONG_NUMBER, places_[value_of(added)]) : added;
   }
 
@@ -94,7 +69,7 @@ class NumberTable {
     }
     std::string successor;
     append(last, successor);
-    increment(successor);
+    add_to_digits(1, successor);
     return successor == long_numbers_[value_of(next)];
   }
 
@@ -122,7 +97,7 @@ class NumberTable {
 
   static bool is_long(NumberKey key) { return length_of(key) == LONG_NUMBER; }
 
-  /// Before settle() in the order of add(), then sorted and each once.
+  /// Before finish() in the order of add(), then sorted and each once.
   std::vector<std::string_view> long_numbers_;
   /// For each add() of a long number its place in the sorted long_numbers_.
   std::vector<std::uint64_t> places_;

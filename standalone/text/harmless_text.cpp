@@ -2,13 +2,13 @@
 
 #include <utf8proc.h>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 
 #include "standalone/text/printable_ascii.h"
+#include "standalone/text/utf8.h"
 
 namespace vond::standalone {
 
@@ -17,25 +17,6 @@ namespace {
 constexpr std::size_t EXCERPT_CHARACTERS = 60;
 // Enough for that many characters of four bytes.
 constexpr std::size_t EXCERPT_SOURCE_BYTES = 4 * EXCERPT_CHARACTERS + 4;
-
-/// One step of a walk through text: a code point, or a byte that is not UTF-8.
-struct Character {
-  std::uint32_t value;
-  /// In bytes, at least 1.
-  std::size_t length;
-  bool valid;
-};
-
-Character first_character(std::string_view text) {
-  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
-  utf8proc_int32_t code_point = -1;
-  const auto length =
-      utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &code_point);
-  if (length <= 0) {
-    return {*bytes, 1, false};
-  }
-  return {static_cast<std::uint32_t>(code_point), static_cast<std::size_t>(length), true};
-}
 
 /// Code points that no Unicode version has given a meaning yet but that programs are told to leave
 /// out when they draw text.
@@ -62,7 +43,7 @@ bool is_harmless_code_point(std::uint32_t code_point, LineEnds line_ends) {
 }
 
 bool is_harmless_character(const Character& character, LineEnds line_ends) {
-  return character.valid && is_harmless_code_point(character.value, line_ends);
+  return character.is_utf8 && is_harmless_code_point(character.value, line_ends);
 }
 
 void append_escape(std::string& out, std::uint32_t value) {
@@ -70,20 +51,6 @@ void append_escape(std::string& out, std::uint32_t value) {
   std::array<char, 16> escape{};
   const int length = std::snprintf(escape.data(), escape.size(), format, value);
   out.append(escape.data(), static_cast<std::size_t>(length));
-}
-
-std::size_t length_in_characters(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return (byte & '\xC0') != '\x80'; }));
-}
-
-/// Returns the first `count` characters of `text`, which holds at least as many.
-std::string_view first_characters(std::string_view text, std::size_t count) {
-  std::size_t end = 0;
-  for (; count > 0; --count) {
-    end += first_character(text.substr(end)).length;
-  }
-  return text.substr(0, end);
 }
 
 }  // namespace
@@ -97,7 +64,7 @@ bool is_harmless(std::string_view text, LineEnds line_ends) noexcept {
     if (!is_harmless_character(character, line_ends)) {
       return false;
     }
-    text.remove_prefix(character.length);
+    text.remove_prefix(character.size);
   }
   return true;
 }
@@ -108,13 +75,13 @@ std::string harmless(std::string_view text, LineEnds line_ends) {
   while (!text.empty()) {
     const Character character = first_character(text);
     if (is_harmless_character(character, line_ends)) {
-      shown.append(text, 0, character.length);
+      shown.append(text, 0, character.size);
     } else if (character.value == '\t') {
       shown += ' ';
     } else {
       append_escape(shown, character.value);
     }
-    text.remove_prefix(character.length);
+    text.remove_prefix(character.size);
   }
   return shown;
 }
@@ -122,7 +89,7 @@ std::string harmless(std::string_view text, LineEnds line_ends) {
 std::string excerpt(std::string_view text) {
   constexpr std::string_view REST = "...";
   std::string shown = harmless(text.substr(0, EXCERPT_SOURCE_BYTES));
-  if (text.size() <= EXCERPT_SOURCE_BYTES && length_in_characters(shown) <= EXCERPT_CHARACTERS) {
+  if (text.size() <= EXCERPT_SOURCE_BYTES && count_characters(shown) <= EXCERPT_CHARACTERS) {
     return shown;
   }
   return std::string(first_characters(shown, EXCERPT_CHARACTERS - REST.size())).append(REST);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,15 +13,31 @@ inline std::string in_quotes(std::string_view text) {
   return quote.append(text).append("\"");
 }
 
-/// Returns `one of "A", "B", "C"`.
-inline std::string one_of(const std::vector<std::string_view>& words) {
-  std::string text = "one of ";
-  const char* separator = "\"";
-  for (const std::string_view word : words) {
-    text.append(separator).append(word).append("\"");
-    separator = ", \"";
+/// Returns `1 node`, `2 nodes`.
+inline std::string count_of(std::size_t count, std::string_view singular, std::string_view plural) {
+  return std::to_string(count).append(" ").append(count == 1 ? singular : plural);
+}
+
+/// Returns what `text_of` makes of each item, with ", " between them; empty texts at the start are
+/// left out.
+template <typename Items, typename TextOf>
+std::string join(const Items& items, TextOf text_of) {
+  std::string text;
+  for (const auto& item : items) {
+    text.append(text.empty() ? "" : ", ").append(text_of(item));
   }
   return text;
+}
+
+/// Returns the texts with ", " between them; empty ones at the start are left out.
+template <typename Texts>
+std::string join(const Texts& texts) {
+  return join(texts, [](std::string_view text) { return text; });
+}
+
+/// Returns `one of "A", "B", "C"`.
+inline std::string one_of(const std::vector<std::string_view>& words) {
+  return "one of " + join(words, in_quotes);
 }
 
 }  // namespace vond::standalone

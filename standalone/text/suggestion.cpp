@@ -5,6 +5,9 @@
 #include <numeric>
 #include <utility>
 
+#include "standalone/text/ascii.h"
+#include "standalone/text/messages.h"
+
 namespace vond::standalone {
 
 namespace {
@@ -13,16 +16,6 @@ namespace {
 constexpr std::size_t LONGEST_WORD = 64;
 // Shorter beginnings say too little about what was meant.
 constexpr std::size_t SHORTEST_BEGINNING = 3;
-
-std::string lower_ascii(std::string_view text) {
-  std::string lower(text);
-  for (char& letter : lower) {
-    if (letter >= 'A' && letter <= 'Z') {
-      letter = static_cast<char>(letter - 'A' + 'a');
-    }
-  }
-  return lower;
-}
 
 /// The optimal string alignment distance: how many insertions, deletions, substitutions and swaps
 /// of neighbours lead from one word to the other, no part being edited twice. V. I. Levenshtein,
@@ -67,11 +60,11 @@ std::string_view nearest_candidate(std::string_view word,
   if (word.empty() || word.size() > LONGEST_WORD) {
     return {};
   }
-  const std::string lower_word = lower_ascii(word);
+  const std::string lower_word = lower_ascii(std::string(word));
   std::string_view nearest;
   std::size_t nearest_distance = LONGEST_WORD;
   for (const std::string_view candidate : candidates) {
-    const std::string lower_candidate = lower_ascii(candidate);
+    const std::string lower_candidate = lower_ascii(std::string(candidate));
     std::size_t distance = edit_distance(lower_word, lower_candidate);
     if (is_beginning(lower_word, lower_candidate)) {
       distance = std::min<std::size_t>(distance, 1);
@@ -89,7 +82,7 @@ std::string suggestion_for(std::string_view word, const std::vector<std::string_
   if (nearest.empty()) {
     return "";
   }
-  return std::string("; did you mean \"").append(nearest).append("\"?");
+  return "; did you mean " + in_quotes(nearest) + "?";
 }
 
 }  // namespace vond::standalone

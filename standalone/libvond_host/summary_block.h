@@ -1,0 +1,14 @@
+#pragma once
+
+#include "standalone/libvond_host/report_block.h"
+#include "standalone/libvond_host/report_facts.h"
+#include "vond/postprocessor/postprocessor_extension_data.h"
+
+namespace vond::standalone {
+
+/// Returns the block that tells the verdict, the number of issues in each band of severity, and the
+/// definitions that fail.
+ReportBlock summary_block(const ReportFacts& facts,
+                          const postprocessor::PostprocessorExtensionData& data);
+
+}  // namespace vond::standalone
