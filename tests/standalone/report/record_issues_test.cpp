@@ -35,9 +35,9 @@ TEST(RecordIssues, TellWhatTheCollapsedOnesDo) {
   collapsed.id = "disk";
   collapsed.definitions = {"a", "b"};
   CollapsedOutput output;
-  output.category = "STORAGE";
-  output.message = "Disk is full.";
-  output.remedy = "Empty it.";
+  output.texts.category = "STORAGE";
+  output.texts.message = "Disk is full.";
+  output.texts.remedy = "Empty it.";
   output.nodes = {1, 0, 1};
   output.row_ids = {2, 7};
   collapsed.outputs = {output, CollapsedOutput()};
