@@ -84,7 +84,7 @@ Issue random_issue(Random& random, std::size_t number) {
 /// Relates issues one way only: two that hold each other are never released.
 void relate_some(Random& random, const std::vector<Issue>& issues) {
   for (std::size_t later = 1; later < issues.size(); ++later) {
-    const Issue earlier = issues[random.below(later)];
+    const Issue& earlier = issues[random.below(later)];
     if (random.once_in(2)) {
       issues[later]->related_issues[random.once_in(2) ? Type::OBSERVATION : Type::DIAGNOSIS].insert(
           earlier);

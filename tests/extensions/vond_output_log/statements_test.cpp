@@ -131,14 +131,16 @@ TEST_F(StatementsTest, OfDetailsAreTheirHeadingsHeadersAndBodiesAndALineEndBehin
   add_issue(data, 25, make_issue({.id = "O", .message = "m", .definitions = {"name"}}));
   const Node node = make_definition({.name = "name"});
   EXPECT_EQ(tree.print_details(data, *node->fwd, "|  ", 0, buffer), 0);
+  const std::string diagnosis =
+      "|     Message:               m\n"
+      "|     Nodes:                 []";
+  const std::string observation =
+      "|     Message:   m\n"
+      "|     Nodes:     []";
   EXPECT_EQ(take_statements(),
             (Texts{"|  CRITICAL:", "\n", "|  Diagnoses", "\n", "|  1. D (appears on 0 node)", "\n",
-                   "|     Message:               m\n"
-                   "|     Nodes:                 []",
-                   "\n", "|  Observations", "\n", "|  1. O (appears on 0 node)", "\n",
-                   "|     Message:   m\n"
-                   "|     Nodes:     []",
-                   "\n", "|  ", "\n"}));
+                   diagnosis, "\n", "|  Observations", "\n", "|  1. O (appears on 0 node)", "\n",
+                   observation, "\n", "|  ", "\n"}));
 }
 
 }  // namespace
