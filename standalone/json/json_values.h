@@ -77,8 +77,8 @@ std::string describe_source(std::string_view source);
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected);
 
-/// Reads past a value that nobody asks for; throws BrokenJson or simdjson::simdjson_error when it is
-/// no JSON.
+/// Reads past a value that nobody asks for; throws BrokenJson or simdjson::simdjson_error when it
+/// is no JSON.
 void check_unused(simdjson::ondemand::value& value);
 
 /// Hands out strings of JSON text made harmless, as views of the source text where that holds them

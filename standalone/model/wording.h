@@ -26,7 +26,7 @@ struct BasicTexts {
 
 /// What findings of one issue share: all that a finding tells but where it was found.
 ///
-/// The compiler refuses a new member until members_of() has it; hashes, equality, copies and the
+/// The compiler refuses a new member until members_of() names it; hashes, equality, copies and the
 /// walk over texts rest on members_of() alone.
 template <typename Text>
 struct BasicWording {
@@ -111,6 +111,7 @@ void for_each_text(AnyWording& wording, const Visit& visit) {
 /// Compares what members_of() has returned; lists count as equal in the same order.
 template <typename... LeftMembers, typename... RightMembers>
 bool are_same(const std::tuple<LeftMembers&...>& left, const std::tuple<RightMembers&...>& right) {
+  static_assert(sizeof...(LeftMembers) == sizeof...(RightMembers), "one side lacks a member");
   return std::apply(
       [&right](const auto&... of_left) {
         return std::apply(

@@ -27,8 +27,8 @@ void append(std::vector<Item>& items, const std::vector<Item>& more) {
 /// Returns an issue of that wording, found nowhere yet.
 CollapsedIssue issue_of(OwnedWording wording) {
   auto& [type, id, severity, texts, definitions, based_on] = wording;
-  CollapsedIssue issue{type, std::move(id), severity, std::move(definitions), std::move(based_on),
-                       {},   0};
+  CollapsedIssue issue{
+      type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0};
   issue.outputs.push_back({severity, std::move(texts), {}, {}, 0});
   return issue;
 }

@@ -4,11 +4,13 @@
 
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
 
 using vond::postprocessor::DIAGNOSES;
+using vond::standalone::BasicTexts;
 using vond::standalone::for_each_text;
 using vond::standalone::hash_of;
 using vond::standalone::members_of;
@@ -17,9 +19,28 @@ using vond::standalone::OwnedWording;
 using vond::standalone::sort_sets;
 using vond::standalone::Wording;
 
+/// Takes the place of any member.
+struct AnyMember {
+  template <typename Member>
+  operator Member() const;
+};
+
+/// Returns how many members a plain struct has: the most that can be initialised.
+template <typename Struct, typename... Members>
+constexpr std::size_t count_members() {
+  if constexpr (requires { Struct{Members{}..., AnyMember{}}; }) {
+    return count_members<Struct, Members..., AnyMember>();
+  } else {
+    return sizeof...(Members);
+  }
+}
+
 // A new member needs a place in full_wording(), in TEXTS when it is a text, and in different().
 constexpr std::size_t MEMBERS = 8;
 static_assert(std::tuple_size_v<decltype(members_of(std::declval<Wording&>()))> == MEMBERS);
+static_assert(count_members<Wording>() - 1 + count_members<BasicTexts<std::string_view>>() ==
+                  MEMBERS,
+              "members_of() returns all members, those of the texts one by one");
 
 /// A wording in which no member has its default.
 Wording full_wording() {
