@@ -109,9 +109,12 @@ void fill_facts(ReportFacts& facts, Input& input, const Report& report) {
   facts.nodes_seen = nodes.size();
   facts.unknown_definitions = report.unknown_definitions();
   facts.unknown_based_on = report.unknown_based_on();
-  facts.expected_and_not_examined = examination.expected_and_not_examined();
+  facts.failed = report.failed();
   if (examination.is_known()) {
     facts.examination = {examination.examined(), examination.not_examined(nodes)};
+  }
+  if (examination.expected() != 0) {
+    facts.expectation = {examination.expected(), examination.expected_and_not_examined(), {}, {}};
   }
 }
 
@@ -135,7 +138,8 @@ ExitStatus exit_status(const ReportFacts& facts, const Report& report) {
     return BAD_INPUT;
   }
   // Silence is not health.
-  return report.failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
+  const bool is_silent = facts.expectation && !facts.expectation->silent.empty();
+  return report.failed() || is_silent ? FAILED : PASSED;
 }
 
 /// A report in place of its own input is never what was meant.
@@ -162,7 +166,7 @@ ExitStatus write_report(const Options& options) {
   facts.written_at = report_time();
   facts.line_width = options.width ? *options.width : default_width();
   for (const std::string& input : options.inputs) {
-    facts.inputs.push_back(input == "-" ? "standard input" : harmless(input));
+    facts.inputs.push_back({input == "-" ? "standard input" : harmless(input), {}, false});
   }
 
   RecordOptions how;
