@@ -18,8 +18,8 @@ struct ReportFacts {
   struct Input {
     /// As the user named it, made harmless; "standard input".
     std::string name;
-    /// From the file's last change to the report's time, in seconds; less than 0 when it is from the
-    /// future; without a value for what is no regular file.
+    /// From the file's last change to the report's time, in seconds; less than 0 when it is from
+    /// the future; without a value for what is no regular file.
     std::optional<std::int64_t> age;
     /// Not one of its lines could be used, although there are some.
     bool is_useless = false;

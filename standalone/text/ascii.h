@@ -1,0 +1,25 @@
+#pragma once
+
+/// Questions about single bytes of text. None of them depends on a locale.
+namespace vond::standalone {
+
+constexpr bool is_ascii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+constexpr bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
+
+constexpr bool is_ascii_control(char byte) {
+  return static_cast<unsigned char>(byte) < ' ' || byte == '\x7F';
+}
+
+/// Whether the byte is an ASCII character that can be seen; a space cannot.
+constexpr bool is_visible_ascii(char byte) { return byte > ' ' && byte < '\x7F'; }
+
+constexpr char ascii_lower(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+constexpr char ascii_upper(char byte) {
+  return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
+}  // namespace vond::standalone
