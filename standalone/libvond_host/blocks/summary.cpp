@@ -8,6 +8,7 @@
 #include "standalone/libvond_host/blocks/failing_definitions.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/verdict_lines.h"
+#include "standalone/libvond_host/verdict.h"
 
 namespace vond::standalone {
 namespace {
@@ -61,7 +62,6 @@ void write_summary(const ReportFacts& facts, const PostprocessorExtensionData& d
   const std::vector<SeverityBand> bands = severity_bands(data);
   write_unwrapped_line(OutputLog::NONE, "Summary");
   write_verdict(facts, bands, data.line_width);
-  write_empty_line();
   write_band_table(rows_of(bands), data.line_width);
   write_failing_definitions(facts, data);
   write_rule();
@@ -70,9 +70,11 @@ void write_summary(const ReportFacts& facts, const PostprocessorExtensionData& d
 void write_end(const ReportFacts& facts, const PostprocessorExtensionData& data) {
   const std::vector<SeverityBand> bands = severity_bands(data);
   write_rule();
-  write_verdict(facts, bands, data.line_width);
+  // The last line says all there is to say of a PASS.
+  if (verdict_of(facts) != Verdict::PASS) {
+    write_verdict(facts, bands, data.line_width);
+  }
   if (const SeverityBand* band = worst_failing_band(bands)) {
-    write_empty_line();
     write_band_table({{.band = band, .lines = choose_lines(*band)}}, data.line_width);
   }
   write_last_line(facts);

@@ -19,8 +19,10 @@ std::vector<std::string> count_failing_nodes(const std::vector<SeverityBand>& ba
   std::vector<std::string> counts;
   for (const SeverityBand& band : bands) {
     if (is_failing(band)) {
-      counts.push_back(count_of(nodes_of(band).size(), "node", "nodes") + " with " + band.name +
-                       " issues");
+      const std::size_t nodes = nodes_of(band).size();
+      counts.push_back(nodes == 0
+                           ? band.name + " issues that name no node"
+                           : count_of(nodes, "node", "nodes") + " with " + band.name + " issues");
     }
   }
   return counts;
