@@ -95,7 +95,10 @@ class Input : public FindingsSink {
     facts.findings_read = collapser_.findings();
     facts.lines_rejected = lines_rejected_;
     facts.nodes_seen = collapser_.node_names().size();
-    facts.expected_and_not_examined = examination_.expected_and_not_examined();
+    if (examination_.expected() != 0) {
+      facts.expectation = {
+          examination_.expected(), examination_.expected_and_not_examined(), {}, {}};
+    }
     if (examination_.is_known()) {
       facts.examination = {examination_.examined(),
                            examination_.not_examined(collapser_.node_names())};
@@ -169,10 +172,11 @@ WrittenReport write_report(std::string_view findings, const Options& options) {
   ReportRecord record(input.collapser(), options.record);
   ReportFacts& facts = report_facts();
   facts = ReportFacts();
-  facts.inputs = {"fuzz"};
+  facts.inputs = {{"fuzz", {}, false}};
   facts.line_width = options.record.line_width;
   facts.unknown_definitions = record.unknown_definitions();
   facts.unknown_based_on = record.unknown_based_on();
+  facts.failed = record.has_failed();
   input.fill(facts);
   std::string text = run_extension(record, options.colored);
   expect_same("the same record to give the same report", run_extension(record, options.colored),
@@ -261,7 +265,7 @@ void check_text(const WrittenReport& written, int width) {
     expect(is_harmless(line), "no control character but line ends", line);
   }
   expect(lines.back().empty(), "a line end at the end", report);
-  expect(starts_with(report, "Cluster health report\n"), "the header first", report);
+  expect(starts_with(report, "Cluster health report: "), "the header first", report);
   // Headings are wrapped too.
   constexpr int WIDEST_HEADING = 39;
   if (width <= 0 || width >= WIDEST_HEADING) {

@@ -17,6 +17,7 @@
 #include "standalone/cli/usage_error.h"
 #include "standalone/extensions/extension_path.h"
 #include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/verdict.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/facts_of_run.h"
 #include "standalone/report/report_record.h"
@@ -104,12 +105,8 @@ bool finish(Destinations& destinations) {
 }
 
 /// Returns the status of a report that is complete.
-ExitStatus status_of(const ReportFacts& facts, const ReportRecord& record) {
-  if (facts.lines_rejected != 0) {
-    return BAD_INPUT;
-  }
-  // Silence is not health.
-  return record.has_failed() || !facts.expected_and_not_examined.empty() ? FAILED : PASSED;
+ExitStatus status_of(const ReportFacts& facts) {
+  return verdict_of(facts) == Verdict::PASS ? PASSED : FAILED;
 }
 
 }  // namespace
@@ -126,7 +123,7 @@ ExitStatus write_report(const Options& options) {
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
   run_extensions(options, record, destinations);
-  return finish(destinations) ? status_of(report_facts(), record) : NO_REPORT;
+  return finish(destinations) ? status_of(report_facts()) : NO_REPORT;
 }
 
 }  // namespace vond::standalone

@@ -1,11 +1,12 @@
 #include "vond/util/engine_helper.h"
 
-#include "standalone/libvond_host/header_block.h"
+#include "standalone/libvond_host/blocks/header.h"
+#include "standalone/libvond_host/report_facts.h"
 
 namespace vond::util {
 
 std::string EngineHelper::format_header() {
-  return standalone::header_block(standalone::report_facts());
+  return standalone::format_header(standalone::report_facts());
 }
 
 }  // namespace vond::util

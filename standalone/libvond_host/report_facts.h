@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <ctime>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "vond/host_api.h"
@@ -11,33 +13,63 @@
 namespace vond::standalone {
 
 /// What the host's report blocks tell beyond the record: where the report comes from and how far it
-/// can be trusted. Lists are sorted, each name in them stands once.
+/// can be trusted. Lists of names are sorted, each name in them stands once.
 struct ReportFacts {
-  /// The inputs as the user named them, in reading order.
-  std::vector<std::string> inputs;
+  struct Input {
+    /// As the user named it, made harmless; "standard input".
+    std::string name;
+    /// From the file's last change to the report's time, in seconds; less than 0 when it is from
+    /// the future; without a value for what is no regular file.
+    std::optional<std::int64_t> age;
+    /// Not one of its lines could be used, although there are some.
+    bool is_useless = false;
+  };
+  /// In reading order.
+  std::vector<Input> inputs;
   /// The report's time.
   std::time_t written_at = 0;
   /// The report's width in terminal columns; 0 or less means no wrapping.
   int line_width = 0;
+
   std::size_t findings_read = 0;
+  /// Findings, not issues, that name no definition.
+  std::size_t findings_without_definition = 0;
   /// Lines that could not be used and are left out.
   std::size_t lines_rejected = 0;
-  /// Number of distinct nodes that findings name.
-  std::size_t nodes_seen = 0;
+  /// What was wrong with the first of them, "FILE:LINE:COLUMN: …", at most ten.
+  std::vector<std::string> first_rejections;
+  /// What the user was warned of while reading: unknown keys, bytes that are no text.
+  std::vector<std::string> warnings;
   /// Names that findings use and the definitions file lacks.
   std::vector<std::string> unknown_definitions;
   /// Ids that a `based_on` names and no observation has.
   std::vector<std::string> unknown_based_on;
 
-  /// Which nodes were looked at, where that is known.
+  /// Number of distinct nodes that findings name.
+  std::size_t nodes_seen = 0;
+  /// Which nodes were examined, where the input tells.
   struct Examination {
     std::size_t nodes_examined = 0;
     /// Nodes that findings name although they were not examined.
     std::vector<std::string> not_examined_with_findings;
   };
   std::optional<Examination> examination;
-  /// Nodes that should have been examined and were not.
-  std::vector<std::string> expected_and_not_examined;
+  /// Which nodes were expected, where the user told.
+  struct Expectation {
+    std::size_t nodes_expected = 0;
+    /// Expected, and not examined; where the input does not tell who was examined, expected nodes
+    /// without findings.
+    std::vector<std::string> silent;
+    /// Examined, and not expected.
+    std::vector<std::string> not_expected;
+    /// Pairs of an expected and an examined name that may be one node: they differ in domain, case
+    /// or zeros alone.
+    std::vector<std::pair<std::string, std::string>> alike;
+  };
+  std::optional<Expectation> expectation;
+
+  /// Whether any issue contributes to FAIL.
+  bool failed = false;
 };
 
 /// Returns the facts of the report that this process is about to write; the program fills them

@@ -1,39 +1,26 @@
 #include "vond/postprocessor/utility_functions.h"
 
-#include <cstddef>
 #include <string_view>
 
-#include "standalone/libvond_host/end_block.h"
-#include "standalone/libvond_host/report_block.h"
+#include "standalone/libvond_host/blocks/summary.h"
+#include "standalone/libvond_host/blocks/validation.h"
 #include "standalone/libvond_host/report_facts.h"
-#include "standalone/libvond_host/summary_block.h"
-#include "standalone/libvond_host/validation_block.h"
-#include "vond/log/output_log.h"
 
 namespace vond::postprocessor {
-namespace {
 
 using standalone::report_facts;
 
-void write(const standalone::ReportBlock& block) {
-  for (const auto& piece : block.pieces()) {
-    log::OutputLog(piece.color) << piece.text;
-  }
-}
-
-}  // namespace
-
 void UtilityFunctions::print_validation(const PostprocessorExtensionData& data) {
-  write(standalone::validation_block(report_facts(), data.line_width));
+  standalone::write_validation(report_facts(), data);
 }
 
 int UtilityFunctions::Summarize(const PostprocessorExtensionData& data) {
-  write(standalone::summary_block(report_facts(), data));
+  standalone::write_summary(report_facts(), data);
   return 0;
 }
 
 int UtilityFunctions::PrintEnd(const PostprocessorExtensionData& data) {
-  write(standalone::end_block(report_facts(), data));
+  standalone::write_end(report_facts(), data);
   return 0;
 }
 

@@ -1,48 +1,70 @@
 #include "standalone/libvond_host/verdict.h"
 
-#include <cstddef>
+#include <algorithm>
 
-#include "standalone/text/messages.h"
+#include "standalone/libvond_host/blocks/counts.h"
 
 namespace vond::standalone {
 namespace {
 
-using namespace postprocessor;
-using log::OutputLog;
-
-int count_under(const PostprocessorExtensionData& data, unsigned mask) {
-  const auto count = data.counts_by_mask.find(SeverityMask(mask));
-  return count == data.counts_by_mask.end() ? 0 : count->second;
+bool has_silent_nodes(const ReportFacts& facts) {
+  return facts.expectation && !facts.expectation->silent.empty();
 }
 
-bool has_failed(const PostprocessorExtensionData& data) {
-  return count_under(data, FAIL_BIT | DIAGNOSES) + count_under(data, FAIL_BIT | ALL_OBSERVATIONS) >
-         0;
+bool has_looked_at_something(const ReportFacts& facts) {
+  return facts.findings_read != 0 || (facts.examination && facts.examination->nodes_examined != 0);
 }
 
-/// Returns what keeps the verdict from being the whole truth, "" when nothing does.
-std::string doubt_about_verdict(const ReportFacts& facts) {
-  std::string doubt;
-  const std::size_t unexamined = facts.expected_and_not_examined.size();
-  if (unexamined != 0) {
-    doubt += ", and " + count_of(unexamined, "expected node was", "expected nodes were") +
-             " not examined";
+/// Returns the inputs of several that gave nothing. A single one has its own doubts: nothing was
+/// looked at, lines were left out.
+std::vector<std::string> useless_inputs(const ReportFacts& facts) {
+  std::vector<std::string> names;
+  for (const ReportFacts::Input& input : facts.inputs) {
+    if (input.is_useless && facts.inputs.size() > 1) {
+      names.push_back(input.name);
+    }
   }
-  if (facts.lines_rejected != 0) {
-    doubt += ", and " + count_of(facts.lines_rejected, "line of input is", "lines of input are") +
-             " left out";
-  }
-  return doubt;
+  return names;
 }
 
 }  // namespace
 
-void add_verdict(const std::string& lead, const ReportFacts& facts,
-                 const PostprocessorExtensionData& data, ReportBlock& block) {
-  const bool failed = has_failed(data);
-  const std::string doubt = doubt_about_verdict(facts);
-  const OutputLog::Colors passed_color = doubt.empty() ? OutputLog::GREEN : OutputLog::YELLOW;
-  block.add_line(failed ? OutputLog::RED : passed_color, lead + (failed ? "FAIL" : "PASS") + doubt);
+Verdict verdict_of(const ReportFacts& facts) {
+  if (facts.failed) {
+    return Verdict::FAIL;
+  }
+  return verdict_doubts(facts).empty() ? Verdict::PASS : Verdict::UNKNOWN;
+}
+
+std::string verdict_word(Verdict verdict) {
+  switch (verdict) {
+    case Verdict::PASS:
+      return "PASS";
+    case Verdict::FAIL:
+      return "FAIL";
+    case Verdict::UNKNOWN:
+      break;
+  }
+  return "UNKNOWN";
+}
+
+std::vector<std::string> verdict_doubts(const ReportFacts& facts) {
+  std::vector<std::string> doubts;
+  if (has_silent_nodes(facts)) {
+    doubts.push_back(count_of_silent_nodes(facts));
+  } else if (!has_looked_at_something(facts)) {
+    doubts.emplace_back("nothing was looked at");
+  }
+  if (facts.lines_rejected != 0) {
+    doubts.push_back(count_of_rejected_lines(facts));
+  }
+  const std::vector<std::string> useless = useless_inputs(facts);
+  if (useless.size() == 1) {
+    doubts.push_back("no line of " + useless.front() + " could be used");
+  } else if (!useless.empty()) {
+    doubts.push_back("no line of " + std::to_string(useless.size()) + " inputs could be used");
+  }
+  return doubts;
 }
 
 }  // namespace vond::standalone

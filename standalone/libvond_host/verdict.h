@@ -1,15 +1,31 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "standalone/libvond_host/report_block.h"
 #include "standalone/libvond_host/report_facts.h"
-#include "vond/postprocessor/postprocessor_extension_data.h"
+#include "vond/host_api.h"
 
 namespace vond::standalone {
 
-/// Adds a line of `lead`, PASS or FAIL, and what a reader of that word alone would miss.
-void add_verdict(const std::string& lead, const ReportFacts& facts,
-                 const postprocessor::PostprocessorExtensionData& data, ReportBlock& block);
+/// What a report says of the cluster in one word.
+enum class Verdict {
+  /// Nothing contributes to FAIL, and nothing puts that in doubt.
+  PASS,
+  /// An issue contributes to FAIL.
+  FAIL,
+  /// Nothing contributes to FAIL as far as one can see, and that is not far enough.
+  UNKNOWN,
+};
+
+/// Returns the verdict of a report; every output and the exit status go by it.
+VOND_HOST_API Verdict verdict_of(const ReportFacts& facts);
+
+/// Returns "PASS", "FAIL" or "UNKNOWN".
+VOND_HOST_API std::string verdict_word(Verdict verdict);
+
+/// Returns what puts a PASS in doubt, such as "2 of 48 expected nodes were not examined"; a report
+/// that fails may have doubts, too. Without any the report knows all that it should.
+VOND_HOST_API std::vector<std::string> verdict_doubts(const ReportFacts& facts);
 
 }  // namespace vond::standalone

@@ -26,6 +26,7 @@ class Examination {
   bool is_known() const { return known_; }
 
   std::size_t examined() const { return examined_.size(); }
+  std::size_t expected() const { return expected_.size(); }
 
   /// Returns those of `nodes` that were not examined, sorted.
   std::vector<std::string> not_examined(const StringInterner& nodes) const;

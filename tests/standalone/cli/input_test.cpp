@@ -100,7 +100,7 @@ TEST_F(InputTest, UnknownKeysAreWarnedOfOnceAndTheReportIsWritten) {
   EXPECT_EQ(outcome.errors,
             "vond-report: warning: <stdin>:1:28: unknown key \"mesage\" is ignored (2 times); did "
             "you mean \"message\"?\n");
-  EXPECT_NE(outcome.output.find("  Findings read: 2\n"), std::string::npos);
+  EXPECT_NE(outcome.output.find("  Findings read: 2,"), std::string::npos);
   EXPECT_EQ(outcome.status, 0);
 }
 
@@ -128,11 +128,8 @@ TEST_F(InputTest, KeepGoingTellsTheFirst20LinesAndCountsTheOthers) {
   const Outcome outcome = Command({"--keep-going"}).input(input + GOOD_LINE).run();
   EXPECT_EQ(outcome.errors,
             messages + "vond-report: error: and 2 more lines that cannot be used\n");
-  EXPECT_NE(outcome.output.find("  Findings read: 2\n"
-                                "  Nodes seen: 0\n"
-                                "  Lines of input that cannot be used and are left out: 22\n"),
-            std::string::npos);
-  EXPECT_NE(outcome.output.find("Verdict: PASS, and 22 lines of input are left out\n"),
+  EXPECT_NE(outcome.output.find("  22 lines of input were left out"), std::string::npos);
+  EXPECT_NE(outcome.output.find("Verdict: UNKNOWN: 22 lines of input were left out\n"),
             std::string::npos);
   EXPECT_EQ(outcome.status, 2);
 }

@@ -12,14 +12,13 @@
 
 namespace vond::test {
 
-inline constexpr char RULE[] =
-    "--------------------------------------------------------------------------------\n";
+inline const std::string RULE = std::string(80, '-') + "\n";
 
-/// The blocks of a report, as extensions get them from the host: through its operations.
+/// The facts of this process and a record, and what the host writes of them.
 class ReportBlocks : public testing::Test {
  protected:
-  ReportBlocks() { standalone::report_facts() = {}; }
-  ~ReportBlocks() override { standalone::report_facts() = {}; }
+  ReportBlocks() { facts = {}; }
+  ~ReportBlocks() override { facts = {}; }
 
   /// Gives header and blocks the same width, as the program does.
   void set_width(int width) {
@@ -27,38 +26,48 @@ class ReportBlocks : public testing::Test {
     data.line_width = width;
   }
 
+  /// Files an issue in a band that contributes to FAIL.
+  Issue add_failing_issue(const IssueParts& parts, unsigned mask = 24) {
+    const Issue issue = make_issue(parts);
+    add_issue(data, mask, issue);
+    facts.failed = true;
+    return issue;
+  }
+
   std::string header() const { return util::EngineHelper::format_header(); }
+
   std::string validation(bool colored = false) const {
     const CapturedOutputLog log(colored);
     postprocessor::UtilityFunctions().print_validation(data);
     return log.text();
   }
+
   std::string summary(bool colored = false) const {
     const CapturedOutputLog log(colored);
     EXPECT_EQ(postprocessor::UtilityFunctions().Summarize(data), 0);
     return log.text();
   }
+
   std::string end(bool colored = false) const {
     const CapturedOutputLog log(colored);
     EXPECT_EQ(postprocessor::UtilityFunctions().PrintEnd(data), 0);
     return log.text();
   }
 
+  std::string all_blocks() const { return header() + RULE + validation() + summary() + end(); }
+
   standalone::ReportFacts& facts = standalone::report_facts();
   Data data = make_record();
 };
 
-/// Fills in every fact that makes a report doubtful.
-inline void fill_doubts(standalone::ReportFacts& facts) {
-  facts.findings_read = 7;
-  facts.lines_rejected = 2;
-  facts.nodes_seen = 3;
-  facts.unknown_definitions = {"fabric/links", "storage"};
-  facts.unknown_based_on = {"link-down", "psu-failed"};
-  facts.examination = standalone::ReportFacts::Examination();
-  facts.examination->nodes_examined = 12;
-  facts.examination->not_examined_with_findings = {"login1", "n001", "n002"};
-  facts.expected_and_not_examined = {"n100", "n101", "n102"};
+/// Returns `count` names, "<stem>0001" and so on.
+inline std::vector<std::string> numbered(const std::string& stem, int count) {
+  std::vector<std::string> names;
+  for (int number = 1; number <= count; ++number) {
+    const std::string digits = std::to_string(number);
+    names.push_back(stem + std::string(4 - std::min<std::size_t>(4, digits.size()), '0') + digits);
+  }
+  return names;
 }
 
 }  // namespace vond::test

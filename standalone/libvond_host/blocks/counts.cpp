@@ -1,0 +1,33 @@
+#include "standalone/libvond_host/blocks/counts.h"
+
+namespace vond::standalone {
+
+std::string count_of(std::size_t count, std::string_view singular, std::string_view plural) {
+  return std::to_string(count).append(" ").append(count == 1 ? singular : plural);
+}
+
+std::string count_of_silent_nodes(const ReportFacts& facts) {
+  const ReportFacts::Expectation& expectation = *facts.expectation;
+  const std::string nodes = std::to_string(expectation.silent.size()) + " of " +
+                            count_of(expectation.nodes_expected, "expected node", "expected nodes");
+  const bool is_one = expectation.silent.size() == 1;
+  // A node without findings may have been examined all the same, unless there are no findings.
+  if (facts.examination || facts.findings_read == 0) {
+    return nodes + (is_one ? " was not examined" : " were not examined");
+  }
+  return nodes + (is_one ? " is silent" : " are silent");
+}
+
+std::string count_of_rejected_lines(const ReportFacts& facts) {
+  return count_of(facts.lines_rejected, "line of input was", "lines of input were") + " left out";
+}
+
+std::string join(const std::vector<std::string>& items, std::string_view separator) {
+  std::string joined;
+  for (const std::string& item : items) {
+    joined.append(&item == &items.front() ? "" : separator).append(item);
+  }
+  return joined;
+}
+
+}  // namespace vond::standalone

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standalone/libvond_host/report_facts.h"
+
+namespace vond::standalone {
+
+/// Returns "1 node" or "2 nodes".
+std::string count_of(std::size_t count, std::string_view singular, std::string_view plural);
+
+/// Returns "1 of 48 expected nodes was not examined", or that they are silent when nobody told
+/// which nodes were examined. The report must have an expectation.
+std::string count_of_silent_nodes(const ReportFacts& facts);
+
+/// Returns "7 lines of input were left out".
+std::string count_of_rejected_lines(const ReportFacts& facts);
+
+/// Returns the items with the separator between them.
+std::string join(const std::vector<std::string>& items, std::string_view separator);
+
+}  // namespace vond::standalone

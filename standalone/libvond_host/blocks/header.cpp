@@ -1,0 +1,66 @@
+#include "standalone/libvond_host/blocks/header.h"
+
+#include <ctime>
+#include <vector>
+
+#include "standalone/libvond_host/blocks/ages.h"
+#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/libvond_host/blocks/limited_text.h"
+#include "standalone/libvond_host/verdict.h"
+#include "standalone/text/text_wrapping.h"
+
+namespace vond::standalone {
+namespace {
+
+std::string format_time(std::time_t time) {
+  std::tm utc{};
+  if (gmtime_r(&time, &utc) == nullptr) {
+    return "unknown";
+  }
+  char text[64];
+  const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &utc);
+  return {text, length};
+}
+
+std::vector<std::string> format_inputs(const ReportFacts& facts) {
+  std::vector<std::string> inputs;
+  for (const ReportFacts::Input& input : facts.inputs) {
+    inputs.push_back(input.age ? input.name + ", " + format_age(*input.age) : input.name);
+  }
+  return inputs;
+}
+
+std::string format_nodes(const ReportFacts& facts) {
+  const std::string seen = std::to_string(facts.nodes_seen);
+  const std::string expected =
+      facts.expectation ? ", " + std::to_string(facts.expectation->nodes_expected) + " expected"
+                        : std::string();
+  if (facts.examination) {
+    return std::to_string(facts.examination->nodes_examined) + " examined, " + seen +
+           " with issues" + expected;
+  }
+  return seen + " seen" + expected + "; which were examined is not known";
+}
+
+ListLayout layout_of(const std::string& label, int width) {
+  constexpr std::size_t TEXT_COLUMN = 12;
+  std::string lead = "  " + label + ":";
+  lead.resize(TEXT_COLUMN, ' ');
+  return {.lead = lead, .indent = std::string(TEXT_COLUMN, ' '), .width = width};
+}
+
+std::string format_line(const ListLayout& layout, const std::string& text) {
+  return wrap_text(layout.lead + text, {.width = layout.width, .indent = layout.indent}) + "\n";
+}
+
+}  // namespace
+
+std::string format_header(const ReportFacts& facts) {
+  const int width = facts.line_width;
+  return "Cluster health report: " + verdict_word(verdict_of(facts)) + "\n" +
+         format_line(layout_of("Written", width), format_time(facts.written_at)) +
+         limited_list(layout_of("Input", width), format_inputs(facts), "; ") + "\n" +
+         format_line(layout_of("Nodes", width), format_nodes(facts));
+}
+
+}  // namespace vond::standalone

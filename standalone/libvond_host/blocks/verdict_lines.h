@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "standalone/libvond_host/blocks/severity_bands.h"
+#include "standalone/libvond_host/report_facts.h"
+
+namespace vond::standalone {
+
+/// Returns the verdict and why: "FAIL, 13 nodes with CRITICAL issues", "UNKNOWN: nothing was looked
+/// at", "PASS, 48 of 48 expected nodes were examined".
+std::string format_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands);
+
+/// Writes the verdict with its reasons, in its colour, and below it the nodes of the worst band
+/// that fails. `width` is in terminal columns, 0 or less for no wrapping.
+void write_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands, int width);
+
+/// Writes the line that every complete report ends with; it is never wrapped.
+void write_last_line(const ReportFacts& facts);
+
+/// Returns the worst band that has issues which contribute to FAIL, null when none has.
+const SeverityBand* worst_failing_band(const std::vector<SeverityBand>& bands);
+
+}  // namespace vond::standalone
