@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 
 namespace vond::standalone {
 namespace {

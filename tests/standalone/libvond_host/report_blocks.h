@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 #include "tests/support/captured_output_log.h"
 #include "tests/support/records.h"
 #include "vond/postprocessor/utility_functions.h"
