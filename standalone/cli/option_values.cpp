@@ -5,6 +5,7 @@
 
 #include "standalone/cli/usage_error.h"
 #include "standalone/model/severity_scale.h"
+#include "standalone/nodes/group_hint.h"
 #include "standalone/nodes/node_set.h"
 #include "standalone/text/harmless_text.h"
 #include "standalone/text/messages.h"
@@ -85,7 +86,8 @@ std::vector<std::string> parse_node_sets(const std::string& option,
       const auto expanded = expand_node_set(set);
       names.insert(names.end(), expanded.begin(), expanded.end());
     } catch (const NodeSetError& error) {
-      throw UsageError(option + " is \"" + harmless(set) + "\": " + error.what());
+      throw UsageError(option + " is \"" + harmless(set) + "\": " + error.what() +
+                       group_hint(set, error.offset));
     }
   }
   return names;

@@ -1,6 +1,7 @@
 #include "standalone/cli/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <string_view>
 
 #include "standalone/cli/option_values.h"
@@ -14,9 +15,9 @@ namespace {
 
 constexpr char EXIT_STATUSES[] =
     "Exit status:\n"
-    "  0  report written, nothing fails\n"
-    "  1  report written, something fails, or expected nodes were not examined\n"
-    "  2  usage or input error\n"
+    "  0  report written, PASS\n"
+    "  1  report written, FAIL or UNKNOWN\n"
+    "  2  usage or input error, nothing reported\n"
     "  3  the report could not be completed\n";
 
 /// Returns the message for arguments that no option takes.
@@ -32,6 +33,11 @@ std::string unknown_argument(const std::string& argument, const CLI::App& app) {
          suggestion_for(option, std::vector<std::string_view>(names.begin(), names.end()));
 }
 
+/// Whether `message` begins with the option `name`, not with a longer one.
+bool begins_with_option(std::string_view message, std::string_view name) {
+  return message.substr(0, name.size()) == name && message.substr(name.size(), 1) != "-";
+}
+
 /// Returns the message for an option that is given too often or lacks its value.
 std::string argument_mismatch(const CLI::ArgumentMismatch& error, const CLI::App& app) {
   const std::string_view message = error.what();
@@ -40,7 +46,7 @@ std::string argument_mismatch(const CLI::ArgumentMismatch& error, const CLI::App
     if (option->get_expected_max() == 0 && message.substr(0, name.size() - 2) == name.substr(2)) {
       return name + " takes no value";
     }
-    if (message.substr(0, name.size()) != name) {
+    if (!begins_with_option(message, name)) {
       continue;
     }
     if (option->count() > 1) {
@@ -59,6 +65,17 @@ void refuse_empty_values(int argc, const char* const* argv) {
     if (word.substr(0, 2) == "--" && word.find('=') == word.size() - 1) {
       throw UsageError(harmless(word.substr(0, word.size() - 1)) + " has no value after \"=\"");
     }
+  }
+}
+
+/// Whoever reads standard input first leaves nothing of it to the others.
+void refuse_to_share_standard_input(const Options& options) {
+  const auto count_in = [](const std::vector<std::string>& paths) {
+    return std::count(paths.begin(), paths.end(), "-");
+  };
+  if (count_in(options.expect_files) != 0 &&
+      count_in(options.expect_files) + count_in(options.inputs) > 1) {
+    throw UsageError("--expect-file is \"-\", but standard input is read by something else, too");
   }
 }
 
@@ -121,6 +138,8 @@ void CommandLine::add_input_options() {
   add_list("--examined", "NODESET", examined_, "Nodes that were looked at; may be repeated");
   add_list("--expect", "NODESET", expected_,
            "Nodes that should have been looked at; may be\nrepeated");
+  add_list("--expect-file", "FILE", taken_as_is_.expect_files,
+           "The same from a file: node sets a line, #\nbegins a comment; may be repeated");
 }
 
 void CommandLine::add_report_options() {
@@ -162,6 +181,7 @@ void CommandLine::add_list(const std::string& name, const std::string& type,
 Options CommandLine::understand() const {
   Options options = taken_as_is_;
   refuse_empty_paths("FINDINGS", options.inputs);
+  refuse_empty_paths("--expect-file", options.expect_files);
   refuse_empty_paths("--output", options.outputs);
   refuse_empty_paths("--extension", options.extensions);
   if (is_given("--definitions")) {
@@ -216,6 +236,9 @@ std::variant<Options, Information> parse_options(int argc, const char* const* ar
       throw UsageError("no findings: name files of them, or pipe them in");
     }
     options->inputs.emplace_back("-");
+  }
+  if (const auto* const options = std::get_if<Options>(&request)) {
+    refuse_to_share_standard_input(*options);
   }
   return request;
 }

@@ -25,6 +25,8 @@ struct Options {
   std::vector<std::string> examined;
   /// Names of nodes that should have been looked at.
   std::vector<std::string> expected;
+  /// Files of node sets that should have been looked at, too; "-" is standard input.
+  std::vector<std::string> expect_files;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.
   std::optional<int> width;
   /// A name of the log level table.

@@ -20,6 +20,7 @@
 #include "standalone/libvond_host/current_facts.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/facts_of_run.h"
+#include "standalone/report/node_list_file.h"
 #include "standalone/report/report_record.h"
 #include "vond/log/error_log.h"
 #include "vond/vocabulary/tables.h"
@@ -39,6 +40,7 @@ void refuse_to_replace_inputs(const Options& options) {
   if (options.definitions) {
     inputs.push_back(*options.definitions);
   }
+  inputs.insert(inputs.end(), options.expect_files.begin(), options.expect_files.end());
   for (const std::string& output : options.outputs) {
     for (const std::string& input : inputs) {
       if (is_same_file(output, input)) {
@@ -69,12 +71,23 @@ RecordOptions make_record_options(const Options& options) {
   return record_options;
 }
 
+/// Reads the files of expected nodes, too.
+std::vector<std::string> expected_nodes(const Options& options) {
+  std::vector<std::string> nodes = options.expected;
+  for (const std::string& path : options.expect_files) {
+    const std::vector<std::string> more = read_node_list(path);
+    nodes.insert(nodes.end(), more.begin(), more.end());
+  }
+  return nodes;
+}
+
+/// Reads the files of expected nodes, too.
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
           .keep_going = options.keep_going,
           .definitions_are_paths = !options.definitions.has_value(),
           .examined = options.examined,
-          .expected = options.expected};
+          .expected = expected_nodes(options)};
 }
 
 /// Returns the libraries to run.
@@ -117,9 +130,10 @@ ExitStatus write_report(const Options& options) {
   set_up_error_log(options);
   const std::time_t written_at = report_time();
   const RecordOptions record_options = make_record_options(options);
+  const RunSources sources = make_sources(options);
   Destinations destinations(options.outputs, wants_color(options.color));
 
-  const std::unique_ptr<CheckRun> run = read_run_with_messages(make_sources(options));
+  const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
   run_extensions(options, record, destinations);

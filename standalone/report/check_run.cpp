@@ -2,14 +2,8 @@
 
 #include <string_view>
 
-#include "standalone/text/harmless_text.h"
-
 namespace vond::standalone {
 namespace {
-
-std::string input_name(const std::string& path) {
-  return path == "-" ? "standard input" : harmless(path);
-}
 
 /// The reader of a run's findings, and where their lines go.
 class CheckRunReading : private FindingsSink {
@@ -23,10 +17,12 @@ class CheckRunReading : private FindingsSink {
         reader_(*this, options) {}
 
   FindingsReader& reader() { return reader_; }
+  std::size_t findings_without_definition() const { return findings_without_definition_; }
 
  private:
   void finding(const Finding& finding) override {
     collapser_.add(finding);
+    findings_without_definition_ += finding.wording.definitions.empty() ? 1 : 0;
     progress_.advance(reader_.bytes_read(), collapser_.findings());
   }
 
@@ -41,6 +37,7 @@ class CheckRunReading : private FindingsSink {
   Examination& examination_;
   ReadingProgress& progress_;
   FindingsReader reader_;
+  std::size_t findings_without_definition_ = 0;
 };
 
 }  // namespace
@@ -56,9 +53,10 @@ CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress) {
       {.keep_going = sources.keep_going, .definitions_are_paths = sources.definitions_are_paths},
       collapser_, examination_, progress);
   for (const std::string& path : sources.findings) {
-    input_names_.push_back(input_name(path));
+    inputs_.push_back(describe_input(path));
     reading.reader().read(path);
   }
+  findings_without_definition_ = reading.findings_without_definition();
   warnings_ = reading.reader().warnings();
   rejected_lines_ = reading.reader().rejected();
 }

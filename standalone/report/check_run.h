@@ -7,6 +7,7 @@
 #include "standalone/findings/findings_reader.h"
 #include "standalone/report/collapser.h"
 #include "standalone/report/examination.h"
+#include "standalone/report/run_input.h"
 
 namespace vond::standalone {
 
@@ -39,11 +40,14 @@ class CheckRun {
   /// Reads all inputs and tells `progress`, which is not kept. Throws InputError.
   CheckRun(const RunSources& sources, ReadingProgress& progress);
 
-  /// The inputs as messages and reports call them, in reading order.
-  const std::vector<std::string>& input_names() const { return input_names_; }
+  /// In reading order.
+  const std::vector<RunInput>& inputs() const { return inputs_; }
 
   Collapser& collapser() { return collapser_; }
   const Collapser& collapser() const { return collapser_; }
+
+  /// Number of findings that name no definition.
+  std::size_t findings_without_definition() const { return findings_without_definition_; }
 
   const Examination& examination() const { return examination_; }
 
@@ -54,8 +58,9 @@ class CheckRun {
   const RejectedLines& rejected_lines() const { return rejected_lines_; }
 
  private:
-  std::vector<std::string> input_names_;
+  std::vector<RunInput> inputs_;
   Collapser collapser_;
+  std::size_t findings_without_definition_ = 0;
   Examination examination_;
   std::vector<std::string> warnings_;
   RejectedLines rejected_lines_;

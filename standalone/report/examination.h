@@ -31,8 +31,15 @@ class Examination {
   /// Returns those of `nodes` that were not examined, sorted.
   std::vector<std::string> not_examined(const StringInterner& nodes) const;
 
-  /// Returns the nodes that were expected and not examined, sorted.
-  std::vector<std::string> expected_and_not_examined() const;
+  /// Returns the nodes that were seen, sorted: the examined ones or, where nothing is known of
+  /// these, `nodes_with_findings`.
+  std::vector<std::string> seen(const StringInterner& nodes_with_findings) const;
+
+  /// Returns the expected nodes that are not in `seen`, which is sorted; sorted.
+  std::vector<std::string> expected_and_not_in(const std::vector<std::string>& seen) const;
+
+  /// Returns those of `seen`, which is sorted, that were not expected; sorted.
+  std::vector<std::string> not_expected_of(const std::vector<std::string>& seen) const;
 
  private:
   bool known_ = false;

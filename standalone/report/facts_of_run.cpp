@@ -1,17 +1,51 @@
 #include "standalone/report/facts_of_run.h"
 
+#include <algorithm>
+#include <limits>
+
+#include "standalone/report/alike_names.h"
+
 namespace vond::standalone {
+namespace {
+
+std::int64_t age_at(std::time_t written_at, std::time_t changed_at) {
+  // Any number may be a file's time; half of the range leaves room for the subtraction.
+  constexpr std::time_t LIMIT = std::numeric_limits<std::time_t>::max() / 2;
+  return written_at - std::clamp(changed_at, -LIMIT, LIMIT);
+}
+
+ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at) {
+  ReportFacts::Input facts{input.name, {}, false};
+  if (input.changed_at) {
+    facts.age = age_at(written_at, *input.changed_at);
+  }
+  return facts;
+}
+
+ReportFacts::Expectation facts_of_expectation(const Examination& examination,
+                                              const StringInterner& nodes_with_findings) {
+  const std::vector<std::string> seen = examination.seen(nodes_with_findings);
+  ReportFacts::Expectation facts{examination.expected(),
+                                 examination.expected_and_not_in(seen),
+                                 examination.not_expected_of(seen),
+                                 {}};
+  facts.alike = find_alike_names(facts.silent, facts.not_expected);
+  return facts;
+}
+
+}  // namespace
 
 ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::time_t written_at) {
   const StringInterner& nodes = run.collapser().node_names();
   const Examination& examination = run.examination();
   ReportFacts facts;
-  for (const std::string& name : run.input_names()) {
-    facts.inputs.push_back({name, {}, false});
+  for (const RunInput& input : run.inputs()) {
+    facts.inputs.push_back(facts_of_input(input, written_at));
   }
   facts.written_at = written_at;
   facts.line_width = record.data().line_width;
   facts.findings_read = run.collapser().findings();
+  facts.findings_without_definition = run.findings_without_definition();
   facts.lines_rejected = run.rejected_lines().count;
   facts.nodes_seen = nodes.size();
   facts.unknown_definitions = record.unknown_definitions();
@@ -21,7 +55,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
     facts.examination = {examination.examined(), examination.not_examined(nodes)};
   }
   if (examination.expected() != 0) {
-    facts.expectation = {examination.expected(), examination.expected_and_not_examined(), {}, {}};
+    facts.expectation = facts_of_expectation(examination, nodes);
   }
   return facts;
 }

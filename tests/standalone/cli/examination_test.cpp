@@ -67,7 +67,56 @@ TEST(ExaminationTest, ExpectedNodesThatWereExaminedAreWhatAPassRestsOn) {
   EXPECT_EQ(outcome.status, 0);
 }
 
-TEST(ExaminationTest, ExpectedNodesAreNotExaminedWhenNothingTellsThatTheyWere) {
+TEST(ExaminationTest, NodesWithFindingsCountAsSeenWhenNothingTellsWhoWasExamined) {
+  const Outcome outcome = report({"--expect", "n[1-2,9]"});
+  EXPECT_TRUE(holds(outcome, "  Nodes:    3 seen, 3 expected; which were examined is not known\n"));
+  EXPECT_TRUE(holds(
+      outcome, "  The input does not tell who was examined; nodes with findings count as seen\n"));
+  EXPECT_FALSE(holds(outcome, "silent"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST(ExaminationTest, ExaminedNodesThatWereNotExpectedAreNamedAndAreNoDoubt) {
+  const Outcome outcome = report({"--examined", "n[1-9],m1", "--expect", "n[1-8]"});
+  EXPECT_TRUE(holds(outcome, "  2 nodes were examined and not expected: m1,n9\n"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST(ExaminationTest, NodesWithFindingsThatWereNotExpectedAreNamedWhenNothingTellsWhoWasExamined) {
+  EXPECT_TRUE(
+      holds(report({"--expect", "n[1-2]"}), "  1 node has findings and was not expected: n9\n"));
+}
+
+TEST(ExaminationTest, NamesThatMayBeOfOneNodeArePairedAndNotJoined) {
+  const Outcome outcome =
+      report({"--examined", "n1.cluster.example,N2,n[3-9]", "--expect", "n[01-02],n[3-9]"});
+  EXPECT_TRUE(holds(outcome, "  2 of 9 expected nodes were not examined: n[01-02]\n"));
+  EXPECT_TRUE(holds(outcome, "  2 nodes were examined and not expected: N2,n1.cluster.example\n"));
+  EXPECT_TRUE(holds(
+      outcome, "  n01 is expected, n1.cluster.example was examined: the same node? And 1 more"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(ExaminationTest, NothingThatWasLookedAtIsNoPass) {
+  const Outcome outcome = Command({}).run();
+  EXPECT_TRUE(holds(outcome, "Cluster health report: UNKNOWN\n"));
+  EXPECT_TRUE(holds(outcome, "  Verdict: UNKNOWN: nothing was looked at\n"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(ExaminationTest, AFailingReportKeepsItsDoubts) {
+  const Outcome outcome = report({"--expect", "m1", "-t", "0", "-w", "0"});
+  EXPECT_TRUE(holds(outcome, "Cluster health report: FAIL\n"));
+  EXPECT_TRUE(holds(outcome, " issues, 1 of 1 expected node is silent\n"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(ExaminationTest, FindingsThatNameNoDefinitionAreCounted) {
+  EXPECT_TRUE(holds(report({}, "{\"id\": \"c\", \"severity\": 1, \"definitions\": [\"d\"]}\n"),
+                    "  Failing definitions: none; 2 findings name no definition\n"));
+}
+
+TEST(ExaminationTest, ExpectedNodesAreSilentWhenNothingTellsThatTheyWereExamined) {
   const Outcome outcome = report({"--expect", "m1"});
   EXPECT_TRUE(holds(outcome, "  1 of 1 expected node is silent: m1\n"));
   EXPECT_EQ(outcome.status, 1);

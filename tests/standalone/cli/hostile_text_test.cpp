@@ -258,7 +258,7 @@ TEST(HostileFileNamesTest, NoFileNameComesOutAsItIs) {
   const std::string shown = R"(a\x1b[2J\x9b\u202e\x9b\x0ab)";
   const Outcome warned = run({"-w", "0", good});
   expect_harmless(warned);
-  EXPECT_NE(warned.output.find("/" + shown + "\n"), std::string::npos);
+  EXPECT_NE(warned.output.find("/" + shown + ", 2 minutes old\n"), std::string::npos);
   EXPECT_NE(warned.errors.find("/" + shown + ":1:"), std::string::npos);
   for (const std::vector<std::string>& arguments : {std::vector<std::string>{bad},
                                                     {good + "3"},

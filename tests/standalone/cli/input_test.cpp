@@ -163,8 +163,9 @@ TEST_F(InputTest, AReportThatIsNotCompleteIsWorseThanALineLeftOut) {
 }
 
 TEST_F(InputTest, TheStatusIsTheVerdicts) {
-  EXPECT_EQ(Command({}).run().status, 0);
   EXPECT_EQ(Command({}).input(GOOD_LINE).run().status, 0);
+  EXPECT_EQ(Command({}).run().status, 1);
+  EXPECT_EQ(Command({"--expect", "silent"}).input(GOOD_LINE).run().status, 1);
   EXPECT_EQ(Command({"-t", "0"}).input(GOOD_LINE).run().status, 1);
 }
 

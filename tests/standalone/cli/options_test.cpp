@@ -36,6 +36,8 @@ Options:
   --examined NODESET          Nodes that were looked at; may be repeated
   --expect NODESET            Nodes that should have been looked at; may be
                               repeated
+  --expect-file FILE          The same from a file: node sets a line, #
+                              begins a comment; may be repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
@@ -47,9 +49,9 @@ Options:
                               (default: the text report)
 
 Exit status:
-  0  report written, nothing fails
-  1  report written, something fails, or expected nodes were not examined
-  2  usage or input error
+  0  report written, PASS
+  1  report written, FAIL or UNKNOWN
+  2  usage or input error, nothing reported
   3  the report could not be completed
 
 )";
@@ -129,6 +131,8 @@ TEST_F(OptionsTest, AnOptionAtTheEndLacksItsValue) {
                std::string("--output has no value, expected --output FILE") + SEE_HELP);
   expect_error(run({"--expect"}), 2,
                std::string("--expect has no value, expected --expect NODESET") + SEE_HELP);
+  expect_error(run({"--expect-file"}), 2,
+               std::string("--expect-file has no value, expected --expect-file FILE") + SEE_HELP);
 }
 
 TEST_F(OptionsTest, AnOptionWithAnEmptyValueDoesNotTakeTheNextWord) {
@@ -143,7 +147,7 @@ TEST_F(OptionsTest, BehindTwoDashesEverythingIsAFile) {
                "expected a file of findings");
   expect_error(run({"--", "-w"}), 2,
                "-w: cannot be opened (No such file or directory), expected a file of findings");
-  folder.write("--version", "");
+  folder.write("--version", "{\"examined\": \"n1\"}\n");
   EXPECT_EQ(Command({"--", "--version"}).in_folder(folder.path()).run().status, 0);
 }
 
@@ -251,6 +255,15 @@ TEST_F(OptionsTest, NodeSetsThatAreMalformedAreUsageErrors) {
                      R"(--examined is "n[1-": found the end of the node set, expected a number)");
   expect_usage_error({"--expect", ""},
                      R"(--expect is "": found the end of the node set, expected a node name)");
+}
+
+TEST_F(OptionsTest, GroupsAreUsageErrorsWithAHint) {
+  const std::string fault =
+      "found \"@\", expected a name without it, or one in single quotes; the nodes of a group: ";
+  expect_usage_error({"--expect", "n1,@compute"},
+                     "--expect is \"n1,@compute\": " + fault + "$(nodeset -f @compute)");
+  expect_usage_error({"--examined", "@rack[1-2]"},
+                     "--examined is \"@rack[1-2]\": " + fault + "$(nodeset -f @group)");
 }
 
 TEST_F(OptionsTest, TheClockIsSourceDateEpochs) {

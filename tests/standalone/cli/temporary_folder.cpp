@@ -1,5 +1,8 @@
 #include "tests/standalone/cli/temporary_folder.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -17,6 +20,13 @@ std::string read_file(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+void set_last_change(const std::string& path, std::time_t time) {
+  const timespec times[] = {{time, 0}, {time, 0}};
+  if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0) {
+    throw std::runtime_error("cannot change " + path);
+  }
+}
+
 TemporaryFolder::TemporaryFolder()
     : path_((std::filesystem::temp_directory_path() / "vond_cli_test.XXXXXX").string()) {
   if (mkdtemp(path_.data()) == nullptr) {
@@ -32,6 +42,7 @@ TemporaryFolder::~TemporaryFolder() {
 std::string TemporaryFolder::write(const std::string& name, std::string_view text) const {
   std::string path = *this / name;
   std::ofstream(path, std::ios::binary) << text;
+  set_last_change(path, 1763699280);
   return path;
 }
 

@@ -20,6 +20,7 @@ using vond::standalone::InputError;
 using vond::standalone::ReadingProgress;
 using vond::standalone::RecordOptions;
 using vond::standalone::ReportRecord;
+using vond::standalone::RunInput;
 using vond::standalone::RunSources;
 using vond::tests::TestFile;
 
@@ -52,11 +53,19 @@ Names ids_of(CheckRun& run) {
   return ids;
 }
 
+Names names_of(const CheckRun& run) {
+  Names names;
+  for (const RunInput& input : run.inputs()) {
+    names.push_back(input.name);
+  }
+  return names;
+}
+
 // ---- One run -----------------------------------------------------------------------------------
 
 TEST(CheckRun, OfNoInputsHoldsNothing) {
   const auto run = read_run({});
-  EXPECT_EQ(run->input_names(), Names());
+  EXPECT_EQ(names_of(*run), Names());
   EXPECT_EQ(run->collapser().findings(), 0U);
   EXPECT_FALSE(run->examination().is_known());
   EXPECT_EQ(run->warnings(), Names());
@@ -67,7 +76,7 @@ TEST(CheckRun, HoldsWhatAllItsInputsTell) {
   const TestFile first(finding("a", "n1") + finding("b", "n2"));
   const TestFile second(finding("c", "n1"));
   const auto run = read_run({.findings = {first.path(), second.path()}});
-  EXPECT_EQ(run->input_names(), (Names{first.path(), second.path()}));
+  EXPECT_EQ(names_of(*run), (Names{first.path(), second.path()}));
   EXPECT_EQ(run->collapser().findings(), 3U);
   EXPECT_EQ(run->collapser().node_names().size(), 2U);
   EXPECT_EQ(ids_of(*run), (Names{"a", "b", "c"}));
@@ -79,7 +88,13 @@ TEST(CheckRun, CallsItsInputsByNamesThatAreHarmless) {
   ASSERT_EQ(symlink(file.path().c_str(), link.c_str()), 0);
   const auto run = read_run({.findings = {link}});
   unlink(link.c_str());
-  EXPECT_EQ(run->input_names(), Names{file.path() + "\\x1b[2J"});
+  EXPECT_EQ(names_of(*run), Names{file.path() + "\\x1b[2J"});
+}
+
+TEST(CheckRun, CountsFindingsThatNameNoDefinition) {
+  const TestFile file(finding("a", "n1") + finding("a", "n2") +
+                      R"({"id": "b", "severity": 1, "definitions": ["d"]})");
+  EXPECT_EQ(read_run({.findings = {file.path()}})->findings_without_definition(), 2U);
 }
 
 TEST(CheckRun, KnowsExaminedNodesFromSourcesAndLines) {
@@ -87,7 +102,7 @@ TEST(CheckRun, KnowsExaminedNodesFromSourcesAndLines) {
   const auto run = read_run(
       {.findings = {file.path()}, .examined = {"n1", "n2"}, .expected = {"n1", "n3", "n4"}});
   EXPECT_EQ(run->examination().examined(), 3U);
-  EXPECT_EQ(run->examination().expected_and_not_examined(), Names{"n4"});
+  EXPECT_EQ(run->examination().expected_and_not_in({"n1", "n2", "n3"}), Names{"n4"});
 }
 
 TEST(CheckRun, ALineOfNoExaminedNodesTellsThatNoneWas) {
@@ -168,8 +183,8 @@ TEST_F(TwoRuns, OneAfterTheOtherKnowNothingOfEachOther) {
 TEST_F(TwoRuns, HeldAtOnceTheyStayApart) {
   const auto first = read_run({.findings = {yesterday.path()}});
   const auto second = read_run({.findings = {today.path()}});
-  EXPECT_EQ(first->input_names(), Names{yesterday.path()});
-  EXPECT_EQ(second->input_names(), Names{today.path()});
+  EXPECT_EQ(names_of(*first), Names{yesterday.path()});
+  EXPECT_EQ(names_of(*second), Names{today.path()});
   EXPECT_EQ(first->collapser().node_names().size(), 2U);
   EXPECT_EQ(second->collapser().node_names().size(), 3U);
   EXPECT_EQ(ids_of(*second), (Names{"new", "both"}));

@@ -26,7 +26,8 @@ TEST(Examination, NothingIsKnownAtFirst) {
   const Examination examination;
   EXPECT_FALSE(examination.is_known());
   EXPECT_EQ(examination.examined(), 0U);
-  EXPECT_EQ(examination.expected_and_not_examined(), Names());
+  EXPECT_EQ(examination.expected_and_not_in({}), Names());
+  EXPECT_EQ(examination.seen(interned({})), Names());
 }
 
 TEST(Examination, OneExaminedNodeMakesItKnown) {
@@ -47,7 +48,7 @@ TEST(Examination, ExpectedNodesTellNothingAboutWhatWasExamined) {
   Examination examination;
   examination.add_expected("n1");
   EXPECT_FALSE(examination.is_known());
-  EXPECT_EQ(examination.expected_and_not_examined(), Names{"n1"});
+  EXPECT_EQ(examination.expected_and_not_in({}), Names{"n1"});
 }
 
 TEST(Examination, CountsANodeOnceHoweverOftenItIsNamed) {
@@ -57,7 +58,8 @@ TEST(Examination, CountsANodeOnceHoweverOftenItIsNamed) {
     examination.add_expected(name);
   }
   EXPECT_EQ(examination.examined(), 2U);
-  EXPECT_EQ(examination.expected_and_not_examined(), Names());
+  EXPECT_EQ(examination.seen(interned({})), (Names{"n1", "n2"}));
+  EXPECT_EQ(examination.expected_and_not_in({}), (Names{"n1", "n2"}));
 }
 
 TEST(Examination, NamesTheNodesThatWereNotExaminedInByteOrder) {
@@ -68,14 +70,31 @@ TEST(Examination, NamesTheNodesThatWereNotExaminedInByteOrder) {
             (Names{"N1", "n10", "n9"}));
 }
 
-TEST(Examination, NamesTheExpectedNodesThatWereNotExaminedInByteOrder) {
+TEST(Examination, ExaminedNodesAreTheOnesThatWereSeen) {
+  Examination examination;
+  examination.add_examined("n2");
+  examination.add_examined("n10");
+  EXPECT_EQ(examination.seen(interned({"n9"})), (Names{"n10", "n2"}));
+}
+
+TEST(Examination, NodesWithFindingsCountAsSeenWhereNobodyToldWhoWasExamined) {
+  EXPECT_EQ(Examination().seen(interned({"n9", "n10"})), (Names{"n10", "n9"}));
+}
+
+TEST(Examination, NobodyWasSeenWhereItIsKnownThatNoneWasExamined) {
+  Examination examination;
+  examination.set_known();
+  EXPECT_EQ(examination.seen(interned({"n9"})), Names());
+}
+
+TEST(Examination, ComparesExpectedAndSeenNodesBothWaysInByteOrder) {
   Examination examination;
   for (const std::string_view name : {"n9", "n1", "n10", "N1"}) {
     examination.add_expected(name);
   }
-  examination.add_examined("n1");
-  examination.add_examined("unexpected");
-  EXPECT_EQ(examination.expected_and_not_examined(), (Names{"N1", "n10", "n9"}));
+  const Names seen = {"a", "n1", "n11"};
+  EXPECT_EQ(examination.expected_and_not_in(seen), (Names{"N1", "n10", "n9"}));
+  EXPECT_EQ(examination.not_expected_of(seen), (Names{"a", "n11"}));
 }
 
 TEST(Examination, KeepsNamesWhoseTextIsGone) {
@@ -84,7 +103,7 @@ TEST(Examination, KeepsNamesWhoseTextIsGone) {
     const std::string name = "a name that is too long to be kept in place";
     examination.add_expected(name);
   }
-  EXPECT_EQ(examination.expected_and_not_examined(),
+  EXPECT_EQ(examination.expected_and_not_in({}),
             Names{"a name that is too long to be kept in place"});
 }
 

@@ -1,8 +1,13 @@
 #include "standalone/report/facts_of_run.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <cstdint>
+#include <ctime>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/standalone/support/test_input.h"
@@ -77,6 +82,48 @@ TEST(FactsOfRun, TellOfNodesThatWereExaminedAndThatWereNot) {
   EXPECT_EQ(facts.examination->nodes_examined, 2U);
   EXPECT_EQ(facts.examination->not_examined_with_findings, (Names{"n2", "n3"}));
   EXPECT_EQ(facts.expectation->silent, (Names{"n2", "n8"}));
+  EXPECT_EQ(facts.expectation->not_expected, Names{"n1"});
+}
+
+TEST(FactsOfRun, CountNodesWithFindingsAsSeenWhereNobodyToldWhoWasExamined) {
+  const TestFile file(R"({"id": "a", "severity": 1, "nodes": "n[1-3]"})");
+  const ReportFacts facts = read_facts({.findings = {file.path()}, .expected = {"n1", "n8"}});
+  EXPECT_FALSE(facts.examination.has_value());
+  EXPECT_EQ(facts.expectation->nodes_expected, 2U);
+  EXPECT_EQ(facts.expectation->silent, Names{"n8"});
+  EXPECT_EQ(facts.expectation->not_expected, (Names{"n2", "n3"}));
+}
+
+TEST(FactsOfRun, PairSilentNodesWithUnexpectedOnesOfLikeNamesAndJoinNone) {
+  const ReportFacts facts =
+      read_facts({.examined = {"n1.example", "n2", "n2.example"}, .expected = {"n1", "n2"}});
+  EXPECT_EQ(facts.expectation->silent, Names{"n1"});
+  EXPECT_EQ(facts.expectation->not_expected, (Names{"n1.example", "n2.example"}));
+  const std::vector<std::pair<std::string, std::string>> alike = {{"n1", "n1.example"}};
+  EXPECT_EQ(facts.expectation->alike, alike);
+}
+
+TEST(FactsOfRun, CountFindingsThatNameNoDefinition) {
+  const TestFile file("{\"id\": \"a\", \"severity\": 1}\n{\"id\": \"a\", \"severity\": 1}\n");
+  EXPECT_EQ(read_facts({.findings = {file.path()}}).findings_without_definition, 2U);
+}
+
+std::int64_t age_of_file_changed_at(std::time_t time) {
+  const TestFile file("");
+  const timespec times[] = {{time, 0}, {time, 0}};
+  EXPECT_EQ(::utimensat(AT_FDCWD, file.path().c_str(), times, 0), 0);
+  return read_facts({.findings = {file.path()}}).inputs.at(0).age.value();
+}
+
+TEST(FactsOfRun, CountAgesToTheTimeOfTheReport) {
+  EXPECT_EQ(age_of_file_changed_at(1763699400), 0);
+  EXPECT_EQ(age_of_file_changed_at(1763699280), 120);
+  EXPECT_EQ(age_of_file_changed_at(1763699401), -1);
+  EXPECT_EQ(age_of_file_changed_at(0), 1763699400);
+}
+
+TEST(FactsOfRun, TellNoAgeOfWhatIsNoRegularFile) {
+  EXPECT_FALSE(read_facts({.findings = {"/dev/null"}}).inputs.at(0).age.has_value());
 }
 
 }  // namespace
