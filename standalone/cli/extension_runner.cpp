@@ -4,6 +4,7 @@
 #include <new>
 
 #include "standalone/cli/memory_shortage.h"
+#include "standalone/cli/running_extension.h"
 #include "standalone/extensions/extension_loader.h"
 
 namespace vond::standalone {
@@ -11,6 +12,7 @@ namespace vond::standalone {
 void ExtensionRunner::run(const std::vector<std::string>& paths) {
   const std::size_t failures_before = failed_allocations();
   for (const std::string& path : paths) {
+    const RunningExtension in_charge(path);
     run_extension(path, data_);
   }
   // Streams swallow the exceptions of their buffers: for lack of memory a statement would be cut

@@ -22,20 +22,10 @@ void wait_until_writable(int descriptor) {
 DescriptorBuffer::DescriptorBuffer(int descriptor, Flushing flushing)
     : descriptor_(descriptor), flushing_(flushing), block_(BLOCK_SIZE) {
   setp(block_.data(), block_.data() + block_.size());
-  all().push_back(this);
-}
-
-DescriptorBuffer::~DescriptorBuffer() { std::erase(all(), this); }
-
-std::vector<DescriptorBuffer*>& DescriptorBuffer::all() {
-  static std::vector<DescriptorBuffer*> buffers;
-  return buffers;
 }
 
 void DescriptorBuffer::drain_all() noexcept {
-  for (DescriptorBuffer* buffer : all()) {
-    buffer->drain();
-  }
+  for_each([](DescriptorBuffer& buffer) { buffer.drain(); });
 }
 
 int DescriptorBuffer::drain() noexcept {

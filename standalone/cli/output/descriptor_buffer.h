@@ -3,10 +3,12 @@
 #include <streambuf>
 #include <vector>
 
+#include "standalone/cli/output/listed.h"
+
 namespace vond::standalone {
 
 /// Writes to a file descriptor, which it does not own, and remembers the first error.
-class DescriptorBuffer : public std::streambuf {
+class DescriptorBuffer : public std::streambuf, private Listed<DescriptorBuffer> {
  public:
   enum class Flushing {
     /// Somebody is watching: a flush of the stream writes at once.
@@ -16,9 +18,6 @@ class DescriptorBuffer : public std::streambuf {
   };
 
   DescriptorBuffer(int descriptor, Flushing flushing);
-  ~DescriptorBuffer() override;
-  DescriptorBuffer(const DescriptorBuffer&) = delete;
-  DescriptorBuffer& operator=(const DescriptorBuffer&) = delete;
 
   /// Writes what is held back. After an error nothing is written any more. Returns error().
   int drain() noexcept;
@@ -27,7 +26,7 @@ class DescriptorBuffer : public std::streambuf {
   int error() const { return error_; }
 
   /// Writes what all buffers of the process hold back; for ends of the process that run no
-  /// destructors.
+  /// destructors. A handler of signals may call it.
   static void drain_all() noexcept;
 
  protected:
@@ -35,7 +34,7 @@ class DescriptorBuffer : public std::streambuf {
   int sync() override;
 
  private:
-  static std::vector<DescriptorBuffer*>& all();
+  friend Listed<DescriptorBuffer>;
 
   int descriptor_;
   Flushing flushing_;
