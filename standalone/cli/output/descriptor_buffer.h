@@ -25,6 +25,10 @@ class DescriptorBuffer : public std::streambuf, private Listed<DescriptorBuffer>
   /// The errno of the first write that failed, 0 if none has.
   int error() const { return error_; }
 
+  /// Ends the text of all buffers of the process where it is: what comes later is dropped. Takes no
+  /// memory.
+  static void end_all_texts() noexcept;
+
   /// Writes what all buffers of the process hold back; for ends of the process that run no
   /// destructors. A handler of signals may call it.
   static void drain_all() noexcept;
@@ -34,11 +38,14 @@ class DescriptorBuffer : public std::streambuf, private Listed<DescriptorBuffer>
   int sync() override;
 
  private:
+  void empty() noexcept;
+
   friend Listed<DescriptorBuffer>;
 
   int descriptor_;
   Flushing flushing_;
   int error_ = 0;
+  bool text_has_ended_ = false;
   std::vector<char> block_;
 };
 
