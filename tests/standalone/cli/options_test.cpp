@@ -37,10 +37,11 @@ Options:
   --expect NODESET            Nodes that should have been looked at; may be
                               repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:
-                              the terminal's, else 80)
+                              the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
                               database row ids (default: warning)
-  --syslog                    Send error reports to the system log
+  --syslog                    Send messages and the verdict to the system log,
+                              too
   --color WHEN                Colours: auto, always or never (default: auto)
   -o,--output FILE            A further destination; may be repeated
   -e,--extension FILE         An output extension to run; may be repeated
@@ -143,7 +144,7 @@ TEST_F(OptionsTest, BehindTwoDashesEverythingIsAFile) {
                "expected a file of findings");
   expect_error(run({"--", "-w"}), 2,
                "-w: cannot be opened (No such file or directory), expected a file of findings");
-  folder.write("--version", "");
+  folder.write("--version", R"({"id": "a", "severity": 10})");
   EXPECT_EQ(Command({"--", "--version"}).in_folder(folder.path()).run().status, 0);
 }
 
