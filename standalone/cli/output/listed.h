@@ -17,7 +17,7 @@ class Listed {
 
   template <typename Visit>
   static void for_each(Visit visit) {
-    for (Listed* listed = first_; listed != nullptr; listed = listed->next_) {
+    for (Listed* listed = first; listed != nullptr; listed = listed->next_) {
       visit(static_cast<Object&>(*listed));
     }
   }
@@ -25,14 +25,14 @@ class Listed {
  private:
   /// Returns the link that leads to `listed`; to nothing leads the last one.
   static Listed** place_of(const Listed* listed) {
-    Listed** place = &first_;
+    Listed** place = &first;
     while (*place != listed) {
       place = &(*place)->next_;
     }
     return place;
   }
 
-  static inline Listed* first_ = nullptr;
+  static inline Listed* first = nullptr;
   Listed* next_ = nullptr;
 };
 

@@ -1,4 +1,6 @@
 // An extension that ends the process: where and how, the environment says.
+#include <sys/mman.h>
+
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -25,6 +27,11 @@ int overflow_stack(int depth) {
   return depth < 0 ? block[0] : overflow_stack(depth + 1) + block[0];
 }
 
+void write_where_nothing_may_be_written() {
+  void* const page = mmap(nullptr, 1, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  *static_cast<volatile char*>(page) = 1;
+}
+
 void end() {
   for (const int status : {0, 7}) {
     if (is_set_to("END_HOW", status == 0 ? "exit(0)" : "exit(7)")) {
@@ -36,7 +43,7 @@ void end() {
   } else if (is_set_to("END_HOW", "abort")) {
     std::abort();
   } else if (is_set_to("END_HOW", "segfault")) {
-    *reinterpret_cast<volatile int*>(std::size_t{64}) = 1;
+    write_where_nothing_may_be_written();
   } else if (is_set_to("END_HOW", "division")) {
     zero = 100 / zero;
   } else if (is_set_to("END_HOW", "overflow")) {
@@ -56,7 +63,7 @@ struct StaticObject {
   StaticObject() { end_in("static constructor"); }
   ~StaticObject() { end_in("static destructor"); }
 };
-const StaticObject static_object;
+StaticObject static_object;
 
 class Extension : public PostprocessorExtension {
  public:

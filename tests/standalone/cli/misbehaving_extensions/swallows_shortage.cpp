@@ -16,7 +16,8 @@ struct Hungry {};
 
 std::ostream& operator<<(std::ostream& stream, Hungry /*value*/) {
   try {
-    delete[] new char[std::size_t{1} << 62];
+    const volatile std::size_t too_much = std::size_t{1} << 62;
+    delete[] new char[too_much];
   } catch (const std::bad_alloc&) {
     stream.setstate(std::ios::badbit);
   }

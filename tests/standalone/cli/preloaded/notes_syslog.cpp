@@ -28,6 +28,7 @@ extern "C" void syslog(int priority, const char* format, ...) {
 }
 
 /// What syslog() is when functions of the system are checked more closely.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the system's name.
 extern "C" void __syslog_chk(int priority, int /*flag*/, const char* format, ...) {
   std::va_list arguments;
   va_start(arguments, format);

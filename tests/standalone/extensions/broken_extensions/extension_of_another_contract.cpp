@@ -4,11 +4,12 @@
 #include "vond/contract.h"
 #include "witness.h"
 
-extern "C" {
-VOND_HOST_API extern const int vond_contract;
-const int vond_contract = VOND_CONTRACT_VERSION + 1;
+constexpr int ANOTHER_VERSION = VOND_CONTRACT_VERSION + 1;
+#undef VOND_CONTRACT_VERSION
+#define VOND_CONTRACT_VERSION ANOTHER_VERSION
+VOND_EXPORT_CONTRACT;
 
-VOND_HOST_API vond::postprocessor::PostprocessorExtension* create(witness::Data& /*record*/) {
+extern "C" VOND_HOST_API vond::postprocessor::PostprocessorExtension* create(
+    witness::Data& /*record*/) {
   std::abort();
-}
 }
