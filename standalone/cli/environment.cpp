@@ -20,6 +20,16 @@ std::string_view environment_variable(const char* name) {
   return value == nullptr ? std::string_view() : value;
 }
 
+/// Returns the value of COLUMNS, 0 when it is not set or no number of columns. Shells set it, so
+/// that what is wrong with it is nobody's mistake.
+int columns_of_environment() {
+  const std::string_view columns = environment_variable("COLUMNS");
+  const char* const end = columns.data() + columns.size();
+  int number = 0;
+  const auto [rest, error] = std::from_chars(columns.data(), end, number);
+  return error == std::errc() && rest == end && number > 0 ? number : 0;
+}
+
 bool is_terminal(int descriptor) { return isatty(descriptor) == 1; }
 
 }  // namespace
@@ -33,7 +43,11 @@ int default_width() {
   winsize size{};
   const bool is_known =
       is_terminal(STDOUT_FILENO) && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-  return is_known ? size.ws_col : WIDTH_WITHOUT_TERMINAL;
+  if (is_known) {
+    return size.ws_col;
+  }
+  const int columns = columns_of_environment();
+  return columns > 0 ? columns : WIDTH_WITHOUT_TERMINAL;
 }
 
 bool wants_color(ColorMode mode) {

@@ -11,7 +11,8 @@ namespace vond::standalone {
 bool input_is_terminal();
 bool errors_go_to_terminal();
 
-/// Returns the columns of the terminal that standard output is, 80 if it is none or knows no size.
+/// Returns the columns of the terminal that standard output is. If it is none or knows no size: the
+/// value of COLUMNS if that is a number of columns, 80 otherwise.
 int default_width();
 
 /// Whether standard output is to be coloured. ColorMode::AUTO colours terminals, unless NO_COLOR

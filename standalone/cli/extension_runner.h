@@ -14,7 +14,8 @@ class ExtensionRunner {
   explicit ExtensionRunner(postprocessor::PostprocessorExtensionData& data) : data_(data) {}
 
   /// Runs the libraries at `paths`, one after the other. Throws ExtensionError at the first that
-  /// fails, and std::bad_alloc at the end when any of them lacked memory.
+  /// fails, and std::bad_alloc at the end when any of them lacked memory; from
+  /// the first lack on nothing is written any more.
   void run(const std::vector<std::string>& paths);
 
  private:

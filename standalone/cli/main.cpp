@@ -3,6 +3,7 @@
 #include <string>
 #include <variant>
 
+#include "standalone/cli/early_exits.h"
 #include "standalone/cli/environment.h"
 #include "standalone/cli/exit_status.h"
 #include "standalone/cli/information_command.h"
@@ -14,9 +15,12 @@
 #include "standalone/cli/usage_error.h"
 #include "standalone/input/input_error.h"
 
-int main(int argc, char** argv) {
-  using namespace vond::standalone;
-  prepare_process();
+namespace {
+
+using namespace vond::standalone;
+
+/// Does what the command line asks for and prints what keeps it from being done.
+ExitStatus execute(int argc, char** argv) {
   try {
     const auto request = parse_options(argc, argv, input_is_terminal());
     const auto* const options = std::get_if<Options>(&request);
@@ -33,4 +37,11 @@ int main(int argc, char** argv) {
     print_message("error", error.what());
   }
   return NO_REPORT;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepare_process();
+  return allow_exit(execute(argc, argv));
 }

@@ -11,6 +11,10 @@ void count_failed_allocations();
 /// Returns how often memory was asked for in vain.
 std::size_t failed_allocations();
 
+/// Has `react` called, which must take no memory, at each allocation that fails from now on;
+/// nothing for a null pointer.
+void on_failed_allocation(void (*react)() noexcept);
+
 /// Takes no memory itself.
 void print_memory_shortage();
 

@@ -93,6 +93,16 @@ std::vector<std::string> parse_node_sets(const std::string& option,
   return names;
 }
 
+void refuse_standard_output(const std::vector<std::string>& outputs) {
+  for (const std::string& output : outputs) {
+    if (output == "-") {
+      throw UsageError(
+          "--output is \"-\", but standard output gets the report in any case; a file of that name "
+          "is \"./-\"");
+    }
+  }
+}
+
 void refuse_empty_paths(const std::string& option, const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     if (path.empty()) {

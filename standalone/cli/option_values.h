@@ -26,6 +26,8 @@ std::string parse_log_level(const std::string& option, const std::string& text);
 std::vector<std::string> parse_node_sets(const std::string& option,
                                          const std::vector<std::string>& sets);
 
+void refuse_standard_output(const std::vector<std::string>& outputs);
+
 void refuse_empty_paths(const std::string& option, const std::vector<std::string>& paths);
 
 }  // namespace vond::standalone

@@ -143,12 +143,14 @@ void CommandLine::add_input_options() {
 }
 
 void CommandLine::add_report_options() {
-  add_value("-w,--width", "N", width_,
-            "Columns of the report, 0: no wrapping (default:\nthe terminal's, else 80)");
+  add_value(
+      "-w,--width", "N", width_,
+      "Columns of the report, 0: no wrapping (default:\nthe terminal's, else COLUMNS, else 80)");
   add_value("--log-level", "NAME", log_level_,
             "Level of error reports; \"info\" and \"debug\" show\ndatabase row ids (default: "
             "warning)");
-  add_flag("--syslog", taken_as_is_.syslog, "Send error reports to the system log");
+  add_flag("--syslog", taken_as_is_.syslog,
+           "Send messages and the verdict to the system log,\ntoo");
   add_value("--color", "WHEN", color_, "Colours: auto, always or never (default: auto)");
 }
 
@@ -183,6 +185,7 @@ Options CommandLine::understand() const {
   refuse_empty_paths("FINDINGS", options.inputs);
   refuse_empty_paths("--expect-file", options.expect_files);
   refuse_empty_paths("--output", options.outputs);
+  refuse_standard_output(options.outputs);
   refuse_empty_paths("--extension", options.extensions);
   if (is_given("--definitions")) {
     refuse_empty_paths("--definitions", {definitions_});

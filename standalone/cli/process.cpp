@@ -10,12 +10,15 @@
 #include <new>
 #include <string>
 
+#include "standalone/cli/crash_signals.h"
+#include "standalone/cli/early_exits.h"
 #include "standalone/cli/exit_status.h"
 #include "standalone/cli/memory_shortage.h"
 #include "standalone/cli/message.h"
 #include "standalone/cli/output/descriptor_buffer.h"
 #include "standalone/cli/output/ending_signals.h"
 #include "standalone/cli/output/unfinished_file.h"
+#include "standalone/cli/running_extension.h"
 
 namespace vond::standalone {
 namespace {
@@ -52,7 +55,9 @@ void handle_ending_signals() {
 }
 
 void print_sudden_end(const std::string& reason) {
-  print_message("error", "the program cannot go on" + reason + "; the report is not complete");
+  const std::string extension = RunningExtension::name();
+  print_message("error", (extension.empty() ? "the program" : extension + ": the extension") +
+                             " ended in std::terminate" + reason + "; the report is not complete");
 }
 
 /// Ends the process after an exception that nobody could catch, as one in the middle of writing a
@@ -73,6 +78,7 @@ void print_sudden_end(const std::string& reason) {
   } catch (...) {
     print_sudden_end("");
   }
+  let_abort_be_silent();
   std::abort();
 }
 
@@ -85,6 +91,8 @@ void prepare_process() {
   handle_ending_signals();
   count_failed_allocations();
   std::set_terminate(end_after_terminate);
+  tell_of_crashes();
+  refuse_early_exits();
 }
 
 }  // namespace vond::standalone

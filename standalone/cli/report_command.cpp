@@ -1,7 +1,5 @@
 #include "standalone/cli/report_command.h"
 
-#include <syslog.h>
-
 #include <ctime>
 #include <filesystem>
 #include <memory>
@@ -54,7 +52,7 @@ void set_up_error_log(const Options& options) {
   log::LOG_LEVEL = vocabulary::LOG_LEVELS.at(options.log_level);
   log::LOG_OUTPUT = options.syslog ? 1 : 0;
   if (options.syslog) {
-    openlog("vond-report", LOG_PID, LOG_USER);
+    use_system_log();
   }
 }
 
@@ -126,8 +124,8 @@ ExitStatus status_of(const ReportFacts& facts) {
 
 ExitStatus write_report(const Options& options) {
   // What can be wrong is found before anything is opened, and that before the long reading.
-  refuse_to_replace_inputs(options);
   set_up_error_log(options);
+  refuse_to_replace_inputs(options);
   const std::time_t written_at = report_time();
   const RecordOptions record_options = make_record_options(options);
   const RunSources sources = make_sources(options);
@@ -137,7 +135,11 @@ ExitStatus write_report(const Options& options) {
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
   run_extensions(options, record, destinations);
-  return finish(destinations) ? status_of(report_facts()) : NO_REPORT;
+  if (!finish(destinations)) {
+    return NO_REPORT;
+  }
+  log_notice("verdict: " + verdict_word(verdict_of(report_facts())));
+  return status_of(report_facts());
 }
 
 }  // namespace vond::standalone

@@ -1,6 +1,7 @@
 #include "standalone/extensions/extension_loader.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <exception>
@@ -9,6 +10,7 @@
 #include <new>
 #include <system_error>
 
+#include "vond/contract.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 
 namespace vond::standalone {
@@ -21,28 +23,54 @@ namespace {
 using Factory = PostprocessorExtension*(PostprocessorExtensionData&);
 
 constexpr char FACTORY_NAME[] = "create";
+constexpr char CONTRACT_NAME[] = "vond_contract";
 
 struct LibraryCloser {
   void operator()(void* library) const { dlclose(library); }
 };
 using Library = std::unique_ptr<void, LibraryCloser>;
 
-Library open_library(const std::string& path) {
-  // dlopen() would search the system's folders for a bare name, and speak of a wrong file.
+/// Throws unless there is a file that may be read.
+void check_file(const std::string& path, const std::filesystem::path& file) {
   std::error_code error;
-  const std::filesystem::path file = std::filesystem::absolute(path, error);
   const auto status = std::filesystem::status(file, error);
-  if (!std::filesystem::exists(status)) {
+  if (status.type() == std::filesystem::file_type::not_found) {
     throw ExtensionError(path, "no such extension library");
   }
   if (std::filesystem::is_directory(status)) {
     throw ExtensionError(path, "is a directory, expected an extension library");
   }
+  if (!error && ::access(file.c_str(), R_OK) != 0) {
+    error.assign(errno, std::generic_category());
+  }
+  if (error) {
+    throw ExtensionError(path,
+                         "cannot be read (" + error.message() + "), expected an extension library");
+  }
+}
+
+Library open_library(const std::string& path) {
+  // dlopen() would search the system's folders for a bare name, and speak of a wrong file.
+  std::error_code error;
+  const std::filesystem::path file = std::filesystem::absolute(path, error);
+  check_file(path, file);
   Library library(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
   if (!library) {
     throw ExtensionError(path, std::string("cannot load the extension: ") + dlerror());
   }
   return library;
+}
+
+/// Throws when the library says that it was built for another contract: to call anything of it
+/// would be a crash, or worse.
+void check_contract(void* library, const std::string& path) {
+  const auto* const version = static_cast<const int*>(dlsym(library, CONTRACT_NAME));
+  if (version != nullptr && *version != VOND_CONTRACT_VERSION) {
+    throw ExtensionError(path, "was built for version " + std::to_string(*version) +
+                                   " of the contract, this program has version " +
+                                   std::to_string(VOND_CONTRACT_VERSION) +
+                                   "; build the extension anew");
+  }
 }
 
 Factory* find_factory(void* library, const std::string& path) {
@@ -72,6 +100,7 @@ auto guard(const std::string& path, const std::string& step_name, Step step) {
 
 void run_extension(const std::string& path, PostprocessorExtensionData& record) {
   const Library library = open_library(path);
+  check_contract(library.get(), path);
   Factory* const factory = find_factory(library.get(), path);
   const std::unique_ptr<PostprocessorExtension> extension(
       guard(path, "factory", [&] { return factory(record); }));

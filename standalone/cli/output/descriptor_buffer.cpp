@@ -21,21 +21,23 @@ void wait_until_writable(int descriptor) {
 
 DescriptorBuffer::DescriptorBuffer(int descriptor, Flushing flushing)
     : descriptor_(descriptor), flushing_(flushing), block_(BLOCK_SIZE) {
-  setp(block_.data(), block_.data() + block_.size());
-  all().push_back(this);
+  empty();
 }
 
-DescriptorBuffer::~DescriptorBuffer() { std::erase(all(), this); }
+void DescriptorBuffer::empty() noexcept {
+  // Without room each character comes to overflow().
+  setp(block_.data(), block_.data() + (text_has_ended_ ? 0 : block_.size()));
+}
 
-std::vector<DescriptorBuffer*>& DescriptorBuffer::all() {
-  static std::vector<DescriptorBuffer*> buffers;
-  return buffers;
+void DescriptorBuffer::end_all_texts() noexcept {
+  for_each([](DescriptorBuffer& buffer) {
+    buffer.text_has_ended_ = true;
+    buffer.drain();
+  });
 }
 
 void DescriptorBuffer::drain_all() noexcept {
-  for (DescriptorBuffer* buffer : all()) {
-    buffer->drain();
-  }
+  for_each([](DescriptorBuffer& buffer) { buffer.drain(); });
 }
 
 int DescriptorBuffer::drain() noexcept {
@@ -51,13 +53,13 @@ int DescriptorBuffer::drain() noexcept {
       error_ = errno;
     }
   }
-  setp(block_.data(), block_.data() + block_.size());
+  empty();
   return error_;
 }
 
 DescriptorBuffer::int_type DescriptorBuffer::overflow(int_type character) {
   drain();
-  if (!traits_type::eq_int_type(character, traits_type::eof())) {
+  if (!text_has_ended_ && !traits_type::eq_int_type(character, traits_type::eof())) {
     *pptr() = traits_type::to_char_type(character);
     pbump(1);
   }

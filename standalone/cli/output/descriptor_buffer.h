@@ -3,10 +3,12 @@
 #include <streambuf>
 #include <vector>
 
+#include "standalone/cli/output/listed.h"
+
 namespace vond::standalone {
 
 /// Writes to a file descriptor, which it does not own, and remembers the first error.
-class DescriptorBuffer : public std::streambuf {
+class DescriptorBuffer : public std::streambuf, private Listed<DescriptorBuffer> {
  public:
   enum class Flushing {
     /// Somebody is watching: a flush of the stream writes at once.
@@ -16,9 +18,6 @@ class DescriptorBuffer : public std::streambuf {
   };
 
   DescriptorBuffer(int descriptor, Flushing flushing);
-  ~DescriptorBuffer() override;
-  DescriptorBuffer(const DescriptorBuffer&) = delete;
-  DescriptorBuffer& operator=(const DescriptorBuffer&) = delete;
 
   /// Writes what is held back. After an error nothing is written any more. Returns error().
   int drain() noexcept;
@@ -26,8 +25,12 @@ class DescriptorBuffer : public std::streambuf {
   /// The errno of the first write that failed, 0 if none has.
   int error() const { return error_; }
 
+  /// Ends the text of all buffers of the process where it is: what comes later is dropped. Takes no
+  /// memory.
+  static void end_all_texts() noexcept;
+
   /// Writes what all buffers of the process hold back; for ends of the process that run no
-  /// destructors.
+  /// destructors. A handler of signals may call it.
   static void drain_all() noexcept;
 
  protected:
@@ -35,11 +38,14 @@ class DescriptorBuffer : public std::streambuf {
   int sync() override;
 
  private:
-  static std::vector<DescriptorBuffer*>& all();
+  void empty() noexcept;
+
+  friend Listed<DescriptorBuffer>;
 
   int descriptor_;
   Flushing flushing_;
   int error_ = 0;
+  bool text_has_ended_ = false;
   std::vector<char> block_;
 };
 

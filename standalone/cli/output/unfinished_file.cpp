@@ -18,13 +18,12 @@ UnfinishedFile::~UnfinishedFile() {
   if (exists()) {
     ::unlink(temporary_path_.c_str());
   }
-  std::erase(all(), this);
+  temporary_path_.clear();
 }
 
 int UnfinishedFile::create(const std::string& final_path) {
   std::string path = final_path + ".XXXXXX";
   const EndingSignalsHeld signals_held;
-  all().push_back(this);
   const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);
   if (descriptor >= 0) {
     temporary_path_ = std::move(path);
@@ -42,16 +41,11 @@ bool UnfinishedFile::rename_to(const std::string& final_path) {
 }
 
 void UnfinishedFile::remove_all() noexcept {
-  for (const UnfinishedFile* file : all()) {
-    if (file->exists()) {
-      ::unlink(file->temporary_path_.c_str());
+  for_each([](const UnfinishedFile& file) {
+    if (file.exists()) {
+      ::unlink(file.temporary_path_.c_str());
     }
-  }
-}
-
-std::vector<const UnfinishedFile*>& UnfinishedFile::all() {
-  static std::vector<const UnfinishedFile*> files;
-  return files;
+  });
 }
 
 }  // namespace vond::standalone

@@ -1,18 +1,17 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "standalone/cli/output/listed.h"
 
 namespace vond::standalone {
 
 /// A file that is still being written, under a temporary name beside its final one. It is removed
 /// with this object unless it has got its final name.
-class UnfinishedFile {
+class UnfinishedFile : private Listed<UnfinishedFile> {
  public:
   UnfinishedFile() = default;
   ~UnfinishedFile();
-  UnfinishedFile(const UnfinishedFile&) = delete;
-  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
   /// Makes the file, which is to become `final_path`; to be called once. Returns its descriptor,
   /// which the caller owns, or -1 and sets errno when it cannot be made.
@@ -25,11 +24,11 @@ class UnfinishedFile {
   bool rename_to(const std::string& final_path);
 
   /// Removes all files of the process that are not finished; for ends of the process that run no
-  /// destructors. A handler of one of ENDING_SIGNALS may call it.
+  /// destructors. A handler of signals may call it.
   static void remove_all() noexcept;
 
  private:
-  static std::vector<const UnfinishedFile*>& all();
+  friend Listed<UnfinishedFile>;
 
   std::string temporary_path_;
 };

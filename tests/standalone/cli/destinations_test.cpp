@@ -206,6 +206,14 @@ TEST_F(DestinationsTest, AFileThatMayNotBeWrittenIsNotReplaced) {
   EXPECT_EQ(read_file(output), "old");
 }
 
+TEST_F(DestinationsTest, ADashIsNoFileAndRefusedWithAHint) {
+  expect_error(Command({"-o", "-", findings}).in_folder(folder.path()).run(), 2,
+               "--output is \"-\", but standard output gets the report in any case; a file of that "
+               "name is \"./-\"; see vond-report --help");
+  EXPECT_EQ(Command({"-o", "./-", findings}).in_folder(folder.path()).run().status, 0);
+  EXPECT_EQ(read_file(folder / "-"), report);
+}
+
 TEST_F(DestinationsTest, AnInputIsNotReplacedByItsReport) {
   fs::create_symlink("findings", folder / "link");
   for (const std::string& output : {findings, folder / "link", folder / "outputs/../findings"}) {

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "tests/standalone/cli/command.h"
 #include "tests/standalone/cli/temporary_folder.h"
 
@@ -48,8 +50,11 @@ class MemoryTest : public ::testing::Test {
   /// Returns how much the program needs to start and to load its libraries.
   std::size_t least_memory() {
     std::size_t limit = MEBIBYTE;
-    // A report on nothing is doubtful, which is status 1.
-    while (Command({}).memory_limit(limit).run().status != 1) {
+    while (Command({}).input(R"({"id": "a", "severity": 10})").memory_limit(limit).run().status !=
+           0) {
+      if (limit > MOST_MEMORY) {
+        throw std::runtime_error("the program does not start");
+      }
       limit += MEBIBYTE / 2;
     }
     return limit;
@@ -75,6 +80,45 @@ TEST_F(MemoryTest, AMessageThatIsLargerThanAllElse) {
 
 TEST_F(MemoryTest, ManyNodes) {
   expect_all_or_nothing(R"({"id": "a", "severity": 90, "nodes": "n[1-20000]"})");
+}
+
+TEST_F(MemoryTest, EachAllocationOfAnExtensionMayFail) {
+  const std::string path = folder.write(
+      "findings", R"({"id": "a", "severity": 90, "nodes": "n[1-40]", "message": "A message."})");
+  const std::string end = "End of report.";
+  const std::string report = run({path}).output;
+  ASSERT_NE(report.find(end), std::string::npos);
+  constexpr int MOST_ALLOCATIONS = 100000;
+  int number = 1;
+  for (; number < MOST_ALLOCATIONS; number += number < 20 ? 1 : 7) {
+    const Outcome outcome = Command({path, "-o", folder / "output"})
+                                .environment("LD_PRELOAD", LACKS_MEMORY_PATH)
+                                .environment("FAILING_ALLOCATION", std::to_string(number))
+                                .run();
+    if (outcome.status == 1) {
+      EXPECT_EQ(outcome.output, report);
+      break;
+    }
+    EXPECT_EQ(outcome.status, 3) << number;
+    EXPECT_NE(outcome.errors, "") << number;
+    EXPECT_EQ(outcome.output.find(end), std::string::npos) << number;
+    EXPECT_EQ(outcome.output, report.substr(0, outcome.output.size())) << number;
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"findings"}) << number;
+  }
+  EXPECT_GT(number, 100);
+  EXPECT_LT(number, MOST_ALLOCATIONS);
+}
+
+TEST_F(MemoryTest, NoTextFollowsAShortageThatAnExtensionSwallows) {
+  const std::string findings = folder.write("findings", R"({"id": "a", "severity": 10})");
+  for (const char* color : {"never", "always"}) {
+    const Outcome outcome = run({"-e", SWALLOWS_SHORTAGE_PATH, "-e", PRINTS_A_LINE_PATH, "--color",
+                                 color, "-o", folder / "output", findings});
+    EXPECT_EQ(outcome.output, "before the shortage\n");
+    EXPECT_EQ(outcome.errors, "vond-report: error: out of memory; the report is not complete\n");
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"findings"});
+  }
 }
 
 }  // namespace

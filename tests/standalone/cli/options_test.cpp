@@ -39,10 +39,11 @@ Options:
   --expect-file FILE          The same from a file: node sets a line, #
                               begins a comment; may be repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:
-                              the terminal's, else 80)
+                              the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
                               database row ids (default: warning)
-  --syslog                    Send error reports to the system log
+  --syslog                    Send messages and the verdict to the system log,
+                              too
   --color WHEN                Colours: auto, always or never (default: auto)
   -o,--output FILE            A further destination; may be repeated
   -e,--extension FILE         An output extension to run; may be repeated

@@ -52,6 +52,32 @@ TEST_F(TerminalTest, TheTerminalsWidthIsTheReports) {
             report_of_width("50"));
 }
 
+TEST_F(TerminalTest, WithoutATerminalOrItsSizeTheWidthIsThatOfColumns) {
+  EXPECT_EQ(Command({}).environment("COLUMNS", "50").input(FINDING).run().output,
+            report_of_width("50"));
+  Command terminal({"--color", "never"});
+  terminal.output_terminal(0).environment("COLUMNS", "50").input(FINDING);
+  EXPECT_EQ(terminal.run().output, report_of_width("50"));
+}
+
+TEST_F(TerminalTest, ATerminalThatKnowsItsSizeGoesBeforeColumns) {
+  EXPECT_EQ(on_terminal({"--color", "never"}).environment("COLUMNS", "50").run().output,
+            report_of_width("100"));
+}
+
+TEST_F(TerminalTest, AWidthThatIsGivenGoesBeforeColumns) {
+  EXPECT_EQ(Command({"-w", "40"}).environment("COLUMNS", "50").input(FINDING).run().output,
+            report_of_width("40"));
+}
+
+TEST_F(TerminalTest, ColumnsThatAreNoNumberOfColumnsAreIgnored) {
+  for (const char* columns : {"", "0", "-5", "50x", " 50", "many", "99999999999999999999"}) {
+    EXPECT_EQ(Command({}).environment("COLUMNS", columns).input(FINDING).run().output,
+              report_of_width("80"))
+        << columns;
+  }
+}
+
 TEST_F(TerminalTest, AWidthThatIsGivenGoesBeforeTheTerminals) {
   EXPECT_EQ(on_terminal({"--color", "never", "-w", "40"}).run().output, report_of_width("40"));
 }

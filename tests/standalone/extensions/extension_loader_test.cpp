@@ -13,6 +13,7 @@
 #include "standalone/libvond_host/current_facts.h"
 #include "tests/support/captured_output_log.h"
 #include "tests/support/records.h"
+#include "vond/contract.h"
 
 namespace {
 
@@ -80,8 +81,7 @@ class ExtensionLoader : public testing::Test {
   PostprocessorExtensionData record_;
 };
 
-// ---- Extensions that work
-// ----------------------------------------------------------------------
+// ---- Extensions that work ---------------------------------------------------------------------
 
 TEST_F(ExtensionLoader, RunsTheTextReportAndClosesIt) {
   const vond::test::CapturedOutputLog output;
@@ -130,8 +130,7 @@ TEST_F(ExtensionLoader, TakesAnyFileName) {
   EXPECT_EQ(load("no ending \xC3\xA4"), "");
 }
 
-// ---- Files that are no extension
-// ---------------------------------------------------------------
+// ---- Files that are no extension --------------------------------------------------------------
 
 TEST_F(ExtensionLoader, TellsThatThereIsNoSuchFile) {
   EXPECT_EQ(load("/no/such/folder/extension.so"),
@@ -173,8 +172,40 @@ TEST_F(ExtensionLoader, RefusesALibraryThatLacksAFunctionBeforeItRunsAnything) {
   EXPECT_THAT(events(), IsEmpty());
 }
 
-// ---- Libraries with a fault
-// --------------------------------------------------------------------
+TEST_F(ExtensionLoader, TellsThatAFileThatIsThereCannotBeReached) {
+  fs::create_symlink("circle.so", "circle.so");
+  EXPECT_EQ(load("circle.so"),
+            "circle.so: cannot be read (Too many levels of symbolic links), expected an extension "
+            "library");
+}
+
+TEST_F(ExtensionLoader, TellsThatAFileMayNotBeRead) {
+  if (geteuid() == 0) {
+    GTEST_SKIP() << "root may read everything";
+  }
+  fs::copy_file(EXTENSION_THAT_WORKS_PATH, "secret.so");
+  fs::permissions("secret.so", fs::perms::none);
+  EXPECT_EQ(load("secret.so"),
+            "secret.so: cannot be read (Permission denied), expected an extension library");
+}
+
+// ---- Contracts --------------------------------------------------------------------------------
+
+TEST_F(ExtensionLoader, RefusesAnotherContractBeforeTheFactoryIsCalled) {
+  const std::string path = EXTENSION_OF_ANOTHER_CONTRACT_PATH;
+  EXPECT_EQ(load(path), path + ": was built for version " +
+                            std::to_string(VOND_CONTRACT_VERSION + 1) +
+                            " of the contract, this program has version " +
+                            std::to_string(VOND_CONTRACT_VERSION) + "; build the extension anew");
+  EXPECT_FALSE(is_loaded(path));
+}
+
+TEST_F(ExtensionLoader, RunsAnExtensionOfItsOwnContract) {
+  EXPECT_EQ(load(EXTENSION_OF_THIS_CONTRACT_PATH), "");
+  EXPECT_THAT(events(), ElementsAre("created", "run", "deleted", "library closed"));
+}
+
+// ---- Libraries with a fault --------------------------------------------------------------------
 
 TEST_F(ExtensionLoader, TellsThatALibraryHasNoFactory) {
   const std::string path = EXTENSION_WITHOUT_FACTORY_PATH;

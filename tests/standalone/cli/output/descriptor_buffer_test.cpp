@@ -84,6 +84,17 @@ TEST_F(DescriptorBufferTest, AllBuffersThatLiveAreDrainedTogether) {
   EXPECT_EQ(written(), "first second");
 }
 
+TEST_F(DescriptorBufferTest, WhatComesAfterTheEndOfAllTextsIsDropped) {
+  DescriptorBuffer buffer(descriptor.number(), DescriptorBuffer::Flushing::AT_ONCE);
+  std::ostream stream(&buffer);
+  stream << "text";
+  DescriptorBuffer::end_all_texts();
+  stream << "more" << std::string(MORE_THAN_A_BLOCK, 'x') << std::flush;
+  EXPECT_TRUE(stream.good());
+  EXPECT_EQ(buffer.drain(), 0);
+  EXPECT_EQ(written(), "text");
+}
+
 TEST(OwnedDescriptor, IsClosedWithTheObjectAndNotTwice) {
   int number = -1;
   {
