@@ -208,7 +208,7 @@ LineCounts count_lines(std::string_view input) {
 
 /// A reader that ends at the first bad line has found the same up to there.
 void check_early_end(std::string_view input, const Reading& all) {
-  const Reading start = read(input, {.keep_going = false});
+  const Reading start = read(input, {.is_strict = true});
   expect(start.ended_early == (all.rejected != 0), "a bad line to end the reading", input);
   expect(start.lines.size() <= all.lines.size() &&
              std::equal(start.lines.begin(), start.lines.end(), all.lines.begin()),
@@ -222,7 +222,7 @@ void check_early_end(std::string_view input, const Reading& all) {
 }
 
 void check_short_limit(std::string_view input, const LineCounts& counts) {
-  const Reading reading = read(input, {.keep_going = true, .longest_line = SHORT_LIMIT});
+  const Reading reading = read(input, {.longest_line = SHORT_LIMIT});
   expect(reading.rejected >= counts.too_long, "lines that are too long to be left out", input);
 }
 
@@ -232,7 +232,7 @@ void check_second_reading(const Reading& first) {
   for (const std::string& line : first.lines) {
     text += line + "\n";
   }
-  const Reading second = read(text, {.keep_going = false});
+  const Reading second = read(text, {.is_strict = true});
   if (second.ended_early) {
     fail(second.errors.front(), text);
   }
@@ -253,7 +253,7 @@ void check_repetition(std::string_view input, const Reading& first) {
     text.append(input).append(line_end);
     lines.insert(lines.end(), first.lines.begin(), first.lines.end());
   }
-  const Reading all = read(text, {.keep_going = true});
+  const Reading all = read(text, {});
   expect_same("repeated lines to tell the same", all.lines, lines);
   expect(all.rejected == 3 * first.rejected, "repeated lines to be rejected as often", input);
 }
@@ -266,7 +266,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   const LineCounts counts = count_lines(input);
-  const Reading all = read(input, {.keep_going = true});
+  const Reading all = read(input, {});
   expect(!all.ended_early, "the reader to keep going", input);
   expect(all.usable_and_rejected() == counts.not_blank,
          "a finding or an error for every line that is not blank", input);
@@ -275,6 +275,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check_short_limit(input, counts);
   check_second_reading(all);
   check_repetition(input, all);
-  read(input, {.keep_going = true, .definitions_are_paths = true});
+  read(input, {.definitions_are_paths = true});
   return 0;
 }

@@ -74,7 +74,7 @@ class Input : public FindingsSink {
   Input(std::string_view text, bool definitions_are_paths) {
     static MemoryFile file;
     FindingsReader reader(*this,
-                          {.keep_going = true, .definitions_are_paths = definitions_are_paths});
+                          {.definitions_are_paths = definitions_are_paths});
     reader.read(file.holding(text));
     lines_rejected_ = reader.rejected().count;
   }

@@ -71,7 +71,7 @@ RecordOptions make_record_options(const Options& options) {
 
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
-          .keep_going = options.keep_going,
+          .is_strict = options.is_strict,
           .definitions_are_paths = !options.definitions.has_value(),
           .examined = options.examined,
           .expected = options.expected};

@@ -4,6 +4,7 @@
 
 #include "standalone/findings/finding_keys.h"
 #include "standalone/findings/finding_parser.h"
+#include "standalone/findings/input_guess.h"
 #include "standalone/input/input_file.h"
 #include "standalone/json/parsing_fault.h"
 #include "standalone/json/white_space.h"
@@ -38,15 +39,18 @@ FindingsReader::FindingsReader(FindingsSink& sink, ReadingOptions options)
 
 FindingsReader::~FindingsReader() = default;
 
-void FindingsReader::read(const std::string& path) {
+FileOutcome FindingsReader::read(const std::string& path) {
   InputFile file(path, "a file of findings");
   LineReader lines(file, options_.longest_line);
   const std::size_t bytes_before = bytes_read_;
+  const std::size_t rejected_before = rejected_.count;
+  FileOutcome outcome;
   LineReader::Line line;
   while (lines.next(line)) {
     bytes_read_ = bytes_before + lines.bytes_read();
     if (const Finding* repeated = repeated_.find(line.text)) {
       sink_.finding(*repeated);
+      ++outcome.usable_lines;
       continue;
     }
     if (!line.is_too_long && without_white_space(line.text).empty()) {
@@ -54,8 +58,15 @@ void FindingsReader::read(const std::string& path) {
     }
     if (is_usable(file.name(), line)) {
       deliver(file.name(), line);
+      ++outcome.usable_lines;
     }
   }
+  outcome.rejected_lines = rejected_.count - rejected_before;
+  if (outcome.usable_lines == 0 && outcome.rejected_lines != 0) {
+    outcome.complaint =
+        complaint_about_useless(file.name(), outcome.rejected_lines, lines.beginning());
+  }
+  return outcome;
 }
 
 std::vector<std::string> FindingsReader::warnings() const { return unknown_keys_.warnings(); }
@@ -66,7 +77,7 @@ bool FindingsReader::is_usable(const std::string& file, const LineReader::Line& 
     parse(file, line);
     return true;
   } catch (const InputError& error) {
-    if (!options_.keep_going) {
+    if (options_.is_strict) {
       throw;
     }
     reject(error);

@@ -14,11 +14,34 @@ constexpr char GOOD_LINE[] = "{\"id\": \"good\", \"severity\": 10}\n";
 
 class InputTest : public ::testing::Test {
  protected:
-  /// Expects that a file of findings that holds `text` is refused.
+  /// Expects that a file of findings that holds `text` is refused in strict reading.
   void expect_bad_findings(const std::string& text, const std::string& message) {
     const std::string path = folder.write("findings", text);
-    expect_error(run({path}), 2, path + message);
-    expect_error(Command({}).input(text).run(), 2, "<stdin>" + message);
+    expect_error(run({"--strict", path}), 2, path + message);
+    expect_error(Command({"--strict"}).input(text).run(), 2, "<stdin>" + message);
+  }
+
+  /// Expects that a file that holds `text` is of no use, with the hint `hint`, and so is one beside
+  /// it that is.
+  void expect_useless(const std::string& text, const std::string& hint) {
+    const std::string path = folder.write("useless", text);
+    const Outcome alone = run({path});
+    EXPECT_EQ(alone.output, "");
+    EXPECT_EQ(alone.status, 2);
+    EXPECT_EQ(last_line(alone.errors), "vond-report: error: " + path + ": " + hint + "\n");
+    const Outcome of_two = run({folder.write("good", GOOD_LINE), path});
+    EXPECT_EQ(of_two.errors, alone.errors);
+    EXPECT_EQ(of_two.status, 1);
+    EXPECT_TRUE(tells(of_two, "  1 input without a line that could be used: "));
+    EXPECT_TRUE(tells(of_two, "Verdict: UNKNOWN: "));
+  }
+
+  static bool tells(const Outcome& outcome, const std::string& text) {
+    return outcome.output.find(text) != std::string::npos;
+  }
+
+  static std::string last_line(const std::string& text) {
+    return text.substr(text.rfind('\n', text.size() - 2) + 1);
   }
 
   /// Expects that a file of definitions that holds `text` is refused.
@@ -30,7 +53,7 @@ class InputTest : public ::testing::Test {
   TemporaryFolder folder;
 };
 
-TEST_F(InputTest, OneMessageAndNoReportForALineThatCannotBeUsed) {
+TEST_F(InputTest, StrictReadingGivesOneMessageAndNoReportForALineThatCannotBeUsed) {
   expect_bad_findings("{\"id\": \"a\"}\n",
                       ":1:1: the key \"severity\" is missing, expected it in every finding");
   expect_bad_findings(
@@ -66,10 +89,10 @@ TEST_F(InputTest, AFileThatMayNotBeReadIsNamed) {
                path + ": cannot be opened (Permission denied), expected a file of findings");
 }
 
-TEST_F(InputTest, AFaultInALaterFileLeavesNoReportEither) {
+TEST_F(InputTest, AFaultInALaterFileLeavesNoReportEitherInStrictReading) {
   const std::string good = folder.write("good", GOOD_LINE);
   const std::string bad = folder.write("bad", "{");
-  const Outcome outcome = run({good, bad});
+  const Outcome outcome = run({"--strict", good, bad});
   EXPECT_EQ(outcome.output, "");
   EXPECT_EQ(outcome.status, 2);
 }
@@ -114,52 +137,105 @@ TEST_F(InputTest, UnknownKeysOfDefinitionsAreWarnedOf) {
   EXPECT_EQ(outcome.status, 0);
 }
 
-TEST_F(InputTest, KeepGoingTellsTheFirst20LinesAndCountsTheOthers) {
-  std::string input = GOOD_LINE;
+std::string repeated(const std::string& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) {
+    all += text;
+  }
+  return all;
+}
+
+TEST_F(InputTest, OfLinesLeftOutTheFirstTenOfAllInputsAreToldAndTheOthersCounted) {
+  const std::string first = folder.write("first", GOOD_LINE + repeated("{}\n", 4));
+  const std::string second = folder.write("second", repeated("{}\n", 8) + GOOD_LINE);
+  const Outcome outcome = run({first, second});
   std::string messages;
-  for (int line = 2; line <= 23; ++line) {
-    input += "{}\n";
-    if (line > 21) {
-      continue;
-    }
-    messages += "vond-report: error: <stdin>:" + std::to_string(line) +
+  for (int i = 0; i < 10; ++i) {
+    const std::string place =
+        i < 4 ? first + ":" + std::to_string(i + 2) : second + ":" + std::to_string(i - 3);
+    messages += "vond-report: error: " + place +
                 ":1: the key \"id\" is missing, expected it in every finding\n";
   }
-  const Outcome outcome = Command({"--keep-going"}).input(input + GOOD_LINE).run();
   EXPECT_EQ(outcome.errors,
             messages + "vond-report: error: and 2 more lines that cannot be used\n");
-  EXPECT_NE(outcome.output.find("  22 lines of input were left out"), std::string::npos);
-  EXPECT_NE(outcome.output.find("Verdict: UNKNOWN: 22 lines of input were left out\n"),
-            std::string::npos);
-  EXPECT_EQ(outcome.status, 2);
+  EXPECT_TRUE(tells(outcome, "  12 lines of input were left out:\n"));
+  EXPECT_TRUE(tells(outcome, "    and 7 more\n"));
+  EXPECT_TRUE(tells(outcome, "Verdict: UNKNOWN: 12 lines of input were left out\n"));
+  EXPECT_EQ(outcome.status, 1);
 }
 
-TEST_F(InputTest, KeepGoingTellsOneMoreLineInTheSingular) {
-  std::string input;
-  for (int line = 1; line <= 21; ++line) {
-    input += "{}\n";
-  }
-  const std::string errors = Command({"--keep-going"}).input(input).run().errors;
-  EXPECT_EQ(errors.substr(errors.rfind("vond-report")),
-            "vond-report: error: and 1 more line that cannot be used\n");
+TEST_F(InputTest, OneMoreLineIsToldInTheSingular) {
+  const std::string errors = Command({}).input(GOOD_LINE + repeated("{}\n", 11)).run().errors;
+  EXPECT_EQ(last_line(errors), "vond-report: error: and 1 more line that cannot be used\n");
 }
 
-TEST_F(InputTest, KeepGoingWithoutABadLineChangesNothing) {
-  const Outcome outcome = Command({"--keep-going"}).input(GOOD_LINE).run();
+TEST_F(InputTest, StrictReadingOfGoodLinesChangesNothing) {
+  const Outcome outcome = Command({"--strict"}).input(GOOD_LINE).run();
   EXPECT_EQ(outcome.output, Command({}).input(GOOD_LINE).run().output);
   EXPECT_EQ(outcome.errors, "");
   EXPECT_EQ(outcome.status, 0);
 }
 
-TEST_F(InputTest, KeepGoingDoesNotHelpAFileThatCannotBeRead) {
-  expect_error(run({"--keep-going", "no/such/file"}), 2,
-               "no/such/file: cannot be opened (No such file or directory), expected a file of "
-               "findings");
+TEST_F(InputTest, AReportThatIsNotCompleteIsWorseThanALineLeftOut) {
+  const Outcome outcome =
+      Command({}).input(std::string(GOOD_LINE) + "{}\n").output_file("/dev/full").run();
+  EXPECT_EQ(outcome.status, 3);
 }
 
-TEST_F(InputTest, AReportThatIsNotCompleteIsWorseThanALineLeftOut) {
-  const Outcome outcome = Command({"--keep-going"}).input("{}\n").output_file("/dev/full").run();
-  EXPECT_EQ(outcome.status, 3);
+TEST_F(InputTest, InputWithoutOneLineThatCanBeUsedGivesNoReport) {
+  expect_useless("{}\n", "its one line cannot be used");
+  expect_useless("\n{}\n \nbad\n", "none of its 2 lines can be used");
+  EXPECT_EQ(Command({}).input("bad\n").run().errors,
+            "vond-report: error: <stdin>:1:1: found \"bad\", expected a JSON value\n"
+            "vond-report: error: <stdin>: its one line cannot be used\n");
+}
+
+TEST_F(InputTest, BlankLinesAreNoReasonToRefuseAnInput) {
+  EXPECT_EQ(Command({}).input("\n \t\r\n").run().errors, "");
+  EXPECT_EQ(Command({}).input("\n \t\r\n").run().status, Command({}).run().status);
+}
+
+TEST_F(InputTest, ALineAboutExaminedNodesIsOneThatCanBeUsed) {
+  const Outcome outcome = Command({}).input("{}\n{\"examined\": \"n1\"}\n").run();
+  EXPECT_TRUE(tells(outcome, "1 line of input was left out"));
+  EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(InputTest, TwoInputsWithoutOneLineThatCanBeUsedAreBothNamed) {
+  const std::string array = folder.write("array", "[{}]");
+  const std::string csv = folder.write("csv", "id,severity\na,1\n");
+  const Outcome outcome = run({array, csv});
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_NE(outcome.errors.find("error: " + array +
+                                ": its one line cannot be used; it seems to be "
+                                "a JSON array: jq -c '.[]' " +
+                                array + " | vond-report\n"),
+            std::string::npos);
+  EXPECT_EQ(last_line(outcome.errors), "vond-report: error: " + csv +
+                                           ": none of its 2 lines can be used; it seems to be CSV, "
+                                           "expected a JSON object a line\n");
+}
+
+TEST_F(InputTest, WhatAUselessInputSeemsToBeIsTold) {
+  const std::string path = folder.path() + "/useless";
+  expect_useless("[\n  {\"id\": \"a\"}\n]\n",
+                 "none of its 3 lines can be used; it seems to be a JSON array: jq -c '.[]' " +
+                     path + " | vond-report");
+  expect_useless(
+      "{\n  \"id\": \"a\"\n}\n",
+      "none of its 3 lines can be used; it seems to be JSON over several lines: jq -c . " + path +
+          " | vond-report");
+  expect_useless(R"({"definitions": [{"name": "a"}]})",
+                 "its one line cannot be used; it seems to be a file of definitions: vond-report "
+                 "-d " +
+                     path + " FINDINGS");
+  expect_useless("\xFF\xFE{",
+                 "its one line cannot be used; it seems to be UTF-16: iconv -t UTF-8 -f UTF-16 " +
+                     path + " | vond-report");
+  expect_useless("\x1F\x8B\x08 compressed",
+                 "its one line cannot be used; it seems to be compressed with gzip: zcat " + path +
+                     " | vond-report");
 }
 
 TEST_F(InputTest, TheStatusIsTheVerdicts) {

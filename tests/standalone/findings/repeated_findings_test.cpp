@@ -70,7 +70,7 @@ struct Reading {
 Reading read(const std::string& content) {
   const TestFile file(content);
   Recorder recorder;
-  FindingsReader reader(recorder, {.keep_going = true});
+  FindingsReader reader(recorder);
   reader.read(file.path());
   Reading reading{recorder.texts, {}, {}, recorder.wordings};
   for (const InputError& error : reader.rejected().errors) {

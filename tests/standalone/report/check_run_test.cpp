@@ -114,7 +114,7 @@ TEST(CheckRun, ALineThatCannotBeUsedEndsTheReading) {
 
 TEST(CheckRun, ToldToKeepGoingItLeavesOutLinesAndTellsOfThem) {
   const TestFile file("{}\n" + finding("a", "n1") + "bad\n");
-  const auto run = read_run({.findings = {file.path()}, .keep_going = true});
+  const auto run = read_run({.findings = {file.path()}});
   EXPECT_EQ(run->rejected_lines().count, 2U);
   ASSERT_EQ(run->rejected_lines().errors.size(), 2U);
   EXPECT_EQ(file.without_path(run->rejected_lines().errors[0].what()),

@@ -37,7 +37,7 @@ TEST(FactsOfRun, TellWhatWasRead) {
       "{\"id\": \"a\", \"severity\": 1, \"nodes\": \"n[1-3]\"}\n"
       "{\"id\": \"b\", \"severity\": 1, \"nodes\": \"n1\"}\n"
       "bad\n");
-  const ReportFacts facts = read_facts({.findings = {file.path()}, .keep_going = true});
+  const ReportFacts facts = read_facts({.findings = {file.path()}});
   ASSERT_EQ(facts.inputs.size(), 1U);
   EXPECT_EQ(facts.inputs[0].name, file.path());
   EXPECT_EQ(facts.findings_read, 2U);
