@@ -68,10 +68,10 @@ std::unique_ptr<CheckRun> read_run_with_progress(const RunSources& sources) {
 
 }  // namespace
 
-std::vector<DefinitionSpec> read_definitions_with_messages(const std::string& path) {
+DefinitionsFile read_definitions_with_messages(const std::string& path) {
   DefinitionsFile file = read_definitions(path);
   print_warnings(file.warnings);
-  return std::move(file.roots);
+  return file;
 }
 
 std::unique_ptr<CheckRun> read_run_with_messages(const RunSources& sources) {

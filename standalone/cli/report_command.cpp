@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "standalone/cli/destinations.h"
@@ -56,15 +57,17 @@ void set_up_error_log(const Options& options) {
   }
 }
 
-/// Reads the definitions, too.
-RecordOptions make_record_options(const Options& options) {
+/// Reads the definitions, too, and adds what was odd about them to `warnings`.
+RecordOptions make_record_options(const Options& options, std::vector<std::string>& warnings) {
   RecordOptions record_options;
   record_options.collapse_by = options.collapse_by;
   record_options.fail_threshold = options.fail_threshold;
   record_options.line_width = options.width ? *options.width : default_width();
   record_options.log_level = options.log_level;
   if (options.definitions) {
-    record_options.definitions = read_definitions_with_messages(*options.definitions);
+    DefinitionsFile file = read_definitions_with_messages(*options.definitions);
+    record_options.definitions = std::move(file.roots);
+    warnings = std::move(file.warnings);
   }
   return record_options;
 }
@@ -116,12 +119,14 @@ ExitStatus write_report(const Options& options) {
   refuse_to_replace_inputs(options);
   set_up_error_log(options);
   const std::time_t written_at = report_time();
-  const RecordOptions record_options = make_record_options(options);
+  std::vector<std::string> warnings;
+  const RecordOptions record_options = make_record_options(options, warnings);
   Destinations destinations(options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(make_sources(options));
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
+  report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
   run_extensions(options, record, destinations);
   return finish(destinations) ? status_of(report_facts()) : NO_REPORT;
 }

@@ -3,11 +3,11 @@
 #include <optional>
 
 #include "standalone/findings/finding_keys.h"
-#include "standalone/findings/finding_parser.h"
 #include "standalone/findings/input_guess.h"
+#include "standalone/findings/line_parser.h"
 #include "standalone/input/input_file.h"
-#include "standalone/json/parsing_fault.h"
 #include "standalone/json/white_space.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 
@@ -24,6 +24,10 @@ struct Place {
   const std::string& file;
   const LineReader::Line& line;
 
+  std::string text(std::size_t offset) const {
+    return file + ":" + std::to_string(line.number) + ":" + std::to_string(line.column + offset);
+  }
+
   InputError error(std::size_t offset, const std::string& message) const {
     return {file, line.number, line.column + offset, message};
   }
@@ -34,7 +38,7 @@ struct Place {
 FindingsReader::FindingsReader(FindingsSink& sink, ReadingOptions options)
     : sink_(sink),
       options_(options),
-      parser_(std::make_unique<FindingParser>(options.definitions_are_paths)),
+      parser_(std::make_unique<LineParser>(options.definitions_are_paths)),
       unknown_keys_(finding_key_names()) {}
 
 FindingsReader::~FindingsReader() = default;
@@ -69,7 +73,14 @@ FileOutcome FindingsReader::read(const std::string& path) {
   return outcome;
 }
 
-std::vector<std::string> FindingsReader::warnings() const { return unknown_keys_.warnings(); }
+std::vector<std::string> FindingsReader::warnings() const {
+  std::vector<std::string> messages = unknown_keys_.warnings();
+  for (const MendedLines& lines : mended_lines_) {
+    messages.push_back(lines.first_place + ": found bytes that are not UTF-8, which are shown as " +
+                       "\\xe9 (" + count_of(lines.count, "line", "lines") + ")");
+  }
+  return messages;
+}
 
 /// Reads `line`; false when it was rejected.
 bool FindingsReader::is_usable(const std::string& file, const LineReader::Line& line) {
@@ -92,25 +103,39 @@ void FindingsReader::parse(const std::string& file, const LineReader::Line& line
     throw place.error(0, "the line is longer than " + size_text(options_.longest_line) +
                              ", expected one finding a line");
   }
-  const std::optional<JsonFault> fault =
-      find_parsing_fault(line.text, "line", [&] { parser_->parse(line.text); });
-  if (fault) {
+  if (const std::optional<JsonFault> fault = parser_->parse(line.text)) {
     throw place.error(fault->offset, fault->message);
   }
 }
 
 /// Hands on what was read from `line`.
 void FindingsReader::deliver(const std::string& file, const LineReader::Line& line) {
-  for (const UnknownKey& unknown : parser_->unknown_keys()) {
-    const auto offset = static_cast<std::size_t>(unknown.where - line.text.data());
+  const FindingParser& result = parser_->result();
+  for (const UnknownKey& unknown : result.unknown_keys()) {
+    const std::size_t offset = parser_->offset_of(unknown.where);
     unknown_keys_.add(unknown.key, file, line.number, line.column + offset);
   }
-  if (parser_->kind() == FindingParser::Kind::FINDING) {
-    sink_.finding(parser_->finding());
-    repeated_.learn(line.text, *parser_);
-  } else {
-    sink_.examined(parser_->examined());
+  note_mended_bytes(file, line);
+  if (result.kind() == FindingParser::Kind::EXAMINED) {
+    sink_.examined(result.examined());
+    return;
   }
+  sink_.finding(result.finding());
+  if (parser_->is_as_it_stands()) {
+    repeated_.learn(line.text, result);
+  }
+}
+
+void FindingsReader::note_mended_bytes(const std::string& file, const LineReader::Line& line) {
+  const std::optional<std::size_t> offset = parser_->first_mended_byte();
+  if (!offset) {
+    return;
+  }
+  if (mended_lines_.empty() || mended_lines_.back().file != file) {
+    const Place place{file, line};
+    mended_lines_.push_back({file, place.text(*offset), 0});
+  }
+  ++mended_lines_.back().count;
 }
 
 void FindingsReader::reject(const InputError& error) {

@@ -14,7 +14,7 @@
 
 namespace vond::standalone {
 
-class FindingParser;
+class LineParser;
 
 /// Takes what the lines of the input tell, in input order. Views live until the call returns.
 class FindingsSink {
@@ -68,8 +68,8 @@ class FindingsReader {
   /// cannot be read and, in strict reading, when a line cannot be used.
   FileOutcome read(const std::string& path);
 
-  /// One message per unknown key, in the order of their first places, for the user to see as
-  /// warnings: "FILE:LINE:COLUMN: unknown key …".
+  /// For the user to see as warnings: "FILE:LINE:COLUMN: …". One message per unknown key, in the
+  /// order of their first places, then one per file with bytes that are not UTF-8.
   std::vector<std::string> warnings() const;
 
   /// What was left out of all files; nothing in strict reading.
@@ -79,16 +79,27 @@ class FindingsReader {
   std::size_t bytes_read() const noexcept { return bytes_read_; }
 
  private:
+  /// The lines of a file that hold bytes that are not UTF-8.
+  struct MendedLines {
+    std::string file;
+    /// FILE:LINE:COLUMN of the first such byte.
+    std::string first_place;
+    std::size_t count = 0;
+  };
+
   bool is_usable(const std::string& file, const LineReader::Line& line);
   void parse(const std::string& file, const LineReader::Line& line);
   void deliver(const std::string& file, const LineReader::Line& line);
+  void note_mended_bytes(const std::string& file, const LineReader::Line& line);
   void reject(const InputError& error);
 
   FindingsSink& sink_;
   ReadingOptions options_;
-  std::unique_ptr<FindingParser> parser_;
+  std::unique_ptr<LineParser> parser_;
   RepeatedFindings repeated_;
   UnknownKeys unknown_keys_;
+  /// Of the files that have such lines.
+  std::vector<MendedLines> mended_lines_;
   RejectedLines rejected_;
   std::size_t bytes_read_ = 0;
 };

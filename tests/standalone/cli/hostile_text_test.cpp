@@ -165,9 +165,7 @@ TEST_P(HostileTextTest, NoEscapedCharacterComesOut) { feed_all(json_escape); }
 TEST_P(HostileTextTest, BytesThatAreNoUtf8DoNotComeOut) {
   for (const char* bytes :
        {"\x80", "\x9B", "\xC0\x9B", "\xC2", "\xED\xA0\x80", "\xF5\x80\x80\x80"}) {
-    const Outcome outcome = Command({}).input(line(bytes)).run();
-    expect_harmless(outcome);
-    EXPECT_EQ(outcome.status, 2);
+    expect_harmless(Command({}).input(line(bytes)).run());
   }
 }
 

@@ -64,9 +64,9 @@ TEST_F(InputTest, StrictReadingGivesOneMessageAndNoReportForALineThatCannotBeUse
                       ":2:1: the line is an array, expected an object with the keys of a finding");
 }
 
-TEST_F(InputTest, AByteThatIsNoTextIsNamedInTheWholeMessage) {
-  expect_bad_findings("{\"id\": \"a\x80\"}\n",
-                      ":1:10: found the byte 0x80, expected text in UTF-8");
+TEST_F(InputTest, AByteThatIsNoTextIsNamedWhereNothingCanStandForIt) {
+  expect_bad_findings("{\"id\": \"a\"\x80}\n",
+                      ":1:11: found the byte 0x80, expected text in UTF-8");
 }
 
 TEST_F(InputTest, AFileThatCannotBeReadIsNamed) {
@@ -134,6 +134,7 @@ TEST_F(InputTest, UnknownKeysOfDefinitionsAreWarnedOf) {
   EXPECT_EQ(outcome.errors, "vond-report: warning: " + path +
                                 ":1:32: unknown key \"skiped\" is ignored (once); did you mean "
                                 "\"skipped\"?\n");
+  EXPECT_TRUE(tells(outcome, "  1 warning:\n"));
   EXPECT_EQ(outcome.status, 0);
 }
 
@@ -238,8 +239,91 @@ TEST_F(InputTest, WhatAUselessInputSeemsToBeIsTold) {
                      " | vond-report");
 }
 
+TEST_F(InputTest, WarningsStandInTheReportToo) {
+  const std::string line = "{\"id\": \"a\", \"severity\": 1, \"node\": \"n1\"}\n";
+  const Outcome outcome = Command({"-w", "0"}).input(line).run();
+  const std::string warning =
+      "<stdin>:1:28: unknown key \"node\" is ignored (once); did you mean \"nodes\"?\n";
+  EXPECT_EQ(outcome.errors, "vond-report: warning: " + warning);
+  EXPECT_TRUE(tells(outcome, "  1 warning:\n    " + warning));
+}
+
+TEST_F(InputTest, BytesThatAreNotUtf8AreShownAndWarnedOfOnceAnInput) {
+  const std::string line = "{\"id\": \"caf\xE9\", \"severity\": 1, \"nodes\": \"n1\"}\n";
+  const std::string first = folder.write("first", line + line);
+  const std::string second = folder.write("second", line);
+  const Outcome outcome = run({first, second});
+  const std::string warning = ":1:12: found bytes that are not UTF-8, which are shown as \\xe9 ";
+  EXPECT_EQ(outcome.errors, "vond-report: warning: " + first + warning + "(2 lines)\n" +
+                                "vond-report: warning: " + second + warning + "(1 line)\n");
+  EXPECT_TRUE(tells(outcome, "1. caf\\xe9 (appears on 1 node)\n"));
+  EXPECT_TRUE(tells(outcome, "  Findings read: 3, no line left out"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(InputTest, NoncharactersAreShown) {
+  const Outcome outcome =
+      Command({}).input("{\"id\": \"a\xEF\xBF\xBE\\uffff\", \"severity\": 1}\n").run();
+  EXPECT_TRUE(tells(outcome, "1. a\\ufffe\\uffff "));
+}
+
+TEST_F(InputTest, NullIsNoValueForAKeyThatMayBeMissing) {
+  const std::string start = "{\"id\": \"good\", \"severity\": 10";
+  const Outcome outcome = Command({})
+                              .input(start +
+                                     ", \"message\": null, \"nodes\": null, \"row_ids\": null, "
+                                     "\"type\": null, \"definitions\": null}\n")
+                              .run();
+  EXPECT_EQ(outcome.output, Command({}).input(start + "}\n").run().output);
+  EXPECT_EQ(outcome.errors, "");
+  expect_bad_findings(start + ", \"nodes\": [null]}\n",
+                      ":1:42: nodes[0] is null, expected the name of a node or a set of nodes");
+}
+
+TEST_F(InputTest, WhiteSpaceAndLineEndsAtTheEndsOfTextsMakeNoOtherIssue) {
+  const Outcome outcome =
+      Command({})
+          .input(
+              "{\"id\": \"a\", \"severity\": 10, \"message\": \"two lines\", \"nodes\": \"n1\"}\n"
+              "{\"id\": \" a\\n\", \"severity\": 10, \"message\": \"two\\nlines\\n\", "
+              "\"nodes\": \"n2\\n\"}\n")
+          .run();
+  EXPECT_TRUE(
+      tells(outcome, "1. a (appears on 2 nodes)\n   Message: two lines\n   Nodes: n[1-2]\n"));
+}
+
+TEST_F(InputTest, LabelsOfClushAndPdshAreNodes) {
+  const Outcome outcome = Command({})
+                              .input(
+                                  "cn001: {\"id\": \"a\", \"severity\": 10}\n"
+                                  "cn[002-003]: {\"id\": \"a\", \"severity\": 10}\n"
+                                  "cn004: {\"id\": \"a\", \"severity\": 10, \"nodes\": \"m1\"}\n"
+                                  "cn005: {\"examined\": true}\n"
+                                  "cn006: {\"id\": \"a\"}\n"
+                                  "cn007: bash: check-node: command not found\n")
+                              .run();
+  EXPECT_TRUE(tells(outcome, "   Nodes: cn[001-003],m1\n"));
+  EXPECT_TRUE(tells(outcome, "  Nodes:    1 examined, 4 with issues\n"));
+  EXPECT_EQ(
+      outcome.errors,
+      "vond-report: error: <stdin>:5:8: cn006: the key \"severity\" is missing, expected it in "
+      "every finding\n"
+      "vond-report: error: <stdin>:6:1: found \"cn007\", expected a JSON value\n");
+}
+
+TEST_F(InputTest, BlanksSeparateNodesInOneTextAndInOptions) {
+  const Outcome outcome = Command({"--expect", "n1 n2\nn[3-4], n5", "--examined", "n1 n2,'n 3'"})
+                              .input(
+                                  "{\"id\": \"a\", \"severity\": 10, \"nodes\": \"n1 n2 'n 3'\"}\n"
+                                  "{\"id\": \"b\", \"severity\": 10, \"nodes\": [\"n 3\"]}\n")
+                              .run();
+  EXPECT_TRUE(tells(outcome, "  Nodes:    3 examined, 3 with issues, 5 expected\n"));
+  EXPECT_TRUE(tells(outcome, "   Nodes: n[1-2],'n 3'\n"));
+  EXPECT_TRUE(tells(outcome, "   Nodes: 'n 3'\n"));
+}
+
 TEST_F(InputTest, TheStatusIsTheVerdicts) {
-  EXPECT_EQ(Command({}).run().status, 0);
+  EXPECT_EQ(Command({}).run().status, 1);
   EXPECT_EQ(Command({}).input(GOOD_LINE).run().status, 0);
   EXPECT_EQ(Command({"-t", "0"}).input(GOOD_LINE).run().status, 1);
 }
@@ -250,9 +334,9 @@ TEST_F(InputTest, CollapsingByIdMakesFindingsOfOneIdOneIssue) {
       "{\"id\": \"a\", \"severity\": 90, \"message\": \"second\", \"nodes\": \"n3\"}\n";
   const std::string by_text = Command({"--collapse", "text"}).input(input).run().output;
   EXPECT_EQ(by_text, Command({}).input(input).run().output);
-  EXPECT_NE(by_text.find("  CRITICAL:      2 observations\n"), std::string::npos);
+  EXPECT_NE(by_text.find("  CRITICAL: 2 observations\n"), std::string::npos);
   const std::string by_id = Command({"--collapse", "id"}).input(input).run().output;
-  EXPECT_NE(by_id.find("  CRITICAL:      1 observation\n"), std::string::npos);
+  EXPECT_NE(by_id.find("  CRITICAL: 1 observation\n"), std::string::npos);
   EXPECT_NE(by_id.find("first (and 1 other message)"), std::string::npos);
 }
 

@@ -47,9 +47,9 @@ Options:
                               (default: the text report)
 
 Exit status:
-  0  report written, nothing fails
-  1  report written, something fails, or expected nodes were not examined
-  2  usage or input error
+  0  report written, the verdict is PASS
+  1  report written, the verdict is FAIL or UNKNOWN
+  2  usage or input error, no report
   3  the report could not be completed
 
 )";
@@ -115,8 +115,7 @@ TEST_F(OptionsTest, AnUnknownOptionIsNamedWithTheOneThatMayBeMeant) {
                      R"(unknown option "--colour"; did you mean "--color"?)");
   expect_usage_error({"--Width=80"}, R"(unknown option "--Width"; did you mean "--width"?)");
   expect_usage_error({"--def", "x"}, R"(unknown option "--def"; did you mean "--definitions"?)");
-  expect_usage_error({"--keepgoing"},
-                     R"(unknown option "--srict"; did you mean "--strict"?)");
+  expect_usage_error({"--srict"}, R"(unknown option "--srict"; did you mean "--strict"?)");
   expect_usage_error({"--bogus"}, R"(unknown option "--bogus")");
   expect_usage_error({"-x"}, R"(unknown option "-x")");
 }
@@ -144,7 +143,7 @@ TEST_F(OptionsTest, BehindTwoDashesEverythingIsAFile) {
   expect_error(run({"--", "-w"}), 2,
                "-w: cannot be opened (No such file or directory), expected a file of findings");
   folder.write("--version", "");
-  EXPECT_EQ(Command({"--", "--version"}).in_folder(folder.path()).run().status, 0);
+  EXPECT_EQ(Command({"--", "--version"}).in_folder(folder.path()).run().status, 1);
 }
 
 TEST_F(OptionsTest, AnOptionForOneValueIsNotRepeated) {

@@ -107,12 +107,12 @@ TEST(CheckRun, ReturnsWarningsInPlaceOfPrintingThem) {
             "FILE:1:28: unknown key \"mesage\" is ignored (once); did you mean \"message\"?");
 }
 
-TEST(CheckRun, ALineThatCannotBeUsedEndsTheReading) {
+TEST(CheckRun, ALineThatCannotBeUsedEndsStrictReading) {
   const TestFile file(finding("a", "n1") + "{}\n");
-  EXPECT_THROW(read_run({.findings = {file.path()}}), InputError);
+  EXPECT_THROW(read_run({.findings = {file.path()}, .is_strict = true}), InputError);
 }
 
-TEST(CheckRun, ToldToKeepGoingItLeavesOutLinesAndTellsOfThem) {
+TEST(CheckRun, LeavesOutLinesThatCannotBeUsedAndTellsOfThem) {
   const TestFile file("{}\n" + finding("a", "n1") + "bad\n");
   const auto run = read_run({.findings = {file.path()}});
   EXPECT_EQ(run->rejected_lines().count, 2U);
@@ -122,13 +122,37 @@ TEST(CheckRun, ToldToKeepGoingItLeavesOutLinesAndTellsOfThem) {
   EXPECT_EQ(ids_of(*run), Names{"a"});
 }
 
+TEST(CheckRun, ComplainsAboutInputsOfWhichNotOneLineCanBeUsed) {
+  const TestFile good(finding("a", "n1") + "{}\n");
+  const TestFile bad("\n{}\n\n");
+  const TestFile blank(" \n\n");
+  const TestFile examined("{\"examined\": []}\n");
+  const auto run =
+      read_run({.findings = {good.path(), bad.path(), blank.path(), examined.path(), bad.path()}});
+  const std::string complaint = bad.path() + ": its one line cannot be used";
+  EXPECT_EQ(run->complaints(), (Names{"", complaint, "", "", complaint}));
+  EXPECT_FALSE(run->is_useless());
+}
+
+TEST(CheckRun, IsUselessWithLinesOfWhichNotOneCanBeUsed) {
+  const TestFile bad("{}\n");
+  const TestFile blank("\n");
+  const TestFile examined("{\"examined\": []}\n");
+  EXPECT_TRUE(read_run({.findings = {bad.path(), blank.path()}})->is_useless());
+  EXPECT_FALSE(read_run({.findings = {blank.path()}})->is_useless());
+  EXPECT_FALSE(read_run({.findings = {bad.path(), examined.path()}})->is_useless());
+  EXPECT_FALSE(read_run({})->is_useless());
+}
+
 TEST(CheckRun, LimitsTheDepthOfDefinitionsWhereTheirNamesArePaths) {
   std::string deep = "d";
   for (int level = 2; level <= 257; ++level) {
     deep += "/d";
   }
   const TestFile file(R"({"id": "a", "severity": 1, "definitions": [")" + deep + "\"]}");
-  EXPECT_THROW(read_run({.findings = {file.path()}, .definitions_are_paths = true}), InputError);
+  EXPECT_EQ(
+      read_run({.findings = {file.path()}, .definitions_are_paths = true})->rejected_lines().count,
+      1U);
   EXPECT_EQ(read_run({.findings = {file.path()}})->collapser().findings(), 1U);
 }
 
