@@ -170,10 +170,9 @@ TEST_P(HostileTextTest, BytesThatAreNoUtf8DoNotComeOut) {
 }
 
 TEST_P(FreeTextTest, CharactersAreShownAsEscapes) {
-  const Outcome outcome = Command({"-w", "0"})
-                              .input(line(R"(a\u001bc\u009b\u007f\t\u202eb\u200bc\udb40\udc01d)"))
-                              .run();
-  EXPECT_NE(outcome.output.find(R"(a\x1bc\x9b\x7f \u202eb\u200bc\U000e0001d)"), std::string::npos);
+  const Outcome outcome =
+      Command({"-w", "0"}).input(line(R"(a\u001bc\u009b\u007f\u202eb\u200bc\udb40\udc01d)")).run();
+  EXPECT_NE(outcome.output.find(R"(a\x1bc\x9b\x7f\u202eb\u200bc\U000e0001d)"), std::string::npos);
   EXPECT_EQ(outcome.errors, "");
 }
 

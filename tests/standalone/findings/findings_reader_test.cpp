@@ -678,28 +678,17 @@ std::string line_with(const std::string& text) {
          "],\"based_on\":[" + value + "],\"k" + text + "\":1}\n";
 }
 
-/// Returns what a finding of line_with() shows of them when they hold the character as it is.
-std::string message_and_remedy(const std::string& character) {
-  return "a" + character + "z|a" + character + "z|";
-}
-
 TEST(FindingsReader, LetsNoControlCharacterThroughAnyKey) {
   for (const unsigned code_point : steering_code_points()) {
     const std::string character = utf8(code_point);
-    const std::string two_texts = message_and_remedy(character);
     std::string content = line_with(escaped(code_point));
-    content += "{\"examined\":\"" + escaped(code_point) + "\"}\n";
+    content += "{\"examined\":\"a" + escaped(code_point) + "z\"}\n";
     if (code_point >= 0x7F) {
       content += line_with(character);
     }
     const Reading reading = read(content);
     ASSERT_EQ(reading.error, "") << escaped(code_point);
-    for (std::string finding : reading.findings) {
-      if ((code_point == '\n' || code_point == '\r') && finding.front() == '1') {
-        const auto at = finding.find(two_texts);
-        ASSERT_NE(at, std::string::npos) << "line ends of message and remedy stay";
-        finding.erase(at, two_texts.size());
-      }
+    for (const std::string& finding : reading.findings) {
       EXPECT_EQ(finding.find(character), std::string::npos) << escaped(code_point);
       EXPECT_TRUE(vond::standalone::is_harmless(finding)) << escaped(code_point);
     }

@@ -98,7 +98,8 @@ TEST(LineParser, BytesThatAreNotUtf8AreReadAsWhatIsShown) {
 }
 
 TEST(LineParser, AByteBehindABackslashIsNoEscape) {
-  EXPECT_EQ(Parsed("{\"id\": \"\\\xE9\", \"severity\": 1}").fault().substr(0, 10), "9: found \"");
+  EXPECT_EQ(Parsed("{\"id\": \"\\\xE9\", \"severity\": 1}").fault(),
+            "9: found the byte 0xe9, expected text in UTF-8");
 }
 
 TEST(LineParser, PlacesBehindMendedBytesAreThoseOfTheLine) {
@@ -106,7 +107,7 @@ TEST(LineParser, PlacesBehindMendedBytesAreThoseOfTheLine) {
             "25: severity is 500");
   const Parsed line("{\"id\": \"\xE9\", \"severity\": 5, \"z\": 1}");
   ASSERT_EQ(line.result().unknown_keys().size(), 1U);
-  EXPECT_EQ(line.parser().offset_of(line.result().unknown_keys()[0].where), 28U);
+  EXPECT_EQ(line.parser().offset_of(line.result().unknown_keys()[0].where), 27U);
 }
 
 TEST(LineParser, BytesOutsideOfStringsMakeTheLineUnusable) {
