@@ -238,7 +238,7 @@ TEST_F(TwoRuns, TheirRecordsLiveBesideEachOther) {
 TEST_F(TwoRuns, AFaultInOneLeavesTheOtherAsItWas) {
   const TestFile bad("{");
   const auto first = read_run({.findings = {yesterday.path()}});
-  EXPECT_THROW(read_run({.findings = {today.path(), bad.path()}}), InputError);
+  EXPECT_THROW(read_run({.findings = {today.path(), bad.path()}, .is_strict = true}), InputError);
   EXPECT_EQ(ids_of(*first), (Names{"both", "old"}));
 }
 
