@@ -23,7 +23,7 @@
 #include "fuzz/text.h"
 #include "standalone/definitions/definitions_reader.h"
 #include "standalone/findings/findings_reader.h"
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 #include "standalone/report/collapser.h"
 #include "standalone/report/examination.h"
 #include "standalone/report/report_record.h"

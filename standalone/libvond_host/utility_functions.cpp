@@ -4,10 +4,9 @@
 
 #include "standalone/libvond_host/blocks/summary.h"
 #include "standalone/libvond_host/blocks/validation.h"
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 
 namespace vond::postprocessor {
-
 using standalone::report_facts;
 
 void UtilityFunctions::print_validation(const PostprocessorExtensionData& data) {

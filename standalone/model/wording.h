@@ -21,6 +21,8 @@ struct BasicTexts {
   Text remedy;
   Text category;
 
+  // The check takes the 0 of the comparison that the compiler writes for a pointer.
+  // NOLINTNEXTLINE(modernize-use-nullptr)
   friend auto operator<=>(const BasicTexts&, const BasicTexts&) = default;
 };
 

@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/facts/report_facts.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/report_record.h"
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 
 namespace vond::standalone {
 namespace {
@@ -14,7 +14,7 @@ struct Unit {
 };
 
 constexpr Unit UNITS[] = {
-    {24 * 60 * 60, "day", "days"}, {60 * 60, "hour", "hours"}, {60, "minute", "minutes"}};
+    {86400, "day", "days"}, {3600, "hour", "hours"}, {60, "minute", "minutes"}};
 
 std::string format_duration(std::uint64_t seconds) {
   for (const Unit& unit : UNITS) {

@@ -6,7 +6,7 @@
 namespace vond::standalone {
 
 /// From this age in seconds on, what an input tells may no longer be so.
-inline constexpr std::int64_t OLD_AGE = 24 * 60 * 60;
+inline constexpr std::int64_t OLD_AGE = std::int64_t{24} * 60 * 60;
 
 /// Returns an age in seconds as people say it, in its largest whole unit: "2 minutes old", or "3
 /// days in the future" for an age below 0.

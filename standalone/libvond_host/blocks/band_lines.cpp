@@ -5,7 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 #include "vond/postprocessor/string_interface.h"
 
 namespace vond::standalone {

@@ -3,10 +3,10 @@
 #include <ctime>
 #include <vector>
 
+#include "standalone/facts/counts.h"
+#include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/blocks/ages.h"
-#include "standalone/libvond_host/blocks/counts.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
-#include "standalone/libvond_host/verdict.h"
 #include "standalone/text/text_wrapping.h"
 
 namespace vond::standalone {

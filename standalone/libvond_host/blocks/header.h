@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/facts/report_facts.h"
 
 namespace vond::standalone {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 #include "standalone/nodes/node_folding.h"
 #include "standalone/nodes/node_set.h"
 #include "standalone/text/columns.h"

@@ -2,13 +2,13 @@
 
 #include <vector>
 
+#include "standalone/facts/counts.h"
+#include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/blocks/band_table.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
-#include "standalone/libvond_host/blocks/counts.h"
 #include "standalone/libvond_host/blocks/failing_definitions.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/verdict_lines.h"
-#include "standalone/libvond_host/verdict.h"
 
 namespace vond::standalone {
 namespace {

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/facts/counts.h"
 #include "standalone/libvond_host/blocks/ages.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
-#include "standalone/libvond_host/blocks/counts.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/severity_bands.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/facts/report_facts.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 
 namespace vond::standalone {

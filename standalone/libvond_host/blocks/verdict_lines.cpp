@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "standalone/facts/counts.h"
+#include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
-#include "standalone/libvond_host/blocks/counts.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
-#include "standalone/libvond_host/verdict.h"
 
 namespace vond::standalone {
 namespace {

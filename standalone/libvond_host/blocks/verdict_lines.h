@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "standalone/facts/report_facts.h"
 #include "standalone/libvond_host/blocks/severity_bands.h"
-#include "standalone/libvond_host/report_facts.h"
 
 namespace vond::standalone {
 

@@ -1,4 +1,5 @@
 // A process that may not have the memory it needs tells so; it never writes a report cut short.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/standalone/cli/command.h"
@@ -31,7 +32,9 @@ class MemoryTest : public ::testing::Test {
         break;
       }
       EXPECT_EQ(outcome.status, 3) << limit;
-      EXPECT_NE(outcome.errors.find("out of memory"), std::string::npos) << outcome.errors;
+      // The loader of libraries has its own words when there is room for all but the extension.
+      EXPECT_THAT(outcome.errors, ::testing::AnyOf(::testing::HasSubstr("out of memory"),
+                                                   ::testing::HasSubstr("failed to map segment")));
       EXPECT_EQ(folder.names(), std::vector<std::string>{"findings"}) << limit;
     }
     EXPECT_LT(limit, MOST_MEMORY);

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 #include "tests/support/captured_output_log.h"
 #include "tests/support/records.h"
 
@@ -26,8 +26,8 @@ using vond::standalone::run_extension;
 
 namespace fs = std::filesystem;
 
-/// Gives every test a record that extensions tell their lives to, and an empty folder, which is the
-/// current one while the test runs.
+/// Gives every test a record that extensions tell their lives to, and an empty folder, which is
+/// the current one while the test runs.
 class ExtensionLoader : public testing::Test {
  protected:
   ExtensionLoader() : previous_folder_(fs::current_path()) {
@@ -35,8 +35,9 @@ class ExtensionLoader : public testing::Test {
     fs::create_directories(folder_);
     fs::current_path(folder_);
     record_.host_shared_1 = events_;
-    // As every host, and for the sake of the linker: the host's library has to be there before the
-    // extensions. Were it loaded by the first of them, it would be bound to that one for ever.
+    // As every host, and for the sake of the linker: the host's library has to be there before
+    // the extensions. Were it loaded by the first of them, it would be bound to that one for
+    // ever.
     vond::standalone::report_facts() = {};
   }
   ~ExtensionLoader() override {
@@ -79,7 +80,8 @@ class ExtensionLoader : public testing::Test {
   PostprocessorExtensionData record_;
 };
 
-// ---- Extensions that work ----------------------------------------------------------------------
+// ---- Extensions that work
+// ----------------------------------------------------------------------
 
 TEST_F(ExtensionLoader, RunsTheTextReportAndClosesIt) {
   const vond::test::CapturedOutputLog output;
@@ -128,7 +130,8 @@ TEST_F(ExtensionLoader, TakesAnyFileName) {
   EXPECT_EQ(load("no ending \xC3\xA4"), "");
 }
 
-// ---- Files that are no extension ---------------------------------------------------------------
+// ---- Files that are no extension
+// ---------------------------------------------------------------
 
 TEST_F(ExtensionLoader, TellsThatThereIsNoSuchFile) {
   EXPECT_EQ(load("/no/such/folder/extension.so"),
@@ -170,7 +173,8 @@ TEST_F(ExtensionLoader, RefusesALibraryThatLacksAFunctionBeforeItRunsAnything) {
   EXPECT_THAT(events(), IsEmpty());
 }
 
-// ---- Libraries with a fault --------------------------------------------------------------------
+// ---- Libraries with a fault
+// --------------------------------------------------------------------
 
 TEST_F(ExtensionLoader, TellsThatALibraryHasNoFactory) {
   const std::string path = EXTENSION_WITHOUT_FACTORY_PATH;

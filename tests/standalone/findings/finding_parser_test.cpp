@@ -117,7 +117,7 @@ TEST(FindingParser, HandsOutViewsOfTheLine) {
   const Line line(R"({"id":"a","severity":1,"nodes":["n1"],"row_ids":[1, 23 ]})");
   parser.parse(line.text());
   const std::string_view text = line.text();
-  EXPECT_EQ(parser.finding().wording.id.data(), text.data() + text.find("a"));
+  EXPECT_EQ(parser.finding().wording.id.data(), text.data() + text.find('a'));
   EXPECT_EQ(parser.finding().nodes[0].data(), text.data() + text.find("n1"));
   EXPECT_EQ(parser.row_id_source(), "23");
   EXPECT_EQ(parser.row_id_source().data(), text.data() + text.find("23"));

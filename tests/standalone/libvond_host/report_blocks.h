@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 #include "tests/support/captured_output_log.h"
 #include "tests/support/records.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -28,7 +28,7 @@ class ReportBlocks : public testing::Test {
 
   /// Files an issue in a band that contributes to FAIL.
   Issue add_failing_issue(const IssueParts& parts, unsigned mask = 24) {
-    const Issue issue = make_issue(parts);
+    Issue issue = make_issue(parts);
     add_issue(data, mask, issue);
     facts.failed = true;
     return issue;

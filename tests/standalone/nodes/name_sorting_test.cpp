@@ -47,7 +47,7 @@ TEST(NumberBitmap, KeepsNumbersOfDifferentLengthsApart) {
 
 TEST(NumberBitmap, HoldsTheNumbersOnEitherSideOfAWordsEnd) {
   Numbers numbers;
-  for (const std::uint64_t value : {100, 163, 164, 227, 228}) {
+  for (const std::uint64_t value : {100U, 163U, 164U, 227U, 228U}) {
     numbers.push_back(pack(3, value));
   }
   EXPECT_EQ(in_bitmap({numbers.rbegin(), numbers.rend()}), numbers);
@@ -87,7 +87,7 @@ void expect_sorted_as_by_comparing(const Numbers& numbers, std::size_t axes) {
 }
 
 TEST(NameRadixSort, SortsAsComparingDoesAndKeepsTheOrderOfEqualNames) {
-  for (const std::size_t axes : {1, 2, 3}) {
+  for (std::size_t axes = 1; axes <= 3; ++axes) {
     expect_sorted_as_by_comparing(random_numbers(600, 7, 1), axes);
     expect_sorted_as_by_comparing(random_numbers(600, 300, 2), axes);
     expect_sorted_as_by_comparing(random_numbers(600, 1ULL << 57U, 3), axes);
@@ -122,8 +122,8 @@ void expect_sorted(const Numbers& numbers, std::size_t axes) {
 }
 
 TEST(SortNames, SortsFewAndManyNamesCloseAndScattered) {
-  for (const std::size_t axes : {1, 2, 3}) {
-    for (const std::size_t names : {1, 2, 255, 256, 257, 2000}) {
+  for (std::size_t axes = 1; axes <= 3; ++axes) {
+    for (const std::size_t names : {1U, 2U, 255U, 256U, 257U, 2000U}) {
       expect_sorted(random_numbers(names * axes, 20, 1), axes);
       expect_sorted(random_numbers(names * axes, 1ULL << 57U, 2), axes);
     }

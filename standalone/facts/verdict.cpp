@@ -1,8 +1,8 @@
-#include "standalone/libvond_host/verdict.h"
+#include "standalone/facts/verdict.h"
 
 #include <algorithm>
 
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 
 namespace vond::standalone {
 namespace {

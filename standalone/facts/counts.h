@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/facts/report_facts.h"
 
 namespace vond::standalone {
 

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "vond/host_api.h"
-
 namespace vond::standalone {
 
 /// What the host's report blocks tell beyond the record: where the report comes from and how far it
@@ -71,10 +69,5 @@ struct ReportFacts {
   /// Whether any issue contributes to FAIL.
   bool failed = false;
 };
-
-/// Returns the facts of the report that this process is about to write; the program fills them
-/// before it runs extensions. They are the process's because a header is asked for without a
-/// record.
-VOND_HOST_API ReportFacts& report_facts();
 
 }  // namespace vond::standalone

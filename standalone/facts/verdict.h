@@ -3,8 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/libvond_host/report_facts.h"
-#include "vond/host_api.h"
+#include "standalone/facts/report_facts.h"
 
 namespace vond::standalone {
 
@@ -19,13 +18,13 @@ enum class Verdict {
 };
 
 /// Returns the verdict of a report; every output and the exit status go by it.
-VOND_HOST_API Verdict verdict_of(const ReportFacts& facts);
+Verdict verdict_of(const ReportFacts& facts);
 
 /// Returns "PASS", "FAIL" or "UNKNOWN".
-VOND_HOST_API std::string verdict_word(Verdict verdict);
+std::string verdict_word(Verdict verdict);
 
 /// Returns what puts a PASS in doubt, such as "2 of 48 expected nodes were not examined"; a report
 /// that fails may have doubts, too. Without any the report knows all that it should.
-VOND_HOST_API std::vector<std::string> verdict_doubts(const ReportFacts& facts);
+std::vector<std::string> verdict_doubts(const ReportFacts& facts);
 
 }  // namespace vond::standalone

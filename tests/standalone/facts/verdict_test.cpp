@@ -1,5 +1,5 @@
 // What the word is that everything else goes by, and what stands behind it.
-#include "standalone/libvond_host/verdict.h"
+#include "standalone/facts/verdict.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "standalone/libvond_host/blocks/counts.h"
+#include "standalone/facts/counts.h"
 
 namespace vond::standalone {
 

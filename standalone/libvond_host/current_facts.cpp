@@ -1,4 +1,4 @@
-#include "standalone/libvond_host/report_facts.h"
+#include "standalone/libvond_host/current_facts.h"
 
 namespace vond::standalone {
 
