@@ -17,6 +17,7 @@
 #include "fuzz/target.h"
 #include "fuzz/text.h"
 #include "standalone/definitions/definition_names.h"
+#include "standalone/findings/line_label.h"
 #include "standalone/input/byte_order_mark.h"
 #include "standalone/json/json_fault.h"
 #include "standalone/json/white_space.h"
@@ -34,9 +35,9 @@ using namespace vond::standalone;
 // Small, so that inputs of a fuzzer's size have lines that are too long.
 constexpr std::size_t SHORT_LIMIT = 100;
 
-void expect_harmless(std::string_view text, LineEnds line_ends = LineEnds::SHOWN) {
+void expect_harmless(std::string_view text) {
   expect(is_utf8(text), "text in UTF-8", text);
-  expect(is_harmless(text, line_ends), "harmless text", text);
+  expect(is_harmless(text), "harmless text", text);
 }
 
 void expect_names(const std::vector<std::string_view>& names) {
@@ -52,8 +53,8 @@ void check_finding(const Finding& finding) {
   expect(type_of_name(type_name(type)) == type, "a type with a name", id);
   expect_names({id});
   expect_harmless(category);
-  expect_harmless(message, LineEnds::KEPT);
-  expect_harmless(remedy, LineEnds::KEPT);
+  expect_harmless(message);
+  expect_harmless(remedy);
   expect_names(definitions);
   expect_names(based_on);
   for (const std::string_view node : finding.nodes) {
@@ -140,6 +141,15 @@ struct Reading {
   std::size_t usable_and_rejected() const { return lines.size() + rejected; }
 };
 
+void check_outcome(const FileOutcome& outcome, const FindingsReader& reader) {
+  expect(outcome.rejected_lines == reader.rejected().count, "rejected lines to be counted",
+         outcome.complaint);
+  const bool is_useless = outcome.usable_lines == 0 && outcome.rejected_lines != 0;
+  expect(outcome.complaint.empty() != is_useless, "a complaint about a useless file alone",
+         outcome.complaint);
+  expect_harmless(outcome.complaint);
+}
+
 Reading read(std::string_view input, const ReadingOptions& options) {
   static MemoryFile file;
   const std::string& path = file.holding(input);
@@ -147,7 +157,7 @@ Reading read(std::string_view input, const ReadingOptions& options) {
   FindingsReader reader(notes, options);
   Reading reading;
   try {
-    reader.read(path);
+    check_outcome(reader.read(path), reader);
     expect(reader.bytes_read() == input.size(), "all of the input to be read", input);
   } catch (const InputError& error) {
     reading.ended_early = true;
@@ -186,6 +196,11 @@ struct LineCounts {
   std::size_t too_long = 0;
 };
 
+/// Bytes that are not UTF-8 and labels are no reason to refuse a line.
+bool is_broken(std::string_view line) {
+  return is_utf8(line) && find_json_fault(split_label(line).object, "line");
+}
+
 LineCounts count_lines(std::string_view input) {
   LineCounts counts;
   bool is_first = true;
@@ -199,7 +214,7 @@ LineCounts count_lines(std::string_view input) {
     if (!is_blank) {
       ++counts.not_blank;
     }
-    if (!is_blank && find_json_fault(line, "line")) {
+    if (!is_blank && is_broken(line)) {
       ++counts.broken;
     }
   }
@@ -208,7 +223,7 @@ LineCounts count_lines(std::string_view input) {
 
 /// A reader that ends at the first bad line has found the same up to there.
 void check_early_end(std::string_view input, const Reading& all) {
-  const Reading start = read(input, {.keep_going = false});
+  const Reading start = read(input, {.is_strict = true});
   expect(start.ended_early == (all.rejected != 0), "a bad line to end the reading", input);
   expect(start.lines.size() <= all.lines.size() &&
              std::equal(start.lines.begin(), start.lines.end(), all.lines.begin()),
@@ -222,7 +237,7 @@ void check_early_end(std::string_view input, const Reading& all) {
 }
 
 void check_short_limit(std::string_view input, const LineCounts& counts) {
-  const Reading reading = read(input, {.keep_going = true, .longest_line = SHORT_LIMIT});
+  const Reading reading = read(input, {.longest_line = SHORT_LIMIT});
   expect(reading.rejected >= counts.too_long, "lines that are too long to be left out", input);
 }
 
@@ -232,7 +247,7 @@ void check_second_reading(const Reading& first) {
   for (const std::string& line : first.lines) {
     text += line + "\n";
   }
-  const Reading second = read(text, {.keep_going = false});
+  const Reading second = read(text, {.is_strict = true});
   if (second.ended_early) {
     fail(second.errors.front(), text);
   }
@@ -253,7 +268,7 @@ void check_repetition(std::string_view input, const Reading& first) {
     text.append(input).append(line_end);
     lines.insert(lines.end(), first.lines.begin(), first.lines.end());
   }
-  const Reading all = read(text, {.keep_going = true});
+  const Reading all = read(text, {});
   expect_same("repeated lines to tell the same", all.lines, lines);
   expect(all.rejected == 3 * first.rejected, "repeated lines to be rejected as often", input);
 }
@@ -266,7 +281,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   const LineCounts counts = count_lines(input);
-  const Reading all = read(input, {.keep_going = true});
+  const Reading all = read(input, {});
   expect(!all.ended_early, "the reader to keep going", input);
   expect(all.usable_and_rejected() == counts.not_blank,
          "a finding or an error for every line that is not blank", input);
@@ -275,6 +290,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check_short_limit(input, counts);
   check_second_reading(all);
   check_repetition(input, all);
-  read(input, {.keep_going = true, .definitions_are_paths = true});
+  read(input, {.definitions_are_paths = true});
   return 0;
 }

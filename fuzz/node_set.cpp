@@ -15,9 +15,11 @@
 namespace {
 
 using namespace vond::fuzz;
+using vond::standalone::Blanks;
 using vond::standalone::expand_node_set;
 using vond::standalone::fold_node_names;
 using vond::standalone::is_harmless;
+using vond::standalone::is_node_set;
 using vond::standalone::MAX_NODE_SET_BYTES;
 using vond::standalone::MAX_NODE_SET_SIZE;
 using vond::standalone::NodeSetError;
@@ -26,9 +28,9 @@ using vond::standalone::NodeSetError;
 constexpr std::size_t MOST_NAMES_TO_FOLD = 4096;
 
 /// Returns nothing for a text that is no node set, after judging the error.
-std::optional<Names> expand(std::string_view text) {
+std::optional<Names> expand(std::string_view text, Blanks blanks = Blanks::REFUSED) {
   try {
-    return expand_node_set(text);
+    return expand_node_set(text, blanks);
   } catch (const NodeSetError& error) {
     const std::string_view message = error.what();
     expect(error.offset <= text.size(), "an error at a place in the text", text);
@@ -83,10 +85,14 @@ void check_folding(const Names& names) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text = text_of(data, size);
   const std::optional<Names> names = expand(text);
+  const std::optional<Names> names_between_blanks = expand(text, Blanks::SEPARATORS);
+  expect(is_node_set(text) == names.has_value(), "a node set to be known as such", text);
   if (!names) {
     return 0;
   }
   check_size(*names, text);
+  expect(names_between_blanks.has_value(), "blanks to be allowed, not demanded", text);
+  expect_same("blanks to change nothing where there are none", *names_between_blanks, *names);
   if (!has_special_characters(text)) {
     expect_same("plain names to stand for themselves", *names, split_at_commas(text));
   }

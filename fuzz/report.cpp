@@ -73,8 +73,7 @@ class Input : public FindingsSink {
  public:
   Input(std::string_view text, bool definitions_are_paths) {
     static MemoryFile file;
-    FindingsReader reader(*this,
-                          {.keep_going = true, .definitions_are_paths = definitions_are_paths});
+    FindingsReader reader(*this, {.definitions_are_paths = definitions_are_paths});
     reader.read(file.holding(text));
     lines_rejected_ = reader.rejected().count;
   }
@@ -96,8 +95,11 @@ class Input : public FindingsSink {
     facts.lines_rejected = lines_rejected_;
     facts.nodes_seen = collapser_.node_names().size();
     if (examination_.expected() != 0) {
-      facts.expectation = {
-          examination_.expected(), examination_.expected_and_not_examined(), {}, {}};
+      const std::vector<std::string> seen = examination_.seen(collapser_.node_names());
+      facts.expectation = {examination_.expected(),
+                           examination_.expected_and_not_in(seen),
+                           examination_.not_expected_of(seen),
+                           {}};
     }
     if (examination_.is_known()) {
       facts.examination = {examination_.examined(),

@@ -43,6 +43,23 @@ void print_rejected_lines(const RejectedLines& rejected) {
   }
 }
 
+/// Prints what is wrong with inputs as a whole. Throws InputError, in place of the last message,
+/// when no input is of any use.
+void tell_useless_inputs(const CheckRun& run) {
+  std::vector<std::string> complaints;
+  for (const std::string& complaint : run.complaints()) {
+    if (!complaint.empty()) {
+      complaints.push_back(complaint);
+    }
+  }
+  for (const std::string& complaint : complaints) {
+    if (run.is_useless() && &complaint == &complaints.back()) {
+      throw InputError(complaint);
+    }
+    print_message("error", complaint);
+  }
+}
+
 /// The line of progress is erased before anything else is printed.
 std::unique_ptr<CheckRun> read_run_with_progress(const RunSources& sources) {
   ProgressLine progress(total_size(sources.findings), errors_go_to_terminal());
@@ -51,16 +68,17 @@ std::unique_ptr<CheckRun> read_run_with_progress(const RunSources& sources) {
 
 }  // namespace
 
-std::vector<DefinitionSpec> read_definitions_with_messages(const std::string& path) {
+DefinitionsFile read_definitions_with_messages(const std::string& path) {
   DefinitionsFile file = read_definitions(path);
   print_warnings(file.warnings);
-  return std::move(file.roots);
+  return file;
 }
 
 std::unique_ptr<CheckRun> read_run_with_messages(const RunSources& sources) {
   std::unique_ptr<CheckRun> run = read_run_with_progress(sources);
   print_warnings(run->warnings());
   print_rejected_lines(run->rejected_lines());
+  tell_useless_inputs(*run);
   return run;
 }
 

@@ -10,11 +10,11 @@
 /// Reading, with messages for the user on standard error.
 namespace vond::standalone {
 
-/// Reads the file of definitions at `path` and prints warnings. Throws InputError.
-std::vector<DefinitionSpec> read_definitions_with_messages(const std::string& path);
+/// Reads the file of definitions at `path` and prints its warnings. Throws InputError.
+DefinitionsFile read_definitions_with_messages(const std::string& path);
 
-/// Reads a run. Shows progress, and prints warnings and the lines that are left out. Throws
-/// InputError.
+/// Reads a run. Shows progress, and prints warnings, the lines that are left out, and which inputs
+/// are of no use. Throws InputError, also when there are lines of which not one can be used.
 std::unique_ptr<CheckRun> read_run_with_messages(const RunSources& sources);
 
 }  // namespace vond::standalone

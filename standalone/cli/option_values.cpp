@@ -83,7 +83,7 @@ std::vector<std::string> parse_node_sets(const std::string& option,
   std::vector<std::string> names;
   for (const std::string& set : sets) {
     try {
-      const auto expanded = expand_node_set(set);
+      const auto expanded = expand_node_set(set, Blanks::SEPARATORS);
       names.insert(names.end(), expanded.begin(), expanded.end());
     } catch (const NodeSetError& error) {
       throw UsageError(option + " is \"" + harmless(set) + "\": " + error.what() +

@@ -133,8 +133,8 @@ void CommandLine::add_input_options() {
   add_value("--collapse", "WHAT", collapse_,
             "What makes findings one issue: equal texts, or\nan equal id: text or id (default: "
             "text)");
-  add_flag("--keep-going", taken_as_is_.keep_going,
-           "Report on the rest of the input when lines of\nit cannot be used");
+  add_flag("--strict", taken_as_is_.is_strict,
+           "End at the first line that cannot be used, in\nplace of leaving it out");
   add_list("--examined", "NODESET", examined_, "Nodes that were looked at; may be repeated");
   add_list("--expect", "NODESET", expected_,
            "Nodes that should have been looked at; may be\nrepeated");

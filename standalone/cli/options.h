@@ -19,8 +19,8 @@ struct Options {
   /// On the severity scale, 0 to 100.
   int fail_threshold = 75;
   CollapseBy collapse_by = CollapseBy::TEXT;
-  /// Whether to leave out lines that cannot be used.
-  bool keep_going = false;
+  /// Whether a line that cannot be used ends everything.
+  bool is_strict = false;
   /// Names of nodes that were looked at.
   std::vector<std::string> examined;
   /// Names of nodes that should have been looked at.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "standalone/cli/destinations.h"
@@ -56,20 +57,22 @@ void set_up_error_log(const Options& options) {
   }
 }
 
-/// Reads the definitions, too.
-RecordOptions make_record_options(const Options& options) {
+/// Reads the definitions, too, and adds what was odd about them to `warnings`.
+RecordOptions make_record_options(const Options& options, std::vector<std::string>& warnings) {
   RecordOptions record_options;
   record_options.collapse_by = options.collapse_by;
   record_options.fail_threshold = options.fail_threshold;
   record_options.line_width = options.width ? *options.width : default_width();
   record_options.log_level = options.log_level;
   if (options.definitions) {
-    record_options.definitions = read_definitions_with_messages(*options.definitions);
+    DefinitionsFile file = read_definitions_with_messages(*options.definitions);
+    record_options.definitions = std::move(file.roots);
+    warnings = std::move(file.warnings);
   }
   return record_options;
 }
 
-/// Reads the files of expected nodes, too.
+/// Returns the names that were given with those of the files.
 std::vector<std::string> expected_nodes(const Options& options) {
   std::vector<std::string> nodes = options.expected;
   for (const std::string& path : options.expect_files) {
@@ -82,7 +85,7 @@ std::vector<std::string> expected_nodes(const Options& options) {
 /// Reads the files of expected nodes, too.
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
-          .keep_going = options.keep_going,
+          .is_strict = options.is_strict,
           .definitions_are_paths = !options.definitions.has_value(),
           .examined = options.examined,
           .expected = expected_nodes(options)};
@@ -127,13 +130,15 @@ ExitStatus write_report(const Options& options) {
   set_up_error_log(options);
   refuse_to_replace_inputs(options);
   const std::time_t written_at = report_time();
-  const RecordOptions record_options = make_record_options(options);
+  std::vector<std::string> warnings;
+  const RecordOptions record_options = make_record_options(options, warnings);
   const RunSources sources = make_sources(options);
   Destinations destinations(options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
+  report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
   run_extensions(options, record, destinations);
   if (!finish(destinations)) {
     return NO_REPORT;

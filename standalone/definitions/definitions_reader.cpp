@@ -174,12 +174,18 @@ bool DefinitionsParser::read_field_of(DefinitionSpec& definition, std::string_vi
                                       Value& value, int depth) {
   if (key == NAME) {
     definition.name = read_name(value);
-  } else if (key == SKIPPED) {
-    definition.skipped = read_flag(value, {SKIPPED});
-  } else if (key == CHILDREN) {
-    definition.child_groups = read_children(value, depth + 1);
-  } else {
+    return true;
+  }
+  if (key != SKIPPED && key != CHILDREN) {
     return false;
+  }
+  if (is_null(value)) {
+    return true;
+  }
+  if (key == SKIPPED) {
+    definition.skipped = read_flag(value, {SKIPPED});
+  } else {
+    definition.child_groups = read_children(value, depth + 1);
   }
   return true;
 }

@@ -40,6 +40,11 @@ constexpr std::string_view name_of(FindingKey key) {
 
 static_assert(name_of(FindingKey::ID) == "id" && name_of(FindingKey::EXAMINED) == "examined");
 
+/// Whether a line may lack the key.
+constexpr bool is_optional(FindingKey key) {
+  return key != FindingKey::ID && key != FindingKey::SEVERITY;
+}
+
 /// Returns the key that findings spell `name`, nothing when there is none.
 inline std::optional<FindingKey> find_key(std::string_view name) {
   const auto* const found = std::find(FINDING_KEY_NAMES.begin(), FINDING_KEY_NAMES.end(), name);

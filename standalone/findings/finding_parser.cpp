@@ -38,8 +38,8 @@ bool is_too_deep(std::string_view path) {
 FindingParser::FindingParser(bool definitions_are_paths)
     : definitions_are_paths_(definitions_are_paths) {}
 
-void FindingParser::parse(std::string_view line) {
-  start_line(line);
+void FindingParser::parse(std::string_view line, std::string_view label) {
+  start_line(line, label);
   const std::string_view value = without_white_space(line);
   if (value.substr(0, 1) != "{") {
     refuse(value, {"the line"}, "an object with the keys of a finding");
@@ -53,11 +53,20 @@ void FindingParser::parse(std::string_view line) {
     throw BrokenJson{};
   }
   if (kind() == Kind::FINDING) {
-    keys_.require_those_of_a_finding(value.data());
+    complete_finding(value.data());
   }
 }
 
-void FindingParser::start_line(std::string_view line) {
+/// Gives the finding whose object starts at `object` what it has from elsewhere.
+void FindingParser::complete_finding(const char* object) {
+  keys_.require_those_of_a_finding(object);
+  if (!label_.empty() && !keys_.has(FindingKey::NODES)) {
+    nodes_.read_label(label_, finding_.nodes);
+  }
+}
+
+void FindingParser::start_line(std::string_view line, std::string_view label) {
+  label_ = label;
   strings_.begin(line);
   // A copy, in which lists keep their memory.
   finding_ = EMPTY_FINDING;
@@ -86,8 +95,12 @@ void FindingParser::read_field(ondemand::field& field) {
   const char* const where = field.key().raw() - 1;
   const std::string_view name = strings_.key(field);
   if (const std::optional<FindingKey> key = find_key(name)) {
-    keys_.add(*key, where);
-    read_value(*key, field.value());
+    if (is_optional(*key) && is_null(field.value())) {
+      keys_.add_null(*key, where);
+    } else {
+      keys_.add(*key, where);
+      read_value(*key, field.value());
+    }
   } else {
     keys_.add_unknown(name, where);
     check_unused(field.value());
@@ -121,13 +134,13 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
     case FindingKey::BASED_ON:
       return read_based_on(value);
     case FindingKey::EXAMINED:
-      return nodes_.read(value, name_of(key), examined_);
+      return read_examined(value);
   }
 }
 
 /// Reads a text that may have several lines.
 std::string_view FindingParser::read_lines(ondemand::value& value, FindingKey key) {
-  return strings_.read(value, {name_of(key)}, "a string", LineEnds::KEPT);
+  return strings_.read(value, {name_of(key)}, "a string", LineEnds::JOINED);
 }
 
 void FindingParser::read_severity(ondemand::value& value) {
@@ -200,6 +213,15 @@ void FindingParser::read_based_on(ondemand::value& value) {
   for (auto result : open_array(value, {key}, "an array of strings")) {
     const ValueName name{key, finding_.wording.based_on.size()};
     finding_.wording.based_on.push_back(strings_.read_not_empty(checked(result), name));
+  }
+}
+
+/// Behind a label a check need not know where it is.
+void FindingParser::read_examined(ondemand::value& value) {
+  if (!label_.empty() && source_of(value) == "true") {
+    nodes_.read_label(label_, examined_);
+  } else {
+    nodes_.read(value, name_of(FindingKey::EXAMINED), examined_);
   }
 }
 

@@ -27,10 +27,11 @@ class FindingParser {
   FindingParser(const FindingParser&) = delete;
   FindingParser& operator=(const FindingParser&) = delete;
 
-  /// Reads `line`, behind which LineReader::PADDING bytes may be read. Throws ValueFault,
-  /// BrokenJson or simdjson::simdjson_error when it cannot be used; of a line that is no JSON it
-  /// may complain about a value.
-  void parse(std::string_view line);
+  /// Reads `line`, behind which LineReader::PADDING bytes may be read. `label` is what stood before
+  /// it, a node set, or empty; it must live as long as the line. Throws ValueFault, BrokenJson or
+  /// simdjson::simdjson_error when the line cannot be used; of one that is no JSON it may complain
+  /// about a value.
+  void parse(std::string_view line, std::string_view label = {});
 
   Kind kind() const noexcept {
     return keys_.has(FindingKey::EXAMINED) ? Kind::EXAMINED : Kind::FINDING;
@@ -47,7 +48,7 @@ class FindingParser {
  private:
   using Value = simdjson::ondemand::value;
 
-  void start_line(std::string_view line);
+  void start_line(std::string_view line, std::string_view label);
   void reserve(std::size_t size);
   void read_field(simdjson::ondemand::field& field);
   void read_value(FindingKey key, Value& value);
@@ -57,12 +58,15 @@ class FindingParser {
   void read_row_ids(Value& value);
   void read_definitions(Value& value);
   void read_based_on(Value& value);
+  void read_examined(Value& value);
+  void complete_finding(const char* object);
 
   bool definitions_are_paths_;
   simdjson::ondemand::parser parser_;
   JsonStrings strings_;
   NodeValues nodes_{strings_};
   LineKeys keys_;
+  std::string_view label_;
   Finding finding_;
   std::vector<std::string_view> examined_;
   std::string_view row_id_source_;

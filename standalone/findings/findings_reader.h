@@ -14,7 +14,7 @@
 
 namespace vond::standalone {
 
-class FindingParser;
+class LineParser;
 
 /// Takes what the lines of the input tell, in input order. Views live until the call returns.
 class FindingsSink {
@@ -26,8 +26,8 @@ class FindingsSink {
 };
 
 struct ReadingOptions {
-  /// A line that cannot be used is counted and left out, in place of ending the reading.
-  bool keep_going = false;
+  /// A line that cannot be used ends the reading, in place of being counted and left out.
+  bool is_strict = false;
   /// Names of definitions are paths whose parts become definitions themselves, so that a name must
   /// not have more than MAX_DEFINITION_DEPTH of them.
   bool definitions_are_paths = false;
@@ -35,14 +35,23 @@ struct ReadingOptions {
   std::size_t longest_line = LONGEST_LINE;
 };
 
-/// The lines that could not be used.
+/// The lines that could not be used, of all files.
 struct RejectedLines {
   /// How many errors are kept.
-  static constexpr std::size_t MOST_ERRORS = 20;
+  static constexpr std::size_t MOST_ERRORS = 10;
 
   std::size_t count = 0;
   /// The first ones.
   std::vector<InputError> errors;
+};
+
+/// What became of the lines of one file. Blank ones do not count.
+struct FileOutcome {
+  std::size_t usable_lines = 0;
+  std::size_t rejected_lines = 0;
+  /// What to tell the user about a file of which not one line could be used, although there are
+  /// some: "FILE: …", with what it seems to be where that can be told. Empty for any other file.
+  std::string complaint = {};
 };
 
 /// Reads findings from JSON Lines, one file after the other. Memory does not grow with the input,
@@ -55,31 +64,42 @@ class FindingsReader {
   FindingsReader(const FindingsReader&) = delete;
   FindingsReader& operator=(const FindingsReader&) = delete;
 
-  /// Reads the file at `path` to its end; "-" is standard input. Throws InputError when a line
-  /// cannot be used and, even when told to keep going, when the file cannot be read.
-  void read(const std::string& path);
+  /// Reads the file at `path` to its end; "-" is standard input. Throws InputError when the file
+  /// cannot be read and, in strict reading, when a line cannot be used.
+  FileOutcome read(const std::string& path);
 
-  /// One message per unknown key, in the order of their first places, for the user to see as
-  /// warnings: "FILE:LINE:COLUMN: unknown key …".
+  /// For the user to see as warnings: "FILE:LINE:COLUMN: …". One message per unknown key, in the
+  /// order of their first places, then one per file with bytes that are not UTF-8.
   std::vector<std::string> warnings() const;
 
-  /// What was left out; nothing unless the reader was told to keep going.
+  /// What was left out of all files; nothing in strict reading.
   const RejectedLines& rejected() const noexcept { return rejected_; }
 
   /// The bytes taken from all files so far; a sink may ask while it is called.
   std::size_t bytes_read() const noexcept { return bytes_read_; }
 
  private:
+  /// The lines of a file that hold bytes that are not UTF-8.
+  struct MendedLines {
+    std::string file;
+    /// FILE:LINE:COLUMN of the first such byte.
+    std::string first_place;
+    std::size_t count = 0;
+  };
+
   bool is_usable(const std::string& file, const LineReader::Line& line);
   void parse(const std::string& file, const LineReader::Line& line);
   void deliver(const std::string& file, const LineReader::Line& line);
+  void note_mended_bytes(const std::string& file, const LineReader::Line& line);
   void reject(const InputError& error);
 
   FindingsSink& sink_;
   ReadingOptions options_;
-  std::unique_ptr<FindingParser> parser_;
+  std::unique_ptr<LineParser> parser_;
   RepeatedFindings repeated_;
   UnknownKeys unknown_keys_;
+  /// Of the files that have such lines.
+  std::vector<MendedLines> mended_lines_;
   RejectedLines rejected_;
   std::size_t bytes_read_ = 0;
 };

@@ -9,6 +9,7 @@ namespace vond::standalone {
 
 void LineKeys::clear() {
   keys_.reset();
+  nulls_.reset();
   unknown_.clear();
   if (!unknown_names_.empty()) {
     // Not cleared: its table would stay as large as the line with the most keys made it.
@@ -19,14 +20,21 @@ void LineKeys::clear() {
 void LineKeys::add(FindingKey key, const char* where) {
   const bool may_stand_beside_others =
       !has(FindingKey::EXAMINED) && (key != FindingKey::EXAMINED || keys_.none());
-  if (has(key) || !may_stand_beside_others) {
+  if (has(key) || is_null(key) || !may_stand_beside_others) {
     refuse(key, where);
   }
   keys_.set(static_cast<std::size_t>(key));
 }
 
+void LineKeys::add_null(FindingKey key, const char* where) {
+  if (has(key) || is_null(key)) {
+    refuse(key, where);
+  }
+  nulls_.set(static_cast<std::size_t>(key));
+}
+
 void LineKeys::refuse(FindingKey key, const char* where) const {
-  if (has(key)) {
+  if (has(key) || is_null(key)) {
     refuse_duplicate_key(name_of(key), where);
   }
   throw ValueFault{where, "found the key " + in_quotes(name_of(key)) +

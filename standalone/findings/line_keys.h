@@ -21,10 +21,15 @@ class LineKeys {
   /// Throws ValueFault when the line has the key already, or keys that it must not stand beside.
   void add(FindingKey key, const char* where);
 
+  /// Adds a key that counts as absent because its value is null. Throws ValueFault when the line
+  /// has it already.
+  void add_null(FindingKey key, const char* where);
+
   /// Adds a key that is no FindingKey; throws ValueFault when the line has it already. `name` must
   /// live as long as the line.
   void add_unknown(std::string_view name, const char* where);
 
+  /// Whether the line has the key, with a value that is not null.
   bool has(FindingKey key) const { return keys_.test(static_cast<std::size_t>(key)); }
 
   /// Throws ValueFault when the line, whose object starts at `object`, lacks a key that every
@@ -38,7 +43,10 @@ class LineKeys {
   [[noreturn]] void refuse(FindingKey key, const char* where) const;
   std::string suggestion_for_missing(FindingKey key) const;
 
+  bool is_null(FindingKey key) const { return nulls_.test(static_cast<std::size_t>(key)); }
+
   std::bitset<FINDING_KEY_NAMES.size()> keys_;
+  std::bitset<FINDING_KEY_NAMES.size()> nulls_;
   std::vector<UnknownKey> unknown_;
   std::unordered_set<std::string_view> unknown_names_;
 };

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <optional>
 
 #include "standalone/findings/finding_parser.h"
+#include "standalone/text/views.h"
 
 namespace vond::standalone {
 
@@ -17,10 +17,11 @@ constexpr std::size_t LONGEST_REMEMBERED = 1024;
 /// As many digits as an int holds whatever they are.
 constexpr std::size_t MOST_ROW_ID_DIGITS = 9;
 
-/// The bytes that a name of one node may hold when it stands in its source as it is.
+/// The bytes that a name of one node may hold when it stands in its source as it is. Blanks are cut
+/// off or separate names, but for those inside a name in an array.
 constexpr std::array<bool, 256> name_letters() {
   std::array<bool, 256> letters{};
-  for (unsigned char letter = ' '; letter <= '~'; ++letter) {
+  for (unsigned char letter = '!'; letter <= '~'; ++letter) {
     letters[letter] = true;
   }
   for (const char letter : {'"', '\\', '[', ']', ','}) {
@@ -56,13 +57,6 @@ std::optional<int> take_row_id(std::string_view& text) {
   }
   text.remove_prefix(digits);
   return row_id;
-}
-
-/// Whether `part` is a view of some of `whole`.
-bool is_view_into(std::string_view part, std::string_view whole) {
-  const std::less_equal<> not_behind;
-  return not_behind(whole.data(), part.data()) &&
-         not_behind(part.data() + part.size(), whole.data() + whole.size());
 }
 
 }  // namespace

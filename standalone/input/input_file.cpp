@@ -27,7 +27,7 @@ bool is_folder(int descriptor) {
 }  // namespace
 
 InputFile::InputFile(const std::string& path, std::string expectation)
-    : name_(path == STANDARD_INPUT ? "<stdin>" : harmless(path)),
+    : name_(path == STANDARD_INPUT ? std::string(NAME_OF_STANDARD_INPUT) : harmless(path)),
       expectation_(std::move(expectation)),
       descriptor_(STDIN_FILENO),
       is_owned_(path != STANDARD_INPUT) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace vond::standalone {
 
@@ -9,6 +10,9 @@ namespace vond::standalone {
 /// that names the file as a whole.
 class InputFile {
  public:
+  /// How messages call standard input.
+  static constexpr std::string_view NAME_OF_STANDARD_INPUT = "<stdin>";
+
   /// Opens the file at `path`; "-" is standard input. `expectation` says in messages what the file
   /// should have been: "a file of findings".
   InputFile(const std::string& path, std::string expectation);

@@ -80,7 +80,11 @@ bool LineReader::fill() {
   if (end_ + PADDING == buffer_.size()) {
     buffer_.resize(2 * end_ + PADDING);
   }
-  const std::size_t count = file_.read(buffer_.data() + end_, buffer_.size() - PADDING - end_);
+  char* const end = buffer_.data() + end_;
+  const std::size_t count = file_.read(end, buffer_.size() - PADDING - end_);
+  if (beginning_.size() < BEGINNING) {
+    beginning_.append(end, std::min(count, BEGINNING - beginning_.size()));
+  }
   end_ += count;
   bytes_read_ += count;
   return count > 0;

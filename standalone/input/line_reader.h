@@ -37,6 +37,11 @@ class LineReader {
   /// read.
   bool next(Line& line);
 
+  /// How many bytes of the file's beginning are kept.
+  static constexpr std::size_t BEGINNING = 4096;
+  /// Returns how the file begins, as far as it has been read.
+  std::string_view beginning() const noexcept { return beginning_; }
+
   /// The bytes taken from the file so far.
   std::size_t bytes_read() const noexcept { return bytes_read_; }
 
@@ -51,6 +56,7 @@ class LineReader {
   /// What is unread of the buffer.
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
+  std::string beginning_;
   std::size_t bytes_read_ = 0;
   std::size_t lines_ = 0;
 };

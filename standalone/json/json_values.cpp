@@ -136,10 +136,11 @@ std::string_view JsonStrings::read_with_care(simdjson::ondemand::value& value,
 }
 
 std::string_view JsonStrings::made_harmless(std::string_view text, LineEnds line_ends) {
-  if (is_harmless(text, line_ends)) {
-    return text;
+  const std::string_view content = trimmed(text);
+  if (is_harmless(content)) {
+    return content;
   }
-  return made_harmless_.emplace_back(harmless(text, line_ends));
+  return made_harmless_.emplace_back(harmless(content, line_ends));
 }
 
 }  // namespace vond::standalone

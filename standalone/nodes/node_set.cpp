@@ -45,9 +45,9 @@ std::vector<std::string> with_part(std::vector<std::string> names, const NamePar
 
 }  // namespace
 
-std::vector<std::string> expand_node_set(std::string_view text) {
+std::vector<std::string> expand_node_set(std::string_view text, Blanks blanks) {
   std::vector<std::string> names;
-  for (const NodeSetTerm& term : parse_node_set(text)) {
+  for (const NodeSetTerm& term : parse_node_set(text, blanks)) {
     std::vector<std::string> term_names(1);
     for (const NamePart& part : term) {
       term_names = with_part(std::move(term_names), part);
@@ -55,6 +55,15 @@ std::vector<std::string> expand_node_set(std::string_view text) {
     std::move(term_names.begin(), term_names.end(), std::back_inserter(names));
   }
   return names;
+}
+
+bool is_node_set(std::string_view text) {
+  try {
+    parse_node_set(text, Blanks::REFUSED);
+    return true;
+  } catch (const NodeSetError&) {
+    return false;
+  }
 }
 
 }  // namespace vond::standalone

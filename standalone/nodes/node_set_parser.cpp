@@ -22,20 +22,23 @@ static_assert(MAX_DISTANCE / 1'000'000'000 > MAX_NODE_SET_SIZE);
 /// More names than any set may have; counts are cut off there, so that two can be multiplied.
 constexpr std::uint64_t TOO_MANY = MAX_NODE_SET_SIZE + 1;
 
+constexpr std::string_view BLANKS = " \t\r\n";
+
 constexpr std::string_view END_OF_SET = "the end of the node set";
 
 /// Reads a node set into its terms; the limits are kept as terms are read.
 class NodeSetParser {
  public:
-  explicit NodeSetParser(std::string_view text) : text_(text) {}
+  NodeSetParser(std::string_view text, Blanks blanks) : text_(text), blanks_(blanks) {}
 
   std::vector<NodeSetTerm> parse() {
     std::vector<NodeSetTerm> terms;
+    skip_blanks();
     do {
       const std::size_t start = at_;
       terms.push_back(parse_term());
       add_to_size(terms.back(), start);
-    } while (skip(','));
+    } while (skip_separator());
     return terms;
   }
 
@@ -50,6 +53,29 @@ class NodeSetParser {
     ++at_;
     return true;
   }
+
+  /// Whether a blank is next that separates terms.
+  bool is_blank_next() const {
+    return blanks_ == Blanks::SEPARATORS && !at_end() && BLANKS.find(text_[at_]) != BLANKS.npos;
+  }
+
+  void skip_blanks() {
+    while (is_blank_next()) {
+      ++at_;
+    }
+  }
+
+  /// Skips what stands between two terms; false at the end.
+  bool skip_separator() {
+    skip_blanks();
+    if (skip(',')) {
+      skip_blanks();
+      return true;
+    }
+    return !at_end();
+  }
+
+  bool is_end_of_term() const { return at_end() || is_next(',') || is_blank_next(); }
 
   [[noreturn]] static void fail(const std::string& found, std::string_view expected,
                                 std::size_t offset) {
@@ -88,7 +114,7 @@ class NodeSetParser {
       fail_here("a name that begins otherwise, or one in single quotes");
     }
     NodeSetTerm term;
-    while (!at_end() && !is_next(',')) {
+    while (!is_end_of_term()) {
       term.push_back(is_next('[') ? parse_brackets() : parse_text());
     }
     return term;
@@ -96,7 +122,7 @@ class NodeSetParser {
 
   NamePart parse_text() {
     const std::size_t start = at_;
-    while (!at_end() && text_[at_] != ',' && text_[at_] != '[') {
+    while (!is_end_of_term() && !is_next('[')) {
       check_name_character();
       ++at_;
     }
@@ -140,7 +166,7 @@ class NodeSetParser {
       at_ += QUOTE_IN_NAME.size();
     }
     ++at_;
-    if (!at_end() && !is_next(',')) {
+    if (!is_end_of_term()) {
       fail_here("\",\" or the end after a name in single quotes");
     }
     return term;
@@ -243,6 +269,7 @@ class NodeSetParser {
   }
 
   std::string_view text_;
+  Blanks blanks_;
   std::size_t at_ = 0;
   std::uint64_t names_ = 0;
   std::uint64_t bytes_ = 0;
@@ -250,8 +277,8 @@ class NodeSetParser {
 
 }  // namespace
 
-std::vector<NodeSetTerm> parse_node_set(std::string_view text) {
-  return NodeSetParser(text).parse();
+std::vector<NodeSetTerm> parse_node_set(std::string_view text, Blanks blanks) {
+  return NodeSetParser(text, blanks).parse();
 }
 
 }  // namespace vond::standalone

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "standalone/nodes/node_set.h"
+
 namespace vond::standalone {
 
 /// The numbers of a range, or a single one.
@@ -24,11 +26,11 @@ struct NamePart {
   std::uint64_t length = 0;
 };
 
-/// What stands between two commas of a node set.
+/// What stands between two separators of a node set.
 using NodeSetTerm = std::vector<NamePart>;
 
 /// Reads a node set into its terms, which are views of it. Throws NodeSetError as
 /// expand_node_set() does, which tells what may be written.
-std::vector<NodeSetTerm> parse_node_set(std::string_view text);
+std::vector<NodeSetTerm> parse_node_set(std::string_view text, Blanks blanks);
 
 }  // namespace vond::standalone

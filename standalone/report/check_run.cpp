@@ -1,6 +1,7 @@
 #include "standalone/report/check_run.h"
 
 #include <string_view>
+#include <utility>
 
 namespace vond::standalone {
 namespace {
@@ -50,11 +51,13 @@ CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress) {
     examination_.add_expected(node);
   }
   CheckRunReading reading(
-      {.keep_going = sources.keep_going, .definitions_are_paths = sources.definitions_are_paths},
+      {.is_strict = sources.is_strict, .definitions_are_paths = sources.definitions_are_paths},
       collapser_, examination_, progress);
   for (const std::string& path : sources.findings) {
     inputs_.push_back(describe_input(path));
-    reading.reader().read(path);
+    FileOutcome outcome = reading.reader().read(path);
+    usable_lines_ += outcome.usable_lines;
+    complaints_.push_back(std::move(outcome.complaint));
   }
   findings_without_definition_ = reading.findings_without_definition();
   warnings_ = reading.reader().warnings();

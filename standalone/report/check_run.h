@@ -15,8 +15,8 @@ namespace vond::standalone {
 struct RunSources {
   /// Paths of files of findings, in reading order; "-" is standard input.
   std::vector<std::string> findings = {};
-  /// A line that cannot be used is left out, in place of ending the reading.
-  bool keep_going = false;
+  /// A line that cannot be used ends the reading, in place of being left out.
+  bool is_strict = false;
   /// Names of definitions are paths; see ReadingOptions.
   bool definitions_are_paths = false;
   /// Names of nodes that were looked at. Lines of the findings may name more.
@@ -54,8 +54,15 @@ class CheckRun {
   /// One message per unknown key, for the user to see: "FILE:LINE:COLUMN: unknown key …".
   const std::vector<std::string>& warnings() const { return warnings_; }
 
-  /// What was left out; nothing unless the sources say to keep going.
+  /// What was left out; nothing in strict reading.
   const RejectedLines& rejected_lines() const { return rejected_lines_; }
+
+  /// What is to be told about each input of which not one line could be used, in reading order;
+  /// empty texts for the others. See FileOutcome.
+  const std::vector<std::string>& complaints() const { return complaints_; }
+
+  /// Whether there are lines, of which not one could be used.
+  bool is_useless() const { return usable_lines_ == 0 && rejected_lines_.count != 0; }
 
  private:
   std::vector<RunInput> inputs_;
@@ -64,6 +71,8 @@ class CheckRun {
   Examination examination_;
   std::vector<std::string> warnings_;
   RejectedLines rejected_lines_;
+  std::vector<std::string> complaints_;
+  std::size_t usable_lines_ = 0;
 };
 
 }  // namespace vond::standalone

@@ -39,14 +39,19 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   const StringInterner& nodes = run.collapser().node_names();
   const Examination& examination = run.examination();
   ReportFacts facts;
-  for (const RunInput& input : run.inputs()) {
-    facts.inputs.push_back(facts_of_input(input, written_at));
+  for (std::size_t i = 0; i < run.inputs().size(); ++i) {
+    facts.inputs.push_back(facts_of_input(run.inputs()[i], written_at));
+    facts.inputs.back().is_useless = !run.complaints()[i].empty();
   }
   facts.written_at = written_at;
   facts.line_width = record.data().line_width;
   facts.findings_read = run.collapser().findings();
   facts.findings_without_definition = run.findings_without_definition();
   facts.lines_rejected = run.rejected_lines().count;
+  for (const InputError& error : run.rejected_lines().errors) {
+    facts.first_rejections.emplace_back(error.what());
+  }
+  facts.warnings = run.warnings();
   facts.nodes_seen = nodes.size();
   facts.unknown_definitions = record.unknown_definitions();
   facts.unknown_based_on = record.unknown_based_on();

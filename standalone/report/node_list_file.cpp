@@ -54,7 +54,7 @@ void add_names(const std::string& file, const LineReader::Line& line,
     return;
   }
   try {
-    for (const std::string& name : expand_node_set(set)) {
+    for (const std::string& name : expand_node_set(set, Blanks::SEPARATORS)) {
       names.push_back(harmless(name));
     }
   } catch (const NodeSetError& error) {

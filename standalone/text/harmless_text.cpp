@@ -2,6 +2,7 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -25,10 +26,14 @@ bool is_unassigned_and_invisible(std::uint32_t code_point) {
          (code_point >= 0xE0000 && code_point <= 0xE0FFF);
 }
 
-bool is_harmless_code_point(std::uint32_t code_point, LineEnds line_ends) {
-  if (code_point == '\n' || code_point == '\r') {
-    return line_ends == LineEnds::KEPT;
-  }
+/// Code points that will never be characters.
+bool is_noncharacter(std::uint32_t code_point) {
+  constexpr std::uint32_t LAST_TWO_OF_A_PLANE = 0xFFFE;
+  return (code_point >= 0xFDD0 && code_point <= 0xFDEF) ||
+         (code_point & LAST_TWO_OF_A_PLANE) == LAST_TWO_OF_A_PLANE;
+}
+
+bool is_harmless_code_point(std::uint32_t code_point) {
   switch (utf8proc_category(static_cast<utf8proc_int32_t>(code_point))) {
     case UTF8PROC_CATEGORY_CC:
     case UTF8PROC_CATEGORY_CF:
@@ -36,14 +41,19 @@ bool is_harmless_code_point(std::uint32_t code_point, LineEnds line_ends) {
     case UTF8PROC_CATEGORY_ZP:
       return false;
     case UTF8PROC_CATEGORY_CN:
-      return !is_unassigned_and_invisible(code_point);
+      return !is_unassigned_and_invisible(code_point) && !is_noncharacter(code_point);
     default:
       return true;
   }
 }
 
-bool is_harmless_character(const Character& character, LineEnds line_ends) {
-  return character.is_utf8 && is_harmless_code_point(character.value, line_ends);
+bool is_harmless_character(const Character& character) {
+  return character.is_utf8 && is_harmless_code_point(character.value);
+}
+
+/// Returns how many of the bytes that `text` begins with are line ends.
+std::size_t line_end_run(std::string_view text) {
+  return std::min(text.find_first_not_of("\r\n"), text.size());
 }
 
 void append_escape(std::string& out, std::uint32_t value) {
@@ -55,13 +65,13 @@ void append_escape(std::string& out, std::uint32_t value) {
 
 }  // namespace
 
-bool is_harmless(std::string_view text, LineEnds line_ends) noexcept {
+bool is_harmless(std::string_view text) noexcept {
   if (is_printable_ascii(text)) {
     return true;
   }
   while (!text.empty()) {
     const Character character = first_character(text);
-    if (!is_harmless_character(character, line_ends)) {
+    if (!is_harmless_character(character)) {
       return false;
     }
     text.remove_prefix(character.size);
@@ -73,8 +83,13 @@ std::string harmless(std::string_view text, LineEnds line_ends) {
   std::string shown;
   shown.reserve(text.size());
   while (!text.empty()) {
+    if (const std::size_t run = line_ends == LineEnds::JOINED ? line_end_run(text) : 0) {
+      shown += ' ';
+      text.remove_prefix(run);
+      continue;
+    }
     const Character character = first_character(text);
-    if (is_harmless_character(character, line_ends)) {
+    if (is_harmless_character(character)) {
       shown.append(text, 0, character.size);
     } else if (character.value == '\t') {
       shown += ' ';

@@ -26,8 +26,8 @@ std::string_view first_characters(std::string_view text, std::size_t count) noex
 }
 
 std::size_t count_characters(std::string_view text) noexcept {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return (byte & '\xC0') != '\x80'; }));
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return !is_utf8_continuation(byte); }));
 }
 
 }  // namespace vond::standalone

@@ -15,6 +15,9 @@ struct Character {
   bool is_utf8;
 };
 
+/// Whether a byte of UTF-8 is not the first one of its character.
+constexpr bool is_utf8_continuation(char byte) { return (byte & '\xC0') == '\x80'; }
+
 /// Returns the character that `text`, which is not empty, begins with.
 Character first_character(std::string_view text) noexcept;
 

@@ -144,14 +144,14 @@ class HostileTextTest : public ::testing::TestWithParam<Place> {
 
   /// Feeds every character, so few at a time that every message about them is seen.
   void feed_all(const std::function<std::string(unsigned)>& write_character) const {
-    constexpr std::size_t SHOWN_MESSAGES = 20;
+    constexpr std::size_t SHOWN_MESSAGES = 10;
     const std::vector<unsigned> characters = hostile_characters();
     for (std::size_t first = 0; first < characters.size(); first += SHOWN_MESSAGES) {
       std::string input;
       for (std::size_t i = first; i < std::min(first + SHOWN_MESSAGES, characters.size()); ++i) {
         input += line("x" + write_character(characters[i]) + "y");
       }
-      expect_harmless(Command({"--keep-going"}).input(input).run());
+      expect_harmless(Command({}).input(input).run());
     }
   }
 };
@@ -165,17 +165,14 @@ TEST_P(HostileTextTest, NoEscapedCharacterComesOut) { feed_all(json_escape); }
 TEST_P(HostileTextTest, BytesThatAreNoUtf8DoNotComeOut) {
   for (const char* bytes :
        {"\x80", "\x9B", "\xC0\x9B", "\xC2", "\xED\xA0\x80", "\xF5\x80\x80\x80"}) {
-    const Outcome outcome = Command({"--keep-going"}).input(line(bytes)).run();
-    expect_harmless(outcome);
-    EXPECT_EQ(outcome.status, 2);
+    expect_harmless(Command({}).input(line(bytes)).run());
   }
 }
 
 TEST_P(FreeTextTest, CharactersAreShownAsEscapes) {
-  const Outcome outcome = Command({"-w", "0"})
-                              .input(line(R"(a\u001bc\u009b\u007f\t\u202eb\u200bc\udb40\udc01d)"))
-                              .run();
-  EXPECT_NE(outcome.output.find(R"(a\x1bc\x9b\x7f \u202eb\u200bc\U000e0001d)"), std::string::npos);
+  const Outcome outcome =
+      Command({"-w", "0"}).input(line(R"(a\u001bc\u009b\u007f\u202eb\u200bc\udb40\udc01d)")).run();
+  EXPECT_NE(outcome.output.find(R"(a\x1bc\x9b\x7f\u202eb\u200bc\U000e0001d)"), std::string::npos);
   EXPECT_EQ(outcome.errors, "");
 }
 
@@ -183,7 +180,7 @@ TEST_P(HostileTextTest, NoLineOfTheReportCanBeForged) {
   for (const char* line_end :
        {R"(\n)", R"(\r\n)", R"(\r)", R"(\u2028)", R"(\u0085)", R"(\u000b)"}) {
     const std::string text = std::string("a") + line_end + "End of report. Verdict: PASS";
-    const std::string output = Command({"--keep-going", "-w", "0"}).input(line(text)).run().output;
+    const std::string output = Command({"-w", "0"}).input(line(text)).run().output;
     EXPECT_EQ(output.find("\nEnd of report"), output.rfind("\nEnd of report"));
   }
 }

@@ -31,8 +31,8 @@ Options:
                               upper bound (default: 75)
   --collapse WHAT             What makes findings one issue: equal texts, or
                               an equal id: text or id (default: text)
-  --keep-going                Report on the rest of the input when lines of
-                              it cannot be used
+  --strict                    End at the first line that cannot be used, in
+                              place of leaving it out
   --examined NODESET          Nodes that were looked at; may be repeated
   --expect NODESET            Nodes that should have been looked at; may be
                               repeated
@@ -118,8 +118,7 @@ TEST_F(OptionsTest, AnUnknownOptionIsNamedWithTheOneThatMayBeMeant) {
                      R"(unknown option "--colour"; did you mean "--color"?)");
   expect_usage_error({"--Width=80"}, R"(unknown option "--Width"; did you mean "--width"?)");
   expect_usage_error({"--def", "x"}, R"(unknown option "--def"; did you mean "--definitions"?)");
-  expect_usage_error({"--keepgoing"},
-                     R"(unknown option "--keepgoing"; did you mean "--keep-going"?)");
+  expect_usage_error({"--srict"}, R"(unknown option "--srict"; did you mean "--strict"?)");
   expect_usage_error({"--bogus"}, R"(unknown option "--bogus")");
   expect_usage_error({"-x"}, R"(unknown option "-x")");
 }
@@ -165,9 +164,9 @@ TEST_F(OptionsTest, AnOptionForOneValueIsNotRepeated) {
 }
 
 TEST_F(OptionsTest, AFlagMayBeRepeatedAndTakesNoValue) {
-  EXPECT_EQ(report({"--keep-going", "--keep-going"}), report({}));
+  EXPECT_EQ(report({"--strict", "--strict"}), report({}));
   EXPECT_EQ(report({"--syslog", "--syslog"}), report({}));
-  expect_usage_error({"--keep-going=banana"}, "--keep-going takes no value");
+  expect_usage_error({"--strict=banana"}, "--strict takes no value");
   expect_usage_error({"--syslog=3"}, "--syslog takes no value");
 }
 

@@ -210,6 +210,12 @@ TEST(DefinitionsReader, RefusesFaultyDefinitions) {
   }
 }
 
+TEST(DefinitionsReader, TakesNullForAnOptionalKeyAsIfTheKeyWereNotThere) {
+  EXPECT_EQ(picture_of(R"({"definitions":[{"name":" a\n","skipped":null,"children":null}]})"), "a");
+  EXPECT_EQ(error_of(R"({"definitions":[{"name":"a","children":[null]}]})"),
+            "FILE:1:41: children[0] is null, expected a definition or an array of definitions");
+}
+
 TEST(DefinitionsReader, RefusesEveryBeginningOfAFile) {
   const std::string content =
       "{\"definitions\":[\n{\"name\":\"a\\n\",\"skipped\":true,\"children\":[[{\"name\":\"b\"}]],"

@@ -70,7 +70,7 @@ struct Reading {
 Reading read(const std::string& content) {
   const TestFile file(content);
   Recorder recorder;
-  FindingsReader reader(recorder, {.keep_going = true});
+  FindingsReader reader(recorder);
   reader.read(file.path());
   Reading reading{recorder.texts, {}, {}, recorder.wordings};
   for (const InputError& error : reader.rejected().errors) {
@@ -125,12 +125,12 @@ Texts three_of(const std::string& form) {
 
 TEST(RepeatedFindings, AreRecognisedFromTheThirdOn) {
   Texts lines = three_of(USUAL);
-  lines.push_back(filled(USUAL, "another name 4", "123456789"));
+  lines.push_back(filled(USUAL, "another-name:4", "123456789"));
   const Reading reading = read(joined(lines));
   EXPECT_EQ(reading.recognised(), 2U);
   EXPECT_EQ(reading.findings, read_one_by_one(lines).findings);
   EXPECT_EQ(reading.findings[3],
-            "1|90|disk-full|storage|Full||another name 4;|storage/disk;||123456789");
+            "1|90|disk-full|storage|Full||another-name:4;|storage/disk;||123456789");
 }
 
 TEST(RepeatedFindings, MayHaveAnyForm) {
@@ -181,6 +181,10 @@ TEST(RepeatedFindings, AreParsedWhenTheirNodeOrRowIdIsNotPlain) {
       {"\\u0041", "1"},
       {"", "1"},
       {"gr\xC3\xBCn", "1"},
+      {"a b", "1"},
+      {" a", "1"},
+      {"a ", "1"},
+      {" ", "1"},
       {"\xFF", "1"},
       {"a\tb", "1"},
       {"a\x7F", "1"},

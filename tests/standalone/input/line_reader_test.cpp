@@ -83,4 +83,16 @@ TEST(LineReader, HandsOutTheSameLinesWhereverItsBlocksEnd) {
   EXPECT_EQ(lines_of(content, 1'000'000), expected);
 }
 
+TEST(LineReader, KeepsHowTheFileBegins) {
+  const std::string text = "\xEF\xBB\xBF" + std::string(300'000, 'x');
+  const TestFile input(text);
+  InputFile file(input.path(), "a file");
+  LineReader reader(file, 10);
+  EXPECT_EQ(reader.beginning(), "");
+  LineReader::Line line;
+  while (reader.next(line)) {
+  }
+  EXPECT_EQ(reader.beginning(), text.substr(0, LineReader::BEGINNING));
+}
+
 }  // namespace

@@ -135,13 +135,20 @@ TEST(JsonStrings, AreUnescaped) {
 }
 
 TEST(JsonStrings, AreMadeHarmless) {
-  EXPECT_EQ(read(R"("\u001b\n")"), "\\x1b\\x0a");
+  EXPECT_EQ(read(R"("\u001b\n\u001b")"), "\\x1b\\x0a\\x1b");
   EXPECT_EQ(read("\"\xE2\x80\xAE\""), "\\u202e");
   EXPECT_EQ(read("\"\x7F\""), "\\x7f");
 }
 
-TEST(JsonStrings, KeepLineEndsWhereTheyMay) {
-  EXPECT_EQ(read(R"("a\nb\u001b")", LineEnds::KEPT), "a\nb\\x1b");
+TEST(JsonStrings, HaveBlanksForLineEndsWhereThatIsAskedFor) {
+  EXPECT_EQ(read(R"("a\nb\u001b")", LineEnds::JOINED), "a b\\x1b");
+}
+
+TEST(JsonStrings, HaveNoWhiteSpaceAtTheirEnds) {
+  EXPECT_EQ(read(R"("  a  b ")"), "a  b");
+  EXPECT_EQ(read(R"("\n\t\u00a0a\u2028\r\n")"), "a");
+  EXPECT_EQ(read(R"("\nab\n")", LineEnds::JOINED), "ab");
+  EXPECT_EQ(read(R"("   ")"), "");
 }
 
 TEST(JsonStrings, LiveUntilTheNextTextBegins) {

@@ -237,4 +237,25 @@ TEST(NodeSet, RefusesMoreBytesBeforeItExpandsAny) {
       "of at most 268435456");
 }
 
+TEST(NodeSet, BlanksSeparateNamesWhereThatIsAskedFor) {
+  const auto names = [](std::string_view text) {
+    return expand_node_set(text, vond::standalone::Blanks::SEPARATORS);
+  };
+  EXPECT_THAT(names("a b"), ElementsAre("a", "b"));
+  EXPECT_THAT(names(" a,\tb , c\r\nd[1-2]\n"), ElementsAre("a", "b", "c", "d1", "d2"));
+  EXPECT_THAT(names("'a b' c"), ElementsAre("a b", "c"));
+  EXPECT_THROW(names("a,,b"), NodeSetError);
+  EXPECT_THROW(names("a b,"), NodeSetError);
+  EXPECT_THROW(names(" "), NodeSetError);
+  EXPECT_THROW(names("n[1, 2]"), NodeSetError);
+  EXPECT_THROW(names("'a'b"), NodeSetError);
+}
+
+TEST(NodeSet, IsKnownWithoutExpandingIt) {
+  EXPECT_TRUE(vond::standalone::is_node_set("n[1-2],m"));
+  EXPECT_FALSE(vond::standalone::is_node_set("n[1-"));
+  EXPECT_FALSE(vond::standalone::is_node_set("a b"));
+  EXPECT_FALSE(vond::standalone::is_node_set(""));
+}
+
 }  // namespace

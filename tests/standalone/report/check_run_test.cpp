@@ -122,19 +122,41 @@ TEST(CheckRun, ReturnsWarningsInPlaceOfPrintingThem) {
             "FILE:1:28: unknown key \"mesage\" is ignored (once); did you mean \"message\"?");
 }
 
-TEST(CheckRun, ALineThatCannotBeUsedEndsTheReading) {
+TEST(CheckRun, ALineThatCannotBeUsedEndsStrictReading) {
   const TestFile file(finding("a", "n1") + "{}\n");
-  EXPECT_THROW(read_run({.findings = {file.path()}}), InputError);
+  EXPECT_THROW(read_run({.findings = {file.path()}, .is_strict = true}), InputError);
 }
 
-TEST(CheckRun, ToldToKeepGoingItLeavesOutLinesAndTellsOfThem) {
+TEST(CheckRun, LeavesOutLinesThatCannotBeUsedAndTellsOfThem) {
   const TestFile file("{}\n" + finding("a", "n1") + "bad\n");
-  const auto run = read_run({.findings = {file.path()}, .keep_going = true});
+  const auto run = read_run({.findings = {file.path()}});
   EXPECT_EQ(run->rejected_lines().count, 2U);
   ASSERT_EQ(run->rejected_lines().errors.size(), 2U);
   EXPECT_EQ(file.without_path(run->rejected_lines().errors[0].what()),
             "FILE:1:1: the key \"id\" is missing, expected it in every finding");
   EXPECT_EQ(ids_of(*run), Names{"a"});
+}
+
+TEST(CheckRun, ComplainsAboutInputsOfWhichNotOneLineCanBeUsed) {
+  const TestFile good(finding("a", "n1") + "{}\n");
+  const TestFile bad("\n{}\n\n");
+  const TestFile blank(" \n\n");
+  const TestFile examined("{\"examined\": []}\n");
+  const auto run =
+      read_run({.findings = {good.path(), bad.path(), blank.path(), examined.path(), bad.path()}});
+  const std::string complaint = bad.path() + ": its one line cannot be used";
+  EXPECT_EQ(run->complaints(), (Names{"", complaint, "", "", complaint}));
+  EXPECT_FALSE(run->is_useless());
+}
+
+TEST(CheckRun, IsUselessWithLinesOfWhichNotOneCanBeUsed) {
+  const TestFile bad("{}\n");
+  const TestFile blank("\n");
+  const TestFile examined("{\"examined\": []}\n");
+  EXPECT_TRUE(read_run({.findings = {bad.path(), blank.path()}})->is_useless());
+  EXPECT_FALSE(read_run({.findings = {blank.path()}})->is_useless());
+  EXPECT_FALSE(read_run({.findings = {bad.path(), examined.path()}})->is_useless());
+  EXPECT_FALSE(read_run({})->is_useless());
 }
 
 TEST(CheckRun, LimitsTheDepthOfDefinitionsWhereTheirNamesArePaths) {
@@ -143,7 +165,9 @@ TEST(CheckRun, LimitsTheDepthOfDefinitionsWhereTheirNamesArePaths) {
     deep += "/d";
   }
   const TestFile file(R"({"id": "a", "severity": 1, "definitions": [")" + deep + "\"]}");
-  EXPECT_THROW(read_run({.findings = {file.path()}, .definitions_are_paths = true}), InputError);
+  EXPECT_EQ(
+      read_run({.findings = {file.path()}, .definitions_are_paths = true})->rejected_lines().count,
+      1U);
   EXPECT_EQ(read_run({.findings = {file.path()}})->collapser().findings(), 1U);
 }
 
@@ -229,7 +253,7 @@ TEST_F(TwoRuns, TheirRecordsLiveBesideEachOther) {
 TEST_F(TwoRuns, AFaultInOneLeavesTheOtherAsItWas) {
   const TestFile bad("{");
   const auto first = read_run({.findings = {yesterday.path()}});
-  EXPECT_THROW(read_run({.findings = {today.path(), bad.path()}}), InputError);
+  EXPECT_THROW(read_run({.findings = {today.path(), bad.path()}, .is_strict = true}), InputError);
   EXPECT_EQ(ids_of(*first), (Names{"both", "old"}));
 }
 

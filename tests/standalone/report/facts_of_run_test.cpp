@@ -42,12 +42,27 @@ TEST(FactsOfRun, TellWhatWasRead) {
       "{\"id\": \"a\", \"severity\": 1, \"nodes\": \"n[1-3]\"}\n"
       "{\"id\": \"b\", \"severity\": 1, \"nodes\": \"n1\"}\n"
       "bad\n");
-  const ReportFacts facts = read_facts({.findings = {file.path()}, .keep_going = true});
+  const ReportFacts facts = read_facts({.findings = {file.path()}});
   ASSERT_EQ(facts.inputs.size(), 1U);
   EXPECT_EQ(facts.inputs[0].name, file.path());
   EXPECT_EQ(facts.findings_read, 2U);
   EXPECT_EQ(facts.nodes_seen, 3U);
   EXPECT_EQ(facts.lines_rejected, 1U);
+  ASSERT_EQ(facts.first_rejections.size(), 1U);
+  EXPECT_EQ(file.without_path(facts.first_rejections[0]),
+            "FILE:3:1: found \"bad\", expected a JSON value");
+  EXPECT_FALSE(facts.inputs[0].is_useless);
+}
+
+TEST(FactsOfRun, TellOfWarningsAndUselessInputs) {
+  const TestFile good(R"({"id": "a", "severity": 1, "node": "n1"})");
+  const TestFile bad("{}");
+  const ReportFacts facts = read_facts({.findings = {good.path(), bad.path()}});
+  ASSERT_EQ(facts.warnings.size(), 1U);
+  EXPECT_EQ(good.without_path(facts.warnings[0]),
+            "FILE:1:28: unknown key \"node\" is ignored (once); did you mean \"nodes\"?");
+  EXPECT_FALSE(facts.inputs[0].is_useless);
+  EXPECT_TRUE(facts.inputs[1].is_useless);
 }
 
 TEST(FactsOfRun, TellTimeAndWidth) {

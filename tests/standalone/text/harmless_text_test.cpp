@@ -54,11 +54,20 @@ TEST(HarmlessText, TurnsATabIntoOneSpace) {
   EXPECT_FALSE(is_harmless("\t"));
 }
 
-TEST(HarmlessText, KeepsLineEndsOnlyWhereTheyAreFoldedLater) {
+TEST(HarmlessText, ShowsLineEndsUnlessTheyAreToBeBlanks) {
   EXPECT_EQ(harmless("a\r\nb"), "a\\x0d\\x0ab");
-  EXPECT_EQ(harmless("a\r\nb\v", LineEnds::KEPT), "a\r\nb\\x0b");
+  EXPECT_EQ(harmless("a\r\nb\v", LineEnds::JOINED), "a b\\x0b");
+  EXPECT_EQ(harmless("\n\na\rb\n", LineEnds::JOINED), " a b ");
   EXPECT_FALSE(is_harmless("\n"));
-  EXPECT_TRUE(is_harmless("\r\n", LineEnds::KEPT));
+  EXPECT_FALSE(is_harmless("\r\n"));
+}
+
+TEST(HarmlessText, ShowsNoncharacters) {
+  EXPECT_EQ(harmless("\xEF\xBF\xBE\xEF\xBF\xBF"), "\\ufffe\\uffff");
+  EXPECT_EQ(harmless("\xEF\xB7\x90\xEF\xB7\xAF"), "\\ufdd0\\ufdef");
+  EXPECT_EQ(harmless("\xF0\x9F\xBF\xBE\xF4\x8F\xBF\xBF"), "\\U0001fffe\\U0010ffff");
+  EXPECT_TRUE(is_harmless("\xEF\xBF\xBD"));
+  EXPECT_TRUE(is_harmless("\xEF\xB7\x8F"));
 }
 
 TEST(HarmlessText, LeavesTextAlone) {
