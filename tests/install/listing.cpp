@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "vond/contract.h"
 #include "vond/log/output_log.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 #include "vond/postprocessor/string_interface.h"
@@ -52,7 +53,10 @@ class Listing : public PostprocessorExtension {
 
 }  // namespace
 
-/// The library's one symbol; all else is hidden. The caller owns the new extension.
+/// A host with another contract refuses the library.
+VOND_EXPORT_CONTRACT;
+
+/// Beside that the library's one symbol; all else is hidden. The caller owns the new extension.
 extern "C" VOND_HOST_API PostprocessorExtension* create(PostprocessorExtensionData& data) {
   return new Listing(data);
 }
