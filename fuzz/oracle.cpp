@@ -10,8 +10,8 @@ namespace {
 
 /// Returns `text` so that it can be told apart from any other and does nothing to a terminal.
 std::string shown(std::string_view text) {
-  return "  " + std::to_string(text.size()) + " bytes:\n" +
-         standalone::harmless(text) + "\n  end\n";
+  return "  " + std::to_string(text.size()) + " bytes:\n" + standalone::harmless(text) +
+         "\n  end\n";
 }
 
 std::string one_a_line(const Names& names) {

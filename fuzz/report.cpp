@@ -73,8 +73,7 @@ class Input : public FindingsSink {
  public:
   Input(std::string_view text, bool definitions_are_paths) {
     static MemoryFile file;
-    FindingsReader reader(*this,
-                          {.definitions_are_paths = definitions_are_paths});
+    FindingsReader reader(*this, {.definitions_are_paths = definitions_are_paths});
     reader.read(file.holding(text));
     lines_rejected_ = reader.rejected().count;
   }

@@ -51,7 +51,10 @@ inline std::string_view source_of(simdjson::ondemand::value& value) {
 }
 
 /// Whether a value is `null`.
-inline bool is_null(simdjson::ondemand::value& value) { return source_of(value) == "null"; }
+inline bool is_null(simdjson::ondemand::value& value) {
+  // Most values are told by their first byte, which is quicker than taking the whole source.
+  return value.raw_json_token().front() == 'n' && source_of(value) == "null";
+}
 
 /// Returns the text between the quotes of a string's source.
 inline std::string_view without_quotes(std::string_view source) {
