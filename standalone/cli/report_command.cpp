@@ -59,7 +59,6 @@ void set_up_error_log(const Options& options) {
 /// Reads the definitions, too.
 RecordOptions make_record_options(const Options& options) {
   RecordOptions record_options;
-  record_options.collapse_by = options.collapse_by;
   record_options.fail_threshold = options.fail_threshold;
   record_options.line_width = options.width ? *options.width : default_width();
   record_options.log_level = options.log_level;
@@ -73,6 +72,7 @@ RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
           .keep_going = options.keep_going,
           .definitions_are_paths = !options.definitions.has_value(),
+          .collapse_by = options.collapse_by,
           .examined = options.examined,
           .expected = options.expected};
 }

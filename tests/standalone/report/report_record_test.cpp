@@ -54,8 +54,9 @@ RecordOptions with_definitions(const std::vector<DefinitionSpec>& definitions) {
 }
 
 std::unique_ptr<ReportRecord> make_record(const Findings& findings,
-                                          const RecordOptions& options = with_threshold(75)) {
-  Collapser collapser;
+                                          const RecordOptions& options = with_threshold(75),
+                                          CollapseBy collapse_by = CollapseBy::TEXT) {
+  Collapser collapser(collapse_by);
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
@@ -228,11 +229,9 @@ TEST(Record, AnIssueSaysWhatItsFindingsSay) {
 }
 
 TEST(Record, AnIssueCollapsedByIdHasAllItsOutputs) {
-  RecordOptions options = with_threshold(75);
-  options.collapse_by = CollapseBy::ID;
   const auto record = make_record({{.message = "b", .nodes = {"n1"}, .definitions = {"x"}},
                                    {.message = "a", .nodes = {"n2"}, .definitions = {"y"}}},
-                                  options);
+                                  with_threshold(75), CollapseBy::ID);
   const Issue issue = find_issue(record->data(), "id");
   ASSERT_EQ(issue->outputs.size(), 2U);
   EXPECT_EQ(issue->outputs[0]->identifier, "id");
@@ -526,13 +525,11 @@ TEST(RelatedIssues, IdsThatNobodyReportedAreToldOnceInByteOrder) {
 }
 
 TEST(RelatedIssues, OfDiagnosesCollapsedByIdAreThoseOfAll) {
-  RecordOptions options = with_threshold(75);
-  options.collapse_by = CollapseBy::ID;
   const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"p"}},
                                    {.type = DIAGNOSES, .id = "d", .based_on = {"o"}},
                                    {.id = "o"},
                                    {.id = "p"}},
-                                  options);
+                                  with_threshold(75), CollapseBy::ID);
   EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "o p");
 }
 

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vector>
+
+#include "standalone/report/collapsed_issue.h"
+#include "standalone/report/flat_index.h"
+
+namespace vond::standalone {
+
+/// Issues by pattern, of which those become one that are equal when all findings are known: their
+/// patterns differ, but not where they have come to hold one value.
+class JoinedIssues {
+ public:
+  /// `issue` has `findings`, and one output that tells its severity and category alone.
+  void add(CollapsedIssue issue);
+
+  /// Returns the issues in any order, and forgets them.
+  std::vector<CollapsedIssue> take();
+
+ private:
+  std::vector<CollapsedIssue> issues_;
+  /// By hashes of the issues.
+  FlatIndex index_;
+};
+
+}  // namespace vond::standalone
