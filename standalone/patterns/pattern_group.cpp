@@ -76,7 +76,8 @@ PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> valu
       has_value_with_name_ || std::any_of(places.begin(), places.end(), [&table](auto value) {
         return text_marks::holds_name(table[value]);
       });
-  if (4 * entries_ > 3 * index_.size() && entries_ > FEW_ENTRIES) {
+  // Most that is looked for is not there, which takes long in a table that is rather full.
+  if (2 * entries_ > index_.size() && entries_ > FEW_ENTRIES) {
     index_all(std::max(2 * index_.size(), 4 * FEW_ENTRIES));
   } else if (!index_.empty()) {
     index(entry);

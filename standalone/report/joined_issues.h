@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "standalone/report/collapsed_issue.h"
-#include "standalone/report/flat_index.h"
+#include "standalone/model/flat_index.h"
 
 namespace vond::standalone {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "standalone/model/wording.h"
-#include "standalone/report/flat_index.h"
+#include "standalone/model/flat_index.h"
 
 namespace vond::standalone {
 
