@@ -8,6 +8,7 @@
 
 #include "standalone/model/severity_scale.h"
 #include "standalone/patterns/pattern_summaries.h"
+#include "standalone/patterns/text_marks.h"
 #include "standalone/report/joined_issues.h"
 
 namespace vond::standalone {
@@ -20,7 +21,24 @@ std::string_view own_node(const std::vector<std::string_view>& nodes) {
   return is_one ? nodes[0] : std::string_view();
 }
 
+bool has_digit(std::string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char byte) { return byte >= '0' && byte <= '9'; });
+}
+
+bool may_name(const BasicTexts<std::string_view>& texts, std::string_view node) {
+  return TextPattern::may_name(texts.message, node) || TextPattern::may_name(texts.remedy, node);
+}
+
 void append_places(CollapsedOutput& output, const PatternIssue& findings) {
+  std::size_t nodes = 0;
+  std::size_t row_ids = 0;
+  findings.for_each([&](const PatternGroup::Occurrence& finding) {
+    nodes += finding.nodes.size();
+    row_ids += finding.row_ids.size();
+  });
+  output.nodes.reserve(nodes);
+  output.row_ids.reserve(row_ids);
   findings.for_each([&output](const PatternGroup::Occurrence& finding) {
     output.nodes.insert(output.nodes.end(), finding.nodes.begin(), finding.nodes.end());
     output.row_ids.insert(output.row_ids.end(), finding.row_ids.begin(), finding.row_ids.end());
@@ -37,17 +55,20 @@ void FindingsByPattern::add(const Finding& finding, std::span<const StringIntern
 }
 
 FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {
-  const auto& [message, remedy, category] = finding.wording.texts;
   const std::string_view node = own_node(finding.nodes);
+  const KnownPlace* const known = known_wordings_.find(finding);
+  if (known != nullptr && !known->has_digits && has_digit(text_marks::short_form(node))) {
+    return known->place;
+  }
   // What is known was said without a node's name, and belongs elsewhere if it names this node.
-  const bool can_be_known =
-      !TextPattern::may_name(message, node) && !TextPattern::may_name(remedy, node);
-  if (const Place* const known = known_wordings_.find(finding); known != nullptr && can_be_known) {
-    return *known;
+  const bool can_be_known = !may_name(finding.wording.texts, node);
+  if (known != nullptr && can_be_known) {
+    return known->place;
   }
   const Place place = read_place(finding, node);
   if (can_be_known) {
-    known_wordings_.remember(finding, place);
+    // Without the node every word with a digit is a value.
+    known_wordings_.remember(finding, {place, !text_.values().empty()});
   }
   return place;
 }
@@ -97,6 +118,7 @@ std::vector<CollapsedIssue> FindingsByPattern::take_joined(const NodeNames& node
     CollapsedIssue issue{
         type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0};
     issue.outputs.push_back({severity, {{}, {}, std::move(texts.category)}, {}, {}, 0});
+    std::string().swap(texts.message);
     issue.findings.emplace(std::move(findings), values_, node_names);
     joined.add(std::move(issue));
   }

@@ -34,6 +34,12 @@ class FindingsByPattern {
     WordingTable::Number group = 0;
     PatternGroup::Entry entry = 0;
   };
+  /// The place of findings whose texts do not name their own node.
+  struct KnownPlace {
+    Place place = {};
+    /// Their texts have.
+    bool has_digits = false;
+  };
   /// Findings of one group.
   struct Gathered {
     PatternGroup findings;
@@ -51,7 +57,7 @@ class FindingsByPattern {
   WordingTable wordings_;
   /// By the numbers of wordings.
   std::vector<Gathered> groups_;
-  KnownWordings<Place> known_wordings_;
+  KnownWordings<KnownPlace> known_wordings_;
   /// Kept between findings for their memory.
   Wording wording_with_pattern_;
   std::vector<ValueTable::Id> value_ids_;

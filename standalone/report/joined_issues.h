@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "standalone/report/collapsed_issue.h"
 #include "standalone/model/flat_index.h"
+#include "standalone/report/collapsed_issue.h"
 
 namespace vond::standalone {
 

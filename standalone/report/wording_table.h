@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "standalone/model/wording.h"
 #include "standalone/model/flat_index.h"
+#include "standalone/model/wording.h"
 
 namespace vond::standalone {
 
