@@ -106,6 +106,10 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   ++findings_;
   const bool is_usual = nodes.size() == 1 && row_ids.size() <= 1;
   const Shape shape = !is_usual ? ANY : row_ids.empty() ? ONE_NODE : ONE_NODE_ONE_ROW;
+  if (findings_data_.empty()) {
+    // Most groups of texts without values have one finding.
+    findings_data_.reserve((shape == ANY ? 3 : 1) + nodes.size() + row_ids.size());
+  }
   findings_data_.push_back(entry << SHAPE_BITS | shape);
   if (shape == ANY) {
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));

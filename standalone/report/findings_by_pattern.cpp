@@ -110,7 +110,7 @@ std::vector<CollapsedIssue> FindingsByPattern::finish(const StringInterner& node
 std::vector<CollapsedIssue> FindingsByPattern::take_joined(const NodeNames& node_names) {
   std::vector<OwnedWording> wordings = wordings_.take();
   std::vector<Gathered> groups = std::exchange(groups_, {});
-  JoinedIssues joined;
+  JoinedIssues joined(wordings.size());
   for (std::size_t number = 0; number < wordings.size(); ++number) {
     auto& [type, id, band, texts, definitions, based_on] = wordings[number];
     auto& [findings, severity] = groups[number];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "standalone/model/flat_index.h"
@@ -11,6 +12,9 @@ namespace vond::standalone {
 /// patterns differ, but not where they have come to hold one value.
 class JoinedIssues {
  public:
+  /// `most_issues` will be added at most.
+  explicit JoinedIssues(std::size_t most_issues) { issues_.reserve(most_issues); }
+
   /// `issue` has `findings`, and one output that tells its severity and category alone.
   void add(CollapsedIssue issue);
 
