@@ -173,9 +173,9 @@ TEST_F(InputTest, CollapsingByIdMakesFindingsOfOneIdOneIssue) {
       "{\"id\": \"a\", \"severity\": 90, \"message\": \"first\", \"nodes\": [\"n1\", \"n2\"]}\n"
       "{\"id\": \"a\", \"severity\": 90, \"message\": \"second\", \"nodes\": \"n3\"}\n";
   const std::string by_text = Command({"--collapse", "text"}).input(input).run().output;
-  EXPECT_NE(by_text.find("  CRITICAL:      2 observations\n"), std::string::npos);
+  EXPECT_NE(by_text.find("CRITICAL: 2 observations\n"), std::string::npos);
   const std::string by_id = Command({"--collapse", "id"}).input(input).run().output;
-  EXPECT_NE(by_id.find("  CRITICAL:      1 observation\n"), std::string::npos);
+  EXPECT_NE(by_id.find("CRITICAL: 1 observation\n"), std::string::npos);
   EXPECT_NE(by_id.find("first (and 1 other message)"), std::string::npos);
 }
 
