@@ -39,6 +39,7 @@ using vond::log::OutputLog;
 
 /// What the first two lines of an input ask for.
 struct Options {
+  CollapseBy collapse_by = CollapseBy::TEXT;
   RecordOptions record;
   bool colored = false;
 };
@@ -61,7 +62,11 @@ Options take_options(std::string_view& input) {
   Options options;
   options.record.line_width = take_width(input);
   const std::string_view letters = take_line(input);
-  options.record.collapse_by = has(letters, 'i') ? CollapseBy::ID : CollapseBy::TEXT;
+  if (has(letters, 'i')) {
+    options.collapse_by = CollapseBy::ID;
+  } else if (has(letters, 'p')) {
+    options.collapse_by = CollapseBy::PATTERN;
+  }
   options.record.fail_threshold = has(letters, 'a') ? 0 : has(letters, 't') ? 25 : 75;
   options.record.log_level = has(letters, 'r') ? "info" : "warning";
   options.record.definitions = read_definition_specs(take_line(input));
@@ -71,7 +76,8 @@ Options take_options(std::string_view& input) {
 
 class Input : public FindingsSink {
  public:
-  Input(std::string_view text, bool definitions_are_paths) {
+  Input(std::string_view text, bool definitions_are_paths, CollapseBy collapse_by)
+      : collapser_(collapse_by) {
     static MemoryFile file;
     FindingsReader reader(*this, {.definitions_are_paths = definitions_are_paths});
     reader.read(file.holding(text));
@@ -170,7 +176,7 @@ int count_issues(ReportRecord& record) {
 
 /// Returns the report of an input; a record gives the same one however often it is asked.
 WrittenReport write_report(std::string_view findings, const Options& options) {
-  Input input(findings, !options.record.definitions.has_value());
+  Input input(findings, !options.record.definitions.has_value(), options.collapse_by);
   ReportRecord record(input.collapser(), options.record);
   ReportFacts& facts = report_facts();
   facts = ReportFacts();

@@ -18,8 +18,8 @@ namespace {
 const std::map<std::string_view, ColorMode> COLOR_MODES = {
     {"auto", ColorMode::AUTO}, {"always", ColorMode::ALWAYS}, {"never", ColorMode::NEVER}};
 
-const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {{"text", CollapseBy::TEXT},
-                                                               {"id", CollapseBy::ID}};
+const std::map<std::string_view, CollapseBy> COLLAPSE_MODES = {
+    {"pattern", CollapseBy::PATTERN}, {"text", CollapseBy::TEXT}, {"id", CollapseBy::ID}};
 
 /// `candidates` are words that may have been meant.
 [[noreturn]] void refuse(const std::string& option, const std::string& value,

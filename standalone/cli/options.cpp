@@ -131,8 +131,8 @@ void CommandLine::add_input_options() {
             "Issues of bands that reach up to N contribute\nto FAIL: 0 to 100, or a band's name "
             "for its\nupper bound (default: 75)");
   add_value("--collapse", "WHAT", collapse_,
-            "What makes findings one issue: equal texts, or\nan equal id: text or id (default: "
-            "text)");
+            "What makes findings one issue: texts that are\nequal but for numbers and the node's "
+            "name, equal\ntexts, or an equal id: pattern, text or id\n(default: pattern)");
   add_flag("--strict", taken_as_is_.is_strict,
            "End at the first line that cannot be used, in\nplace of leaving it out");
   add_list("--examined", "NODESET", examined_, "Nodes that were looked at; may be repeated");

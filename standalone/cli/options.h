@@ -18,7 +18,7 @@ struct Options {
   std::optional<std::string> definitions;
   /// On the severity scale, 0 to 100.
   int fail_threshold = 75;
-  CollapseBy collapse_by = CollapseBy::TEXT;
+  CollapseBy collapse_by = CollapseBy::PATTERN;
   /// Whether a line that cannot be used ends everything.
   bool is_strict = false;
   /// Names of nodes that were looked at.

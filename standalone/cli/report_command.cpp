@@ -60,7 +60,6 @@ void set_up_error_log(const Options& options) {
 /// Reads the definitions, too, and adds what was odd about them to `warnings`.
 RecordOptions make_record_options(const Options& options, std::vector<std::string>& warnings) {
   RecordOptions record_options;
-  record_options.collapse_by = options.collapse_by;
   record_options.fail_threshold = options.fail_threshold;
   record_options.line_width = options.width ? *options.width : default_width();
   record_options.log_level = options.log_level;
@@ -87,6 +86,7 @@ RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
           .is_strict = options.is_strict,
           .definitions_are_paths = !options.definitions.has_value(),
+          .collapse_by = options.collapse_by,
           .examined = options.examined,
           .expected = expected_nodes(options)};
 }

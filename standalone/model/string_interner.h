@@ -1,17 +1,19 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+
+#include "standalone/model/flat_index.h"
 
 namespace vond::standalone {
 
 /// Numbers distinct strings from 0 in the order of their first appearance, and keeps them.
 class StringInterner {
  public:
-  using Id = std::uint32_t;
+  using Id = FlatIndex::Number;
 
   Id id_of(std::string_view text) {
     // Texts come again and again, one after the other or in the order of their first appearance.
@@ -25,22 +27,28 @@ class StringInterner {
 
   const std::string& operator[](Id id) const { return strings_[id]; }
   std::size_t size() const { return strings_.size(); }
-  bool contains(std::string_view text) const { return ids_.contains(text); }
+  bool contains(std::string_view text) const {
+    return find(std::hash<std::string_view>()(text), text) != FlatIndex::NONE;
+  }
 
  private:
   Id find_or_add(std::string_view text) {
-    const auto found = ids_.find(text);
-    if (found != ids_.end()) {
-      return found->second;
+    const std::size_t hash = std::hash<std::string_view>()(text);
+    const Id found = find(hash, text);
+    if (found != FlatIndex::NONE) {
+      return found;
     }
-    const auto id = static_cast<Id>(strings_.size());
-    // A deque never moves what it holds, so the keys may look into it.
-    ids_.emplace(strings_.emplace_back(text), id);
-    return id;
+    strings_.emplace_back(text);
+    return index_.add(hash);
   }
 
+  Id find(std::size_t hash, std::string_view text) const {
+    return index_.find(hash, [&](Id id) { return strings_[id] == text; });
+  }
+
+  /// A deque never moves what it holds: callers may keep references.
   std::deque<std::string> strings_;
-  std::unordered_map<std::string_view, Id> ids_;
+  FlatIndex index_;
   /// What was asked for last.
   Id last_ = 0;
 };

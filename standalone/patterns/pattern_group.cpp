@@ -76,7 +76,8 @@ PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> valu
       has_value_with_name_ || std::any_of(places.begin(), places.end(), [&table](auto value) {
         return text_marks::holds_name(table[value]);
       });
-  if (4 * entries_ > 3 * index_.size() && entries_ > FEW_ENTRIES) {
+  // Most that is looked for is not there, which takes long in a table that is rather full.
+  if (2 * entries_ > index_.size() && entries_ > FEW_ENTRIES) {
     index_all(std::max(2 * index_.size(), 4 * FEW_ENTRIES));
   } else if (!index_.empty()) {
     index(entry);
@@ -105,6 +106,10 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   ++findings_;
   const bool is_usual = nodes.size() == 1 && row_ids.size() <= 1;
   const Shape shape = !is_usual ? ANY : row_ids.empty() ? ONE_NODE : ONE_NODE_ONE_ROW;
+  if (findings_data_.empty()) {
+    // Most groups of texts without values have one finding.
+    findings_data_.reserve((shape == ANY ? 3 : 1) + nodes.size() + row_ids.size());
+  }
   findings_data_.push_back(entry << SHAPE_BITS | shape);
   if (shape == ANY) {
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));

@@ -58,6 +58,16 @@ bool holds_name(const PatternGroup& group, PatternGroup::Entry entry, const Valu
          std::any_of(values.begin(), values.end(), text_marks::holds_name);
 }
 
+/// Returns how much of a pattern stands before its first place or name.
+std::size_t literal_size(std::string_view pattern) {
+  std::size_t at = 0;
+  while (at < pattern.size() && pattern[at] != text_marks::NAME &&
+         pattern[at] != text_marks::PLACE) {
+    at += pattern[at] == text_marks::ESCAPE ? 2 : 1;
+  }
+  return at;
+}
+
 /// Puts names and values in place of the marks of a group's pattern where they do not differ.
 class Resolver {
  public:
@@ -139,6 +149,7 @@ PatternIssue::PatternIssue(PatternGroup group, const ValueTable& table, const No
   std::vector<OpenPlace> open;
   std::size_t place = 0;
   std::size_t name = 0;
+  key_.reserve(pattern.size());
   for (std::size_t at = 0; at < pattern.size(); ++at) {
     if (pattern[at] == text_marks::NAME) {
       key_ += resolver.name(name++);
@@ -150,7 +161,7 @@ PatternIssue::PatternIssue(PatternGroup group, const ValueTable& table, const No
       }
       ++place;
     } else {
-      const std::size_t size = pattern[at] == text_marks::ESCAPE ? 2 : 1;
+      const std::size_t size = literal_size(std::string_view(pattern).substr(at));
       key_.append(pattern, at, size);
       at += size - 1;
     }

@@ -48,6 +48,15 @@ class PatternIssue {
   /// and row ids that came with it.
   std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
 
+  /// Calls `visit` with every PatternGroup::Occurrence. Entries of different groups may have the
+  /// same number.
+  template <typename Visit>
+  void for_each(const Visit& visit) const {
+    for (const Part& part : parts_) {
+      part.group.for_each(visit);
+    }
+  }
+
   /// Returns the distinct nodes of all findings, sorted.
   std::vector<std::uint32_t> nodes() const;
   bool has_several_nodes() const;

@@ -8,12 +8,24 @@
 #include "standalone/patterns/text_marks.h"
 
 namespace vond::standalone {
+namespace {
+
+/// Returns how much of a key stands before its first place or end of a text.
+std::size_t text_size(std::string_view key) {
+  std::size_t at = 0;
+  while (at < key.size() && key[at] != text_marks::PLACE && key[at] != text_marks::TEXT_END) {
+    at += key[at] == text_marks::ESCAPE ? 2 : 1;
+  }
+  return at;
+}
+
+}  // namespace
 
 PatternSummaries::PatternSummaries(const ValueTable& table, const NodeNames& node_names)
     : table_(table), node_names_(node_names), number_of_value_(table.size(), NO_NUMBER) {}
 
 std::vector<std::string> PatternSummaries::shown_texts(const PatternIssue& issue) {
-  const bool has_several_nodes = issue.has_several_nodes();
+  const bool has_several_nodes = issue.places() > 0 && issue.has_several_nodes();
   const std::string& key = issue.key();
   std::vector<std::string> texts;
   std::string text;
@@ -24,7 +36,7 @@ std::vector<std::string> PatternSummaries::shown_texts(const PatternIssue& issue
     } else if (key[at] == text_marks::TEXT_END) {
       texts.push_back(std::exchange(text, {}));
     } else {
-      const std::size_t size = key[at] == text_marks::ESCAPE ? 2 : 1;
+      const std::size_t size = text_size(std::string_view(key).substr(at));
       text_marks::append_shown(text, std::string_view(key).substr(at, size));
       at += size - 1;
     }

@@ -13,6 +13,10 @@ constexpr std::string_view SHOWN_NAME = "NODE";
 /// Appends a value, with the two texts for its two name marks.
 void append_with_names(std::string& text, std::string_view value, std::string_view full_name,
                        std::string_view short_name) {
+  if (!holds_marks(value)) {
+    text += value;
+    return;
+  }
   for (std::size_t at = 0; at < value.size(); ++at) {
     if (value[at] == NAME) {
       text += full_name;
@@ -52,6 +56,10 @@ bool holds_marks(std::string_view text) {
 }
 
 bool holds_name(std::string_view marked) {
+  if (marked.find(NAME) == std::string_view::npos &&
+      marked.find(SHORT_NAME) == std::string_view::npos) {
+    return false;
+  }
   for (std::size_t at = 0; at < marked.size(); ++at) {
     if (marked[at] == NAME || marked[at] == SHORT_NAME) {
       return true;

@@ -121,6 +121,12 @@ void TextPattern::read(std::string_view node, std::initializer_list<std::string_
   }
 }
 
+bool TextPattern::may_name(std::string_view text, std::string_view node) {
+  const std::string_view short_name = short_form(node);
+  const std::string_view begin = short_name.empty() ? node : short_name;
+  return !begin.empty() && text.find(begin) != std::string_view::npos;
+}
+
 void TextPattern::use_node(std::string_view node) {
   name_ = node;
   short_name_ = short_form(node);

@@ -30,6 +30,10 @@ class TextPattern {
   /// when it names none or several.
   void read(std::string_view node, std::initializer_list<std::string_view> texts);
 
+  /// False when `text` surely does not name the node, so that read() finds the same in it for every
+  /// such node. Quicker than read().
+  static bool may_name(std::string_view text, std::string_view node);
+
   /// Marked text (text_marks.h), each text with its end. Until the next read().
   std::string_view pattern() const { return pattern_; }
 

@@ -14,7 +14,7 @@ ValueTable::Id ValueTable::id_of(std::string_view value) {
   const auto id = static_cast<Id>(values_.size());
   values_.push_back(keep(value));
   place = id;
-  if (4 * values_.size() > 3 * index_.size()) {
+  if (2 * values_.size() > index_.size()) {
     grow_index();
   }
   return id;

@@ -43,7 +43,8 @@ class CheckRunReading : private FindingsSink {
 
 }  // namespace
 
-CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress) {
+CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
+    : collapser_(sources.collapse_by) {
   for (const std::string& node : sources.examined) {
     examination_.add_examined(node);
   }

@@ -19,6 +19,7 @@ struct RunSources {
   bool is_strict = false;
   /// Names of definitions are paths; see ReadingOptions.
   bool definitions_are_paths = false;
+  CollapseBy collapse_by = CollapseBy::PATTERN;
   /// Names of nodes that were looked at. Lines of the findings may name more.
   std::vector<std::string> examined = {};
   /// Names of nodes that should have been looked at.

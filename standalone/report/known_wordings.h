@@ -2,34 +2,34 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "standalone/model/finding.h"
 
 namespace vond::standalone {
 
-/// Remembers which issue the findings of a wording belong to, by the number that their reader gives
-/// to wordings. Only the last ones, each in the place that its number gives it.
+/// Remembers what was found for the findings of a wording, by the number that their reader gives to
+/// wordings. Only the last ones, each in the place that its number gives it.
+template <typename Found>
 class KnownWordings {
  public:
-  /// Returns the issue of `finding`: the one that was found for its wording before, else what
-  /// `find_issue()` returns.
-  template <typename FindIssue>
-  std::uint32_t issue_of(const Finding& finding, const FindIssue& find_issue) {
-    const std::uint64_t number = finding.wording_number;
-    if (number == Finding::UNKNOWN_WORDING) {
-      return find_issue();
-    }
-    Entry& entry = entries_[number % entries_.size()];
-    if (entry.wording_number != number) {
-      entry = {number, find_issue()};
-    }
-    return entry.issue;
+  /// Returns what is known of the finding's wording, null when nothing is. Until the next
+  /// remember().
+  const Found* find(const Finding& finding) const {
+    const Entry& entry = entries_[finding.wording_number % entries_.size()];
+    const bool is_known = finding.wording_number != Finding::UNKNOWN_WORDING &&
+                          entry.wording_number == finding.wording_number;
+    return is_known ? &entry.found : nullptr;
+  }
+
+  void remember(const Finding& finding, Found found) {
+    entries_[finding.wording_number % entries_.size()] = {finding.wording_number, std::move(found)};
   }
 
  private:
   struct Entry {
     std::uint64_t wording_number = Finding::UNKNOWN_WORDING;
-    std::uint32_t issue = 0;
+    Found found = {};
   };
 
   std::array<Entry, 1024> entries_{};

@@ -15,7 +15,7 @@ using postprocessor::DIAGNOSES;
 using postprocessor::FAIL_BIT;
 
 ReportRecord::ReportRecord(Collapser& collapser, const RecordOptions& options)
-    : ReportRecord(collapser.finish(options.collapse_by), collapser.node_names(), options) {}
+    : ReportRecord(collapser.finish(), collapser.node_names(), options) {}
 
 ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,
                            const RecordOptions& options)
@@ -26,6 +26,7 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   unknown_based_on_ = relate_issues(collapsed, issues_);
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
+  take_findings(collapsed);
   issues_.fill(std::move(collapsed), node_names);
 }
 
@@ -53,6 +54,14 @@ void ReportRecord::hang_definitions(const std::vector<CollapsedIssue>& collapsed
   const DefinitionTree tree = decide_definitions(specs, collapsed, data_.fail_threshold);
   data_.fwd_root = tree.hierarchy();
   unknown_definitions_ = tree.unknown_names();
+}
+
+void ReportRecord::take_findings(std::vector<CollapsedIssue>& collapsed) {
+  for (CollapsedIssue& issue : collapsed) {
+    if (issue.findings) {
+      findings_.push_back(std::move(*issue.findings));
+    }
+  }
 }
 
 }  // namespace vond::standalone

@@ -13,7 +13,6 @@ namespace vond::standalone {
 
 /// What decides how findings become a record.
 struct RecordOptions {
-  CollapseBy collapse_by = CollapseBy::TEXT;
   /// On the severity scale, 0 to 100.
   int fail_threshold = 0;
   /// In terminal columns; 0 means no wrapping.
@@ -44,6 +43,11 @@ class ReportRecord {
   /// Ids that a `based_on` names and no observation has; sorted.
   const std::vector<std::string>& unknown_based_on() const { return unknown_based_on_; }
 
+  /// When collapsed by pattern: what the findings of each issue said, in the order of the report,
+  /// which is that of the issues' addresses. Its texts are message and remedy, its nodes numbers of
+  /// the collapser's node names. Needs the collapser. Else empty.
+  const std::vector<PatternIssue>& findings() const { return findings_; }
+
  private:
   ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,
                const RecordOptions& options);
@@ -51,11 +55,13 @@ class ReportRecord {
   void file_issues(const std::vector<CollapsedIssue>& collapsed);
   void hang_definitions(const std::vector<CollapsedIssue>& collapsed,
                         const std::optional<std::vector<DefinitionSpec>>& specs);
+  void take_findings(std::vector<CollapsedIssue>& collapsed);
 
   RecordIssues issues_;
   postprocessor::PostprocessorExtensionData data_;
   std::vector<std::string> unknown_definitions_;
   std::vector<std::string> unknown_based_on_;
+  std::vector<PatternIssue> findings_;
 };
 
 }  // namespace vond::standalone

@@ -29,8 +29,10 @@ Options:
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
                               upper bound (default: 75)
-  --collapse WHAT             What makes findings one issue: equal texts, or
-                              an equal id: text or id (default: text)
+  --collapse WHAT             What makes findings one issue: texts that are
+                              equal but for numbers and the node's name, equal
+                              texts, or an equal id: pattern, text or id
+                              (default: pattern)
   --strict                    End at the first line that cannot be used, in
                               place of leaving it out
   --examined NODESET          Nodes that were looked at; may be repeated
@@ -230,7 +232,7 @@ TEST_F(OptionsTest, AModeThatIsNoneIsAUsageError) {
                      R"(--color is "alway", expected one of "always", "auto", "never"; )"
                      R"(did you mean "always"?)");
   expect_usage_error({"--collapse", "severity"},
-                     R"(--collapse is "severity", expected one of "id", "text")");
+                     R"(--collapse is "severity", expected one of "id", "pattern", "text")");
 }
 
 TEST_F(OptionsTest, LogLevelsAreThoseOfTheTable) {

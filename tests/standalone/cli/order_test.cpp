@@ -30,7 +30,7 @@ std::string join(const std::vector<std::string>& lines) {
 
 TEST(OrderTest, TheSameFindingsInAnyOrderGiveTheSameReport) {
   std::vector<std::string> lines = lines_of(read_file(EXAMPLE_FOLDER "/findings.jsonl"));
-  for (const char* collapse : {"text", "id"}) {
+  for (const char* collapse : {"pattern", "text", "id"}) {
     Command command({"--collapse", collapse, "--definitions", EXAMPLE_FOLDER "/definitions.json"});
     const std::string report = command.input(join(lines)).run().output;
     ASSERT_NE(report, "");

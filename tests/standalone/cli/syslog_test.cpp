@@ -43,7 +43,7 @@ TEST_F(SyslogTest, TheVerdictIsOneLineAtTheEnd) {
 
 TEST_F(SyslogTest, ErrorsGoThereToo) {
   const std::string text = folder.write("text", "no finding\n");
-  const Outcome outcome = run_noted({"--syslog", text});
+  const Outcome outcome = run_noted({"--syslog", "--strict", text});
   EXPECT_EQ(outcome.status, 2);
   ASSERT_EQ(outcome.errors.find("vond-report: error: "), 0U);
   EXPECT_EQ(log(), "3 " + outcome.errors.substr(std::string("vond-report: ").size()));

@@ -47,7 +47,7 @@ std::string finding(const std::string& id, const std::string& node) {
 /// Takes the issues out of the run.
 Names ids_of(CheckRun& run) {
   Names ids;
-  for (const CollapsedIssue& issue : run.collapser().finish(vond::standalone::CollapseBy::TEXT)) {
+  for (const CollapsedIssue& issue : run.collapser().finish()) {
     ids.push_back(issue.id);
   }
   return ids;

@@ -90,22 +90,22 @@ std::string picture(const std::vector<CollapsedIssue>& issues, const Collapser& 
 std::string collapse(const std::vector<FindingParts>& findings,
                      CollapseBy collapse_by = CollapseBy::TEXT,
                      NodeOrder order = NodeOrder::AS_COLLAPSED) {
-  Collapser collapser;
+  Collapser collapser(collapse_by);
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
-  return picture(collapser.finish(collapse_by), collapser, order);
+  return picture(collapser.finish(), collapser, order);
 }
 
 /// One word an issue: what `word` says of it. For tests of nothing but the order.
 template <typename Word>
 std::string order_of(const std::vector<FindingParts>& findings, Word word) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
   std::vector<std::string> words;
-  for (const CollapsedIssue& issue : collapser.finish(CollapseBy::TEXT)) {
+  for (const CollapsedIssue& issue : collapser.finish()) {
     words.push_back(word(issue));
   }
   return list(words);
@@ -128,11 +128,12 @@ FindingParts full_finding() {
 // ---- Collapse by text: what joins --------------------------------------------------------------
 
 TEST(CollapseByText, NothingGivesNoIssues) {
-  Collapser collapser;
-  EXPECT_TRUE(collapser.finish(CollapseBy::TEXT).empty());
-  EXPECT_TRUE(collapser.finish(CollapseBy::ID).empty());
-  EXPECT_EQ(collapser.findings(), 0U);
-  EXPECT_EQ(collapser.node_names().size(), 0U);
+  for (const CollapseBy way : {CollapseBy::PATTERN, CollapseBy::TEXT, CollapseBy::ID}) {
+    Collapser collapser(way);
+    EXPECT_TRUE(collapser.finish().empty());
+    EXPECT_EQ(collapser.findings(), 0U);
+    EXPECT_EQ(collapser.node_names().size(), 0U);
+  }
 }
 
 TEST(CollapseByText, AFindingBecomesAnIssueThatSaysTheSame) {
@@ -198,7 +199,7 @@ TEST(CollapseByText, OrderAndRepetitionOfBasedOnDoNotMatter) {
 }
 
 TEST(CollapseByText, KeepsWhatFindingsSaidWhenTheirTextIsGone) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   std::string buffer = "a text that is too long to be stored in place";
   collapser.add(make_finding({.id = buffer,
                               .category = buffer,
@@ -209,7 +210,7 @@ TEST(CollapseByText, KeepsWhatFindingsSaidWhenTheirTextIsGone) {
                               .based_on = {buffer}}));
   const std::string kept = buffer;
   buffer.assign(buffer.size(), 'x');
-  EXPECT_EQ(picture(collapser.finish(CollapseBy::TEXT), collapser),
+  EXPECT_EQ(picture(collapser.finish(), collapser),
             "observation " + kept + " 50 on 1, definitions {" + kept + "}, based on {" + kept +
                 "}\n  50 " + kept + "|" + kept + "|" + kept + ", nodes {" + kept + "}, rows {}\n");
 }
@@ -224,13 +225,13 @@ TEST(CollapseByText, CountsFindingsAndNodesOfAll) {
 }
 
 TEST(CollapseByText, LeavesTheCollapserWithoutIssuesAndReadyForMore) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   collapser.add(make_finding({.id = "a", .message = "before"}));
   collapser.add(make_finding({.id = "b", .message = "before"}));
-  EXPECT_EQ(collapser.finish(CollapseBy::TEXT).size(), 2U);
-  EXPECT_TRUE(collapser.finish(CollapseBy::TEXT).empty());
+  EXPECT_EQ(collapser.finish().size(), 2U);
+  EXPECT_TRUE(collapser.finish().empty());
   collapser.add(make_finding({.id = "a", .message = "before", .nodes = {"n1"}}));
-  EXPECT_EQ(picture(collapser.finish(CollapseBy::TEXT), collapser),
+  EXPECT_EQ(picture(collapser.finish(), collapser),
             "observation a 50 on 1, definitions {}, based on {}\n"
             "  50 |before|, nodes {n1}, rows {}\n");
 }
@@ -255,11 +256,11 @@ FindingParts full_finding_with(void (*change)(FindingParts&)) {
 class CollapseByTextSeparates : public testing::TestWithParam<Difference> {};
 
 TEST_P(CollapseByTextSeparates, FindingsThatDifferInOneKey) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   collapser.add(make_finding(full_finding()));
   collapser.add(make_finding(GetParam().other));
   collapser.add(make_finding(full_finding()));
-  EXPECT_EQ(collapser.finish(CollapseBy::TEXT).size(), 2U);
+  EXPECT_EQ(collapser.finish().size(), 2U);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -592,14 +593,14 @@ TEST(CollapseById, IssuesAreOrderedByWhatTheyAreTogether) {
 // Quadratic time would be minutes here, so whoever brings it back will notice.
 TEST(CollapseById, TakesAsManyMessagesAndNodesAsThereAreFindings) {
   constexpr int FINDINGS = 50000;
-  Collapser collapser;
+  Collapser collapser(CollapseBy::ID);
   for (int number = 0; number < FINDINGS; ++number) {
     const std::string message = "Job " + std::to_string(number) + " died.";
     const std::string node = "n" + std::to_string(number);
     collapser.add(make_finding({.message = message, .nodes = {node}}));
     collapser.add(make_finding({.message = "Disk is full.", .nodes = {node}}));
   }
-  const auto issues = collapser.finish(CollapseBy::ID);
+  const auto issues = collapser.finish();
   ASSERT_EQ(issues.size(), 1U);
   EXPECT_EQ(issues[0].distinct_nodes, std::size_t{FINDINGS});
   ASSERT_EQ(issues[0].outputs.size(), std::size_t{FINDINGS} + 1);
@@ -816,7 +817,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, CollapseSweep, testing::Values(CollapseBy::TEXT, 
 // ---- Findings that are known to be of one wording ----------------------------------------------
 
 TEST(CollapseByText, FindingsOfOneWordingAreOneIssue) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   for (int time = 0; time < 3; ++time) {
     // Places for wordings are few: the later ones take those of the first ones.
     for (std::uint64_t wording = 1; wording <= 5000; ++wording) {
@@ -827,7 +828,7 @@ TEST(CollapseByText, FindingsOfOneWordingAreOneIssue) {
     }
   }
   EXPECT_EQ(collapser.findings(), 15000U);
-  const auto issues = collapser.finish(CollapseBy::TEXT);
+  const auto issues = collapser.finish();
   ASSERT_EQ(issues.size(), 2500U);
   for (const CollapsedIssue& issue : issues) {
     EXPECT_EQ(issue.outputs[0].row_ids, (std::vector<int>{0, 1, 2}));
@@ -836,12 +837,12 @@ TEST(CollapseByText, FindingsOfOneWordingAreOneIssue) {
 }
 
 TEST(CollapseByText, WordingsAreForgottenWithTheIssues) {
-  Collapser collapser;
+  Collapser collapser(CollapseBy::TEXT);
   for (const char* id : {"first", "second"}) {
     auto finding = make_finding({.id = id});
     finding.wording_number = 7;
     collapser.add(finding);
-    const auto issues = collapser.finish(CollapseBy::TEXT);
+    const auto issues = collapser.finish();
     ASSERT_EQ(issues.size(), 1U);
     EXPECT_EQ(issues[0].id, id);
   }

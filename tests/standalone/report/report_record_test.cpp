@@ -54,8 +54,9 @@ RecordOptions with_definitions(const std::vector<DefinitionSpec>& definitions) {
 }
 
 std::unique_ptr<ReportRecord> make_record(const Findings& findings,
-                                          const RecordOptions& options = with_threshold(75)) {
-  Collapser collapser;
+                                          const RecordOptions& options = with_threshold(75),
+                                          CollapseBy collapse_by = CollapseBy::TEXT) {
+  Collapser collapser(collapse_by);
   for (const FindingParts& finding : findings) {
     collapser.add(make_finding(finding));
   }
@@ -227,12 +228,29 @@ TEST(Record, AnIssueSaysWhatItsFindingsSay) {
   EXPECT_TRUE(issue->related_issues.empty());
 }
 
+TEST(Record, ByPatternIssuesGiveBackWhatTheirFindingsSaid) {
+  Collapser collapser(CollapseBy::PATTERN);
+  collapser.add(make_finding({.id = "b", .message = "at 1", .nodes = {"n1"}, .row_ids = {7}}));
+  collapser.add(make_finding({.id = "b", .message = "at 2", .nodes = {"n2"}}));
+  collapser.add(make_finding({.id = "a", .severity = 90, .message = "down", .nodes = {"n2"}}));
+  const ReportRecord record(collapser, with_threshold(75));
+  const auto name = [&](auto node) -> std::string_view { return collapser.node_names()[node]; };
+  ASSERT_EQ(record.findings().size(), 2U);
+  const auto of_first = record.findings()[0].originals(name);
+  ASSERT_EQ(of_first.size(), 1U);
+  EXPECT_EQ(of_first[0].texts, (Strings{"down", ""}));
+  const auto of_second = record.findings()[1].originals(name);
+  ASSERT_EQ(of_second.size(), 2U);
+  EXPECT_EQ(of_second[0].texts, (Strings{"at 1", ""}));
+  EXPECT_EQ(of_second[0].row_ids, std::vector<int>{7});
+  EXPECT_EQ(of_second[1].texts, (Strings{"at 2", ""}));
+  EXPECT_EQ(find_issue(record.data(), "b")->outputs[0]->message, "at 1 [n1] or 2 [n2]");
+}
+
 TEST(Record, AnIssueCollapsedByIdHasAllItsOutputs) {
-  RecordOptions options = with_threshold(75);
-  options.collapse_by = CollapseBy::ID;
   const auto record = make_record({{.message = "b", .nodes = {"n1"}, .definitions = {"x"}},
                                    {.message = "a", .nodes = {"n2"}, .definitions = {"y"}}},
-                                  options);
+                                  with_threshold(75), CollapseBy::ID);
   const Issue issue = find_issue(record->data(), "id");
   ASSERT_EQ(issue->outputs.size(), 2U);
   EXPECT_EQ(issue->outputs[0]->identifier, "id");
@@ -526,13 +544,11 @@ TEST(RelatedIssues, IdsThatNobodyReportedAreToldOnceInByteOrder) {
 }
 
 TEST(RelatedIssues, OfDiagnosesCollapsedByIdAreThoseOfAll) {
-  RecordOptions options = with_threshold(75);
-  options.collapse_by = CollapseBy::ID;
   const auto record = make_record({{.type = DIAGNOSES, .id = "d", .based_on = {"p"}},
                                    {.type = DIAGNOSES, .id = "d", .based_on = {"o"}},
                                    {.id = "o"},
                                    {.id = "p"}},
-                                  options);
+                                  with_threshold(75), CollapseBy::ID);
   EXPECT_EQ(related(find_issue(record->data(), "d"), Type::OBSERVATION), "o p");
 }
 

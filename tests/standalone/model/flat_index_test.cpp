@@ -1,4 +1,4 @@
-#include "standalone/report/flat_index.h"
+#include "standalone/model/flat_index.h"
 
 #include <gtest/gtest.h>
 

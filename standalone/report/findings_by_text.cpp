@@ -1,0 +1,43 @@
+#include "standalone/report/findings_by_text.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace vond::standalone {
+
+void FindingsByText::add(const Finding& finding, std::span<const StringInterner::Id> nodes) {
+  const WordingTable::Number number = number_of(finding);
+  if (number == places_.size()) {
+    places_.emplace_back();
+  }
+  Places& places = places_[number];
+  places.nodes.insert(places.nodes.end(), nodes.begin(), nodes.end());
+  places.row_ids.insert(places.row_ids.end(), finding.row_ids.begin(), finding.row_ids.end());
+}
+
+WordingTable::Number FindingsByText::number_of(const Finding& finding) {
+  if (const WordingTable::Number* const known = known_wordings_.find(finding)) {
+    return *known;
+  }
+  const WordingTable::Number number = wordings_.number_of(finding.wording);
+  known_wordings_.remember(finding, number);
+  return number;
+}
+
+std::vector<CollapsedIssue> FindingsByText::finish() {
+  known_wordings_ = {};
+  std::vector<OwnedWording> wordings = wordings_.take();
+  std::vector<Places> places = std::exchange(places_, {});
+  std::vector<CollapsedIssue> issues;
+  issues.reserve(wordings.size());
+  for (std::size_t number = 0; number < wordings.size(); ++number) {
+    auto& [type, id, severity, texts, definitions, based_on] = wordings[number];
+    CollapsedIssue& issue = issues.emplace_back(CollapsedIssue{
+        type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0});
+    auto& [nodes, row_ids] = places[number];
+    issue.outputs.push_back({severity, std::move(texts), std::move(nodes), std::move(row_ids), 0});
+  }
+  return issues;
+}
+
+}  // namespace vond::standalone

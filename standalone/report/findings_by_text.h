@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "standalone/model/finding.h"
+#include "standalone/report/collapsed_issue.h"
+#include "standalone/report/known_wordings.h"
+#include "standalone/report/wording_table.h"
+
+namespace vond::standalone {
+
+/// Gathers findings of one wording.
+class FindingsByText {
+ public:
+  /// `nodes` are the numbers of the finding's nodes.
+  void add(const Finding& finding, std::span<const StringInterner::Id> nodes);
+
+  /// Returns an issue for each wording, with one output, in any order, and forgets the findings.
+  /// Nodes are not counted yet.
+  std::vector<CollapsedIssue> finish();
+
+ private:
+  /// Where a wording was found.
+  struct Places {
+    std::vector<StringInterner::Id> nodes;
+    std::vector<int> row_ids;
+  };
+
+  WordingTable::Number number_of(const Finding& finding);
+
+  WordingTable wordings_;
+  /// By the numbers of wordings.
+  std::vector<Places> places_;
+  KnownWordings<WordingTable::Number> known_wordings_;
+};
+
+}  // namespace vond::standalone
