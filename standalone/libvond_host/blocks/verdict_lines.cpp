@@ -14,18 +14,30 @@ using log::OutputLog;
 
 bool is_failing(const SeverityBand& band) { return band.contributes_to_fail && !band.is_empty(); }
 
-/// Returns "13 nodes with CRITICAL issues", then the same of the other bands that fail.
-std::vector<std::string> count_failing_nodes(const std::vector<SeverityBand>& bands) {
-  std::vector<std::string> counts;
+/// A band that has issues which contribute to FAIL, and their nodes.
+struct FailingBand {
+  const SeverityBand* band;
+  NodeViews nodes;
+};
+
+/// Returns the bands that fail, the worst first. It takes a look at every node of every issue.
+std::vector<FailingBand> failing_bands(const std::vector<SeverityBand>& bands) {
+  std::vector<FailingBand> failing;
   for (const SeverityBand& band : bands) {
     if (is_failing(band)) {
-      const std::size_t nodes = nodes_of(band).size();
-      counts.push_back(nodes == 0
-                           ? band.name + " issues that name no node"
-                           : count_of(nodes, "node", "nodes") + " with " + band.name + " issues");
+      failing.push_back({&band, nodes_of(band)});
     }
   }
-  return counts;
+  return failing;
+}
+
+/// Returns "13 nodes with CRITICAL issues".
+std::string count_nodes(const FailingBand& failing) {
+  const std::string& name = failing.band->name;
+  if (failing.nodes.empty()) {
+    return name + " issues that name no node";
+  }
+  return count_of(failing.nodes.size(), "node", "nodes") + " with " + name + " issues";
 }
 
 /// Returns what a PASS rests on, nothing when the input does not tell who was examined.
@@ -40,6 +52,22 @@ std::vector<std::string> grounds_of_pass(const ReportFacts& facts) {
             (is_one ? " expected node was examined" : " expected nodes were examined")};
   }
   return {count_of(facts.examination->nodes_examined, "node was", "nodes were") + " examined"};
+}
+
+/// Returns the verdict and why.
+std::string format_verdict(const ReportFacts& facts, const std::vector<FailingBand>& failing) {
+  const Verdict verdict = verdict_of(facts);
+  std::vector<std::string> reasons;
+  for (const FailingBand& band : failing) {
+    reasons.push_back(count_nodes(band));
+  }
+  const std::vector<std::string> others =
+      verdict == Verdict::PASS ? grounds_of_pass(facts) : verdict_doubts(facts);
+  reasons.insert(reasons.end(), others.begin(), others.end());
+  if (reasons.empty()) {
+    return verdict_word(verdict);
+  }
+  return verdict_word(verdict) + (verdict == Verdict::UNKNOWN ? ": " : ", ") + join(reasons, ", ");
 }
 
 OutputLog::Colors color_of(Verdict verdict) {
@@ -61,30 +89,13 @@ const SeverityBand* worst_failing_band(const std::vector<SeverityBand>& bands) {
   return band == bands.end() ? nullptr : &*band;
 }
 
-std::string format_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands) {
-  const Verdict verdict = verdict_of(facts);
-  std::vector<std::string> reasons =
-      verdict == Verdict::PASS ? grounds_of_pass(facts) : verdict_doubts(facts);
-  if (verdict == Verdict::FAIL) {
-    const std::vector<std::string> failing = count_failing_nodes(bands);
-    reasons.insert(reasons.begin(), failing.begin(), failing.end());
-  }
-  if (reasons.empty()) {
-    return verdict_word(verdict);
-  }
-  return verdict_word(verdict) + (verdict == Verdict::UNKNOWN ? ": " : ", ") + join(reasons, ", ");
-}
-
 void write_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands, int width) {
-  write_line(color_of(verdict_of(facts)), "  Verdict: " + format_verdict(facts, bands), width);
-  const SeverityBand* band = worst_failing_band(bands);
-  if (band == nullptr) {
-    return;
-  }
-  const std::vector<std::string> nodes = sorted_names(nodes_of(*band));
-  if (!nodes.empty()) {
-    const std::string list = limited_node_set({.lead = "    ", .width = width}, nodes);
-    write_unwrapped_line(OutputLog::NONE, list);
+  const std::vector<FailingBand> failing = failing_bands(bands);
+  write_line(color_of(verdict_of(facts)), "  Verdict: " + format_verdict(facts, failing), width);
+  if (!failing.empty() && !failing.front().nodes.empty()) {
+    const std::vector<std::string> nodes = sorted_names(failing.front().nodes);
+    write_unwrapped_line(OutputLog::NONE,
+                         limited_node_set({.lead = "    ", .width = width}, nodes));
   }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "standalone/facts/report_facts.h"
@@ -8,12 +7,9 @@
 
 namespace vond::standalone {
 
-/// Returns the verdict and why: "FAIL, 13 nodes with CRITICAL issues", "UNKNOWN: nothing was looked
-/// at", "PASS, 48 of 48 expected nodes were examined".
-std::string format_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands);
-
-/// Writes the verdict with its reasons, in its colour, and below it the nodes of the worst band
-/// that fails. `width` is in terminal columns, 0 or less for no wrapping.
+/// Writes the verdict and why, in its colour: "FAIL, 13 nodes with CRITICAL issues", "UNKNOWN:
+/// nothing was looked at", "PASS, 48 of 48 expected nodes were examined"; below it the nodes of the
+/// worst band that fails. `width` is in terminal columns, 0 or less for no wrapping.
 void write_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands, int width);
 
 /// Writes the line that every complete report ends with; it is never wrapped.
