@@ -58,6 +58,7 @@ std::vector<std::string> grounds_of_pass(const ReportFacts& facts) {
 std::string format_verdict(const ReportFacts& facts, const std::vector<FailingBand>& failing) {
   const Verdict verdict = verdict_of(facts);
   std::vector<std::string> reasons;
+  reasons.reserve(failing.size());
   for (const FailingBand& band : failing) {
     reasons.push_back(count_nodes(band));
   }
