@@ -1,10 +1,8 @@
 #include "standalone/facts/counts.h"
 
-namespace vond::standalone {
+#include "standalone/text/messages.h"
 
-std::string count_of(std::size_t count, std::string_view singular, std::string_view plural) {
-  return std::to_string(count).append(" ").append(count == 1 ? singular : plural);
-}
+namespace vond::standalone {
 
 std::string count_of_silent_nodes(const ReportFacts& facts) {
   const ReportFacts::Expectation& expectation = *facts.expectation;
@@ -22,7 +20,7 @@ std::string count_of_rejected_lines(const ReportFacts& facts) {
   return count_of(facts.lines_rejected, "line of input was", "lines of input were") + " left out";
 }
 
-std::string join(const std::vector<std::string>& items, std::string_view separator) {
+std::string join_with(const std::vector<std::string>& items, std::string_view separator) {
   std::string joined;
   for (const std::string& item : items) {
     joined.append(&item == &items.front() ? "" : separator).append(item);

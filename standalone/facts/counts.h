@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,9 +7,6 @@
 #include "standalone/facts/report_facts.h"
 
 namespace vond::standalone {
-
-/// Returns "1 node" or "2 nodes".
-std::string count_of(std::size_t count, std::string_view singular, std::string_view plural);
 
 /// Returns "1 of 48 expected nodes was not examined", or that they are silent when nobody told
 /// which nodes were examined. The report must have an expectation.
@@ -20,6 +16,6 @@ std::string count_of_silent_nodes(const ReportFacts& facts);
 std::string count_of_rejected_lines(const ReportFacts& facts);
 
 /// Returns the items with the separator between them.
-std::string join(const std::vector<std::string>& items, std::string_view separator);
+std::string join_with(const std::vector<std::string>& items, std::string_view separator);
 
 }  // namespace vond::standalone

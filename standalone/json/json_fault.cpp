@@ -1,16 +1,16 @@
 #include "standalone/json/json_fault.h"
 
-#include <utf8proc.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <vector>
 
 #include "standalone/json/white_space.h"
+#include "standalone/text/ascii.h"
 #include "standalone/text/harmless_text.h"
 #include "standalone/text/messages.h"
 #include "standalone/text/suggestion.h"
+#include "standalone/text/utf8.h"
 
 namespace vond::standalone {
 
@@ -21,8 +21,6 @@ constexpr std::string_view HEXADECIMAL_DIGITS = "0123456789abcdefABCDEF";
 constexpr std::size_t UNICODE_ESCAPE_LENGTH = 6;
 
 bool is_one_of(std::string_view set, char byte) { return set.find(byte) != std::string_view::npos; }
-
-bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
 bool is_letter(char byte) {
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
@@ -37,13 +35,6 @@ std::string hexadecimal(unsigned char value, int digits) {
   std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), "%0*x", digits, unsigned{value});
   return text.data();
-}
-
-std::size_t utf8_length(std::string_view text) {
-  utf8proc_int32_t code_point = 0;
-  const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                       static_cast<utf8proc_ssize_t>(text.size()), &code_point);
-  return length > 0 ? static_cast<std::size_t>(length) : 0;
 }
 
 /// A recursive-descent check; the first fault is thrown.
@@ -79,15 +70,15 @@ class JsonCheck {
   /// to tell.
   void check_characters() const {
     for (std::size_t at = 0; at < text_.size();) {
-      const std::size_t length = utf8_length(text_.substr(at));
-      if (length == 0) {
+      const Character character = first_character(text_.substr(at));
+      if (!character.is_utf8) {
         const auto byte = static_cast<unsigned char>(text_[at]);
         fail(at, "found the byte 0x" + hexadecimal(byte, 2) + ", expected text in UTF-8");
       }
       if (text_[at] == '\0') {
         fail(at, "found a NUL byte, expected text in UTF-8");
       }
-      at += length;
+      at += character.size;
     }
   }
 
@@ -189,7 +180,7 @@ class JsonCheck {
     } else if (escape.size() < 2) {
       ++at_;
     } else {
-      const std::size_t length = 1 + std::max<std::size_t>(1, utf8_length(text_.substr(at_ + 1)));
+      const std::size_t length = 1 + first_character(text_.substr(at_ + 1)).size;
       fail(at_, "found " + excerpt(text_.substr(at_, length)) +
                     " in a string, expected a backslash before one of \" \\ / b f n r t u");
     }
@@ -299,8 +290,8 @@ class JsonCheck {
       return "a string";
     }
     const std::string_view found_word = word();
-    return in_quotes(excerpt(found_word.empty() ? text_.substr(at_, utf8_length(text_.substr(at_)))
-                                                : found_word));
+    return in_quotes(
+        excerpt(found_word.empty() ? first_characters(text_.substr(at_), 1) : found_word));
   }
 
   std::string_view text_;

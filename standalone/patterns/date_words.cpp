@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "standalone/text/ascii.h"
+
 namespace vond::standalone::date_words {
 namespace {
 

@@ -7,8 +7,6 @@
 /// How dates and times are written. Shapes alone: what is a digit, not whether there is such a day.
 namespace vond::standalone::date_words {
 
-inline bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
 /// Whether `text` begins like `shape`, in which `0` stands for any digit.
 bool begins_like(std::string_view text, std::string_view shape);
 

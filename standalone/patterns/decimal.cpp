@@ -7,12 +7,12 @@
 #include <tuple>
 
 #include "standalone/patterns/date_words.h"
+#include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {
 
 using date_words::begins_like;
-using date_words::is_digit;
 
 constexpr std::size_t LONGEST_EXPONENT = 15;
 

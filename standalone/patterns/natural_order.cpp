@@ -4,11 +4,10 @@
 #include <cstddef>
 
 #include "standalone/patterns/date_words.h"
+#include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {
-
-using date_words::is_digit;
 
 /// Takes the run of digits off the start of `text` and returns it without leading zeros.
 std::string_view take_number(std::string_view& text) {

@@ -7,11 +7,11 @@
 
 #include "standalone/patterns/date_words.h"
 #include "standalone/patterns/text_marks.h"
+#include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {
 
-using date_words::is_digit;
 using namespace text_marks;
 
 enum ByteClass : std::uint8_t { SEPARATOR = 1, AT_NO_END = 2, LETTER = 4, NAME_CHARACTER = 8 };

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "standalone/patterns/date_words.h"
+#include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {

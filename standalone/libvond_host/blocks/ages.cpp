@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "standalone/facts/counts.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {

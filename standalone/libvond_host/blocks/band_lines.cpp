@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "standalone/facts/counts.h"
+#include "standalone/text/messages.h"
 #include "vond/postprocessor/string_interface.h"
 
 namespace vond::standalone {
@@ -105,7 +106,7 @@ std::string text_of(const std::vector<const Issue*>& issues, Kind kind) {
   } else if (!messages.empty() && !messages.front().empty()) {
     parts.push_back(on_one_line(std::string(messages.front())));
   }
-  return join(parts, ": ");
+  return join_with(parts, ": ");
 }
 
 IssueLine make_line(const std::vector<const Issue*>& issues, Kind kind) {
@@ -170,7 +171,7 @@ BandLines choose_lines(const SeverityBand& band) {
                "observation that nothing explains", "observations that nothing explains", rest);
   append_count(append_lines(checks, checks_shown, Kind::CHECK_WITHOUT_DATA, chosen.lines),
                "without data", "without data", rest);
-  chosen.rest = join(rest, ", ");
+  chosen.rest = join_with(rest, ", ");
   return chosen;
 }
 
@@ -184,7 +185,7 @@ std::string count_issues(const SeverityBand& band) {
     counts.back() += " (" + std::to_string(explained) + " explained)";
   }
   append_count(band.checks_without_data->size(), "without data", "without data", counts);
-  return counts.empty() ? "none" : join(counts, ", ");
+  return counts.empty() ? "none" : join_with(counts, ", ");
 }
 
 }  // namespace vond::standalone

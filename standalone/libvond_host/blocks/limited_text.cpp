@@ -131,7 +131,8 @@ std::string limited_list(const ListLayout& layout, std::size_t count,
 std::string limited_list(const ListLayout& layout, const std::vector<std::string>& items,
                          std::string_view separator) {
   return limited_list(layout, items.size(), [&](std::size_t count) {
-    return join({items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count)}, separator);
+    return join_with({items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count)},
+                     separator);
   });
 }
 

@@ -9,6 +9,7 @@
 #include "standalone/libvond_host/blocks/failing_definitions.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/verdict_lines.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {

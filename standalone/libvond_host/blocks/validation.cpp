@@ -10,6 +10,7 @@
 #include "standalone/libvond_host/blocks/block_writing.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/severity_bands.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {

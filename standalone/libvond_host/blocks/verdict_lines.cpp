@@ -6,6 +6,7 @@
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {
@@ -68,7 +69,8 @@ std::string format_verdict(const ReportFacts& facts, const std::vector<FailingBa
   if (reasons.empty()) {
     return verdict_word(verdict);
   }
-  return verdict_word(verdict) + (verdict == Verdict::UNKNOWN ? ": " : ", ") + join(reasons, ", ");
+  return verdict_word(verdict) + (verdict == Verdict::UNKNOWN ? ": " : ", ") +
+         join_with(reasons, ", ");
 }
 
 OutputLog::Colors color_of(Verdict verdict) {
