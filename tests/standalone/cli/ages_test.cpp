@@ -8,7 +8,7 @@ namespace vond::test {
 namespace {
 
 constexpr std::time_t REPORT_TIME = 1763699400;
-constexpr std::time_t DAY = std::time_t{24 * 60} * 60;
+constexpr std::time_t DAY = std::time_t{24} * 60 * 60;
 
 class AgesTest : public testing::Test {
  protected:
