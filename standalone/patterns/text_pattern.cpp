@@ -32,12 +32,12 @@ constexpr auto CLASSES = [] {
   return classes;
 }();
 
-bool is_of(ByteClass what, char byte) {
-  return (CLASSES[static_cast<unsigned char>(byte)] & what) != 0;
+bool is_in(ByteClass byte_class, char byte) {
+  return (CLASSES[static_cast<unsigned char>(byte)] & byte_class) != 0;
 }
 
 bool has_letter(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char byte) { return is_of(LETTER, byte); });
+  return std::any_of(text.begin(), text.end(), [](char byte) { return is_in(LETTER, byte); });
 }
 
 /// Whether one of eight bytes is a digit; may be wrong about text that is not ASCII, to the safe
@@ -75,7 +75,7 @@ bool is_between_digits(std::string_view text, std::size_t at) {
 /// Returns where the run of a word ends that goes on at `at`.
 std::size_t find_run_end(std::string_view text, std::size_t at) {
   for (; at < text.size(); ++at) {
-    if (is_of(SEPARATOR, text[at]) && (text[at] != ',' || !is_between_digits(text, at))) {
+    if (is_in(SEPARATOR, text[at]) && (text[at] != ',' || !is_between_digits(text, at))) {
       break;
     }
   }
@@ -83,7 +83,7 @@ std::size_t find_run_end(std::string_view text, std::size_t at) {
 }
 
 std::size_t without_end(std::string_view text, std::size_t begin, std::size_t end) {
-  while (end > begin && is_of(AT_NO_END, text[end - 1])) {
+  while (end > begin && is_in(AT_NO_END, text[end - 1])) {
     --end;
   }
   return end;
@@ -92,10 +92,10 @@ std::size_t without_end(std::string_view text, std::size_t begin, std::size_t en
 /// Whether a word can begin at `at`: between there and the separator before stands nothing that
 /// belongs to it.
 bool is_word_begin(std::string_view text, std::size_t at) {
-  while (at > 0 && is_of(AT_NO_END, text[at - 1])) {
+  while (at > 0 && is_in(AT_NO_END, text[at - 1])) {
     --at;
   }
-  return at == 0 || is_of(SEPARATOR, text[at - 1]);
+  return at == 0 || is_in(SEPARATOR, text[at - 1]);
 }
 
 /// Whether just one blank stands before `at`, and a word of three letters before that, for a caller
@@ -137,8 +137,8 @@ void TextPattern::use_node(std::string_view node) {
 bool TextPattern::stands_at(std::size_t at, std::string_view text, std::string_view name) const {
   const std::size_t end = at + name.size();
   return text.compare(at, name.size(), name) == 0 &&
-         (at == 0 || !is_of(NAME_CHARACTER, text[at - 1])) &&
-         (end == text.size() || !is_of(NAME_CHARACTER, text[end]));
+         (at == 0 || !is_in(NAME_CHARACTER, text[at - 1])) &&
+         (end == text.size() || !is_in(NAME_CHARACTER, text[end]));
 }
 
 std::string_view TextPattern::mark_names(std::string_view text) {
@@ -210,10 +210,10 @@ void TextPattern::add_literal(std::string_view literal) {
 
 TextPattern::Word TextPattern::word_around(std::string_view text, std::size_t digit) {
   std::size_t begin = digit;
-  while (begin > 0 && !is_of(SEPARATOR, text[begin - 1])) {
+  while (begin > 0 && !is_in(SEPARATOR, text[begin - 1])) {
     --begin;
   }
-  while (is_of(AT_NO_END, text[begin])) {
+  while (is_in(AT_NO_END, text[begin])) {
     ++begin;
   }
   const std::size_t run_end = find_run_end(text, digit + 1);
