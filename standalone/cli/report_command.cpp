@@ -14,9 +14,11 @@
 #include "standalone/cli/report_outputs.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/current_facts.h"
+#include "standalone/libvond_host/issue_facts.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/facts_of_run.h"
 #include "standalone/report/node_list_file.h"
+#include "standalone/report/record_issue_facts.h"
 #include "standalone/report/report_record.h"
 #include "vond/log/error_log.h"
 #include "vond/vocabulary/tables.h"
@@ -88,6 +90,8 @@ ExitStatus write_report(const Options& options) {
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
+  RecordIssueFacts issue_facts(record, run->collapser().node_names());
+  const IssueFactsConnection connection(issue_facts);
   if (!outputs.write(record.data())) {
     return NO_REPORT;
   }
