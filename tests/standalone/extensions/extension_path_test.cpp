@@ -81,9 +81,9 @@ TEST_F(ExtensionPath, FoldersOfTheSearchPathComeLastAndEmptyOnesNotAtAll) {
 }
 
 TEST_F(ExtensionPath, NamesAreThoseOfAllFoldersSortedEachOnce) {
-  for (const char* file : {"bin/vond_output_log.so", "bin/vond_b.so", "bin/vond_.so", "bin/other.so",
-                           "bin/vond_c.so.1", "bin/vond-report", "lib/vond/extensions/vond_b.so",
-                           "lib/vond/extensions/vond_a.so"}) {
+  for (const char* file : {"bin/vond_output_log.so", "bin/vond_b.so", "bin/vond_.so",
+                           "bin/other.so", "bin/vond_c.so.1", "bin/vond-report",
+                           "lib/vond/extensions/vond_b.so", "lib/vond/extensions/vond_a.so"}) {
     make_file(file);
   }
   EXPECT_THAT(extension_names(folders), ElementsAre("a", "b", TEXT_REPORT));
