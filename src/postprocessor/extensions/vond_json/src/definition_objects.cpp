@@ -58,10 +58,9 @@ class DefinitionObjects {
       : json_(json), bands_(bands), numbers_(numbers), issues_(data) {}
 
   void write(const vond::FwdNode& node) {
-    static const IssuesByMask NONE;
     const vond::Fwd& definition = *node.fwd;
     const IssuesByMask* const found = issues_.find(definition.name);
-    const IssuesByMask& issues = found == nullptr ? NONE : *found;
+    const IssuesByMask& issues = found == nullptr ? none_ : *found;
     json_.begin_object();
     json_.key("name").value(definition.name);
     json_.key("status").value(vond::extension::status_word(definition));
@@ -95,6 +94,8 @@ class DefinitionObjects {
   const SeverityBandTable& bands_;
   const IssueNumbers& numbers_;
   IssuesByDefinition issues_;
+  /// Those of a definition that no issue names.
+  const IssuesByMask none_;
 };
 
 }  // namespace
