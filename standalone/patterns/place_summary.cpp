@@ -115,13 +115,19 @@ class PlaceWriter {
   }
 
  private:
+  /// `cn001,cn002`: a folded set would be brackets in brackets, `[cn[001-002]]`.
   std::string names_of(const std::vector<std::uint32_t>& nodes) const {
     std::vector<std::string> names;
     names.reserve(nodes.size());
     for (const std::uint32_t node : nodes) {
       names.emplace_back(node_names_(node));
     }
-    return fold_node_names({names});
+    std::sort(names.begin(), names.end(), stands_naturally_before);
+    std::string text;
+    for (const std::string& name : names) {
+      text.append(text.empty() ? "" : ",").append(fold_node_names({{name}}));
+    }
+    return text;
   }
 
   std::string on_nodes(const PlaceValue& value) const {
