@@ -85,6 +85,17 @@ TEST_F(Summary, ShowsBesideTheVerdictWhatPutsItInDoubt) {
       "of input were left out");
 }
 
+TEST_F(Summary, GoesOnWithReasonsBehindTheVerdictsLabelSoThatTheyDoNotRunIntoTheNodes) {
+  set_width(60);
+  facts.expectation = {2, {"a"}, {}, {}};
+  add_failing_issue({.id = "id", .nodes = {"n1"}});
+  EXPECT_NE(summary().find("  Verdict: FAIL, 1 node with CRITICAL issues, 1 of 2\n"
+                           "           expected nodes is silent\n"
+                           "    n1\n"),
+            std::string::npos)
+      << summary();
+}
+
 TEST_F(Summary, ShowsBesideAPassWhatItRestsOn) {
   facts.examination = {66, {}};
   EXPECT_EQ(verdict(), "  Verdict: PASS, 66 nodes were examined");
