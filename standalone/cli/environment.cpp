@@ -73,6 +73,8 @@ std::time_t report_time() {
   return seconds;
 }
 
+std::string_view extension_search_path() { return environment_variable("VOND_EXTENSION_PATH"); }
+
 std::filesystem::path program_folder() {
   return std::filesystem::read_symlink("/proc/self/exe").parent_path();
 }

@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <string_view>
 
 #include "standalone/cli/options.h"
 
@@ -22,6 +23,10 @@ bool wants_color(ColorMode mode);
 /// Returns the report's time: now, or what SOURCE_DATE_EPOCH says, for reports that can be
 /// reproduced. Throws UsageError when that is no time.
 std::time_t report_time();
+
+/// Returns VOND_EXTENSION_PATH, "" when it is not set: further folders of extensions with ":"
+/// between them.
+std::string_view extension_search_path();
 
 /// Returns the folder that the program's file is in.
 std::filesystem::path program_folder();

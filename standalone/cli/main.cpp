@@ -6,6 +6,7 @@
 #include "standalone/cli/early_exits.h"
 #include "standalone/cli/environment.h"
 #include "standalone/cli/exit_status.h"
+#include "standalone/cli/extension_choice.h"
 #include "standalone/cli/information_command.h"
 #include "standalone/cli/memory_shortage.h"
 #include "standalone/cli/message.h"
@@ -22,9 +23,12 @@ using namespace vond::standalone;
 /// Does what the command line asks for and prints what keeps it from being done.
 ExitStatus execute(int argc, char** argv) {
   try {
-    const auto request = parse_options(argc, argv, input_is_terminal());
-    const auto* const options = std::get_if<Options>(&request);
-    return options ? write_report(*options) : write_information(std::get<Information>(request));
+    const Request request = parse_options(argc, argv, input_is_terminal());
+    if (const auto* const options = std::get_if<Options>(&request)) {
+      return write_report(*options);
+    }
+    const auto* const information = std::get_if<Information>(&request);
+    return write_information(information ? *information : Information{list_extensions()});
   } catch (const UsageError& error) {
     print_message("error", std::string(error.what()) + "; see vond-report --help");
     return BAD_INPUT;

@@ -93,6 +93,22 @@ std::vector<std::string> parse_node_sets(const std::string& option,
   return names;
 }
 
+ExtensionRequest parse_extension(const std::string& option, const std::string& text) {
+  const std::size_t colon = text.find(':');
+  const bool is_path = text.find('/') < colon;
+  const std::size_t end = is_path ? text.rfind(':') : colon;
+  if (text.empty() || end == 0) {
+    refuse(option, text, "the name of an extension or the path of its library", {});
+  }
+  if (end == std::string::npos) {
+    return {text, {}};
+  }
+  if (end + 1 == text.size()) {
+    refuse(option, text, "the name of a file after \":\"", {});
+  }
+  return {text.substr(0, end), text.substr(end + 1)};
+}
+
 void refuse_standard_output(const std::vector<std::string>& outputs) {
   for (const std::string& output : outputs) {
     if (output == "-") {

@@ -26,6 +26,9 @@ std::string parse_log_level(const std::string& option, const std::string& text);
 std::vector<std::string> parse_node_sets(const std::string& option,
                                          const std::vector<std::string>& sets);
 
+/// Takes NAME[:FILE] apart. A library's path ends at its last ":", a name at its first.
+ExtensionRequest parse_extension(const std::string& option, const std::string& text);
+
 void refuse_standard_output(const std::vector<std::string>& outputs);
 
 void refuse_empty_paths(const std::string& option, const std::vector<std::string>& paths);

@@ -85,7 +85,7 @@ class CommandLine {
   CommandLine();
 
   /// Throws UsageError.
-  std::variant<Options, Information> parse(int argc, const char* const* argv);
+  Request parse(int argc, const char* const* argv);
 
  private:
   void add_informing_options();
@@ -104,7 +104,8 @@ class CommandLine {
   /// What needs no understanding.
   Options taken_as_is_;
   std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_;
-  std::vector<std::string> examined_, expected_;
+  std::vector<std::string> examined_, expected_, extensions_;
+  bool lists_extensions_ = false;
 };
 
 /// In the order of the help.
@@ -119,6 +120,7 @@ void CommandLine::add_informing_options() {
   app_.set_version_flag("--version", std::string("vond-report ") + VERSION,
                         "Print the version and exit");
   app_.set_help_flag("-h,--help", "Print this text and exit");
+  add_flag("--list-extensions", lists_extensions_, "Print the names of all extensions and exit");
   app_.footer(EXIT_STATUSES);
 }
 
@@ -156,8 +158,9 @@ void CommandLine::add_report_options() {
 
 void CommandLine::add_output_options() {
   add_list("-o,--output", "FILE", taken_as_is_.outputs, "A further destination; may be repeated");
-  add_list("-e,--extension", "FILE", taken_as_is_.extensions,
-           "An output extension to run; may be repeated\n(default: the text report)");
+  add_list("-e,--extension", "NAME[:FILE]", extensions_,
+           "An output extension to run, a name of\n--list-extensions or a library's path; its "
+           "output\ngoes to FILE alone; may be repeated (default:\ntext)");
 }
 
 void CommandLine::add_value(const std::string& name, const std::string& type, std::string& word,
@@ -186,7 +189,6 @@ Options CommandLine::understand() const {
   refuse_empty_paths("--expect-file", options.expect_files);
   refuse_empty_paths("--output", options.outputs);
   refuse_standard_output(options.outputs);
-  refuse_empty_paths("--extension", options.extensions);
   if (is_given("--definitions")) {
     refuse_empty_paths("--definitions", {definitions_});
     options.definitions = definitions_;
@@ -208,10 +210,13 @@ Options CommandLine::understand() const {
   }
   options.examined = parse_node_sets("--examined", examined_);
   options.expected = parse_node_sets("--expect", expected_);
+  for (const std::string& extension : extensions_) {
+    options.extensions.push_back(parse_extension("--extension", extension));
+  }
   return options;
 }
 
-std::variant<Options, Information> CommandLine::parse(int argc, const char* const* argv) {
+Request CommandLine::parse(int argc, const char* const* argv) {
   try {
     app_.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -225,15 +230,17 @@ std::variant<Options, Information> CommandLine::parse(int argc, const char* cons
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
+  if (lists_extensions_) {
+    return ExtensionListing{};
+  }
   return understand();
 }
 
 }  // namespace
 
-std::variant<Options, Information> parse_options(int argc, const char* const* argv,
-                                                 bool input_is_terminal) {
+Request parse_options(int argc, const char* const* argv, bool input_is_terminal) {
   refuse_empty_values(argc, argv);
-  auto request = CommandLine().parse(argc, argv);
+  Request request = CommandLine().parse(argc, argv);
   if (auto* const options = std::get_if<Options>(&request); options && options->inputs.empty()) {
     if (input_is_terminal) {
       throw UsageError("no findings: name files of them, or pipe them in");

@@ -11,6 +11,14 @@ namespace vond::standalone {
 
 enum class ColorMode { AUTO, ALWAYS, NEVER };
 
+/// An output extension that is asked for.
+struct ExtensionRequest {
+  /// Its name, or the path of its library, which has a "/".
+  std::string extension;
+  /// Where its output goes alone, "-" for standard output.
+  std::optional<std::string> file;
+};
+
 /// What the command line asks for.
 struct Options {
   /// "-" is standard input; never empty.
@@ -35,8 +43,8 @@ struct Options {
   ColorMode color = ColorMode::AUTO;
   /// Files that get the report beside standard output.
   std::vector<std::string> outputs;
-  /// Libraries; empty for the text report.
-  std::vector<std::string> extensions;
+  /// Empty for the text report.
+  std::vector<ExtensionRequest> extensions;
 };
 
 /// A text that was asked for in place of a report, as --help does.
@@ -44,9 +52,14 @@ struct Information {
   std::string text;
 };
 
+/// The names of all extensions were asked for.
+struct ExtensionListing {};
+
+/// What a command line may ask for.
+using Request = std::variant<Options, Information, ExtensionListing>;
+
 /// Reads the command line. `input_is_terminal` tells that standard input is nothing to read
 /// findings from. Throws UsageError.
-std::variant<Options, Information> parse_options(int argc, const char* const* argv,
-                                                 bool input_is_terminal);
+Request parse_options(int argc, const char* const* argv, bool input_is_terminal);
 
 }  // namespace vond::standalone

@@ -1,53 +1,30 @@
 #include "standalone/cli/report_command.h"
 
 #include <ctime>
-#include <filesystem>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
-#include "standalone/cli/destinations.h"
 #include "standalone/cli/environment.h"
-#include "standalone/cli/extension_runner.h"
+#include "standalone/cli/extension_choice.h"
 #include "standalone/cli/input_reading.h"
 #include "standalone/cli/message.h"
-#include "standalone/cli/usage_error.h"
-#include "standalone/extensions/extension_path.h"
+#include "standalone/cli/output_conflicts.h"
+#include "standalone/cli/report_outputs.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/current_facts.h"
+#include "standalone/libvond_host/issue_facts.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/facts_of_run.h"
 #include "standalone/report/node_list_file.h"
+#include "standalone/report/record_issue_facts.h"
 #include "standalone/report/report_record.h"
 #include "vond/log/error_log.h"
 #include "vond/vocabulary/tables.h"
 
 namespace vond::standalone {
 namespace {
-
-bool is_same_file(const std::string& output, const std::string& input) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(output, error) &&
-         std::filesystem::equivalent(output, input == "-" ? "/dev/stdin" : input, error);
-}
-
-/// A report in place of its own input is never what was meant.
-void refuse_to_replace_inputs(const Options& options) {
-  std::vector<std::string> inputs = options.inputs;
-  if (options.definitions) {
-    inputs.push_back(*options.definitions);
-  }
-  inputs.insert(inputs.end(), options.expect_files.begin(), options.expect_files.end());
-  for (const std::string& output : options.outputs) {
-    for (const std::string& input : inputs) {
-      if (is_same_file(output, input)) {
-        throw UsageError("--output is \"" + output + "\", which is an input, too");
-      }
-    }
-  }
-}
 
 void set_up_error_log(const Options& options) {
   log::LOG_LEVEL = vocabulary::LOG_LEVELS.at(options.log_level);
@@ -91,33 +68,6 @@ RunSources make_sources(const Options& options) {
           .expected = expected_nodes(options)};
 }
 
-/// Returns the libraries to run.
-std::vector<std::string> extension_paths(const Options& options) {
-  if (!options.extensions.empty()) {
-    return options.extensions;
-  }
-  return {extension_path(TEXT_REPORT, extension_folders(program_folder(), VOND_EXTENSION_FOLDER))};
-}
-
-void run_extensions(const Options& options, ReportRecord& record, Destinations& destinations) {
-  const OutputLogConnection connection(destinations);
-  try {
-    ExtensionRunner(record.data()).run(extension_paths(options));
-  } catch (...) {
-    destinations.abandon();
-    throw;
-  }
-}
-
-/// Returns whether all destinations are complete, and prints what is wrong with the others.
-bool finish(Destinations& destinations) {
-  const Destinations::Outcome outcome = destinations.finish();
-  for (const std::string& error : outcome.errors) {
-    print_message("error", error);
-  }
-  return outcome.is_complete;
-}
-
 /// Returns the status of a report that is complete.
 ExitStatus status_of(const ReportFacts& facts) {
   return verdict_of(facts) == Verdict::PASS ? PASSED : FAILED;
@@ -128,19 +78,21 @@ ExitStatus status_of(const ReportFacts& facts) {
 ExitStatus write_report(const Options& options) {
   // What can be wrong is found before anything is opened, and that before the long reading.
   set_up_error_log(options);
-  refuse_to_replace_inputs(options);
+  refuse_conflicting_outputs(options);
+  const std::vector<ChosenExtension> extensions = choose_extensions(options.extensions);
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
   const RecordOptions record_options = make_record_options(options, warnings);
   const RunSources sources = make_sources(options);
-  Destinations destinations(options.outputs, wants_color(options.color));
+  ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
   ReportRecord record(run->collapser(), record_options);
   report_facts() = facts_of_run(*run, record, written_at);
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
-  run_extensions(options, record, destinations);
-  if (!finish(destinations)) {
+  RecordIssueFacts issue_facts(record, run->collapser().node_names());
+  const IssueFactsConnection connection(issue_facts);
+  if (!outputs.write(record.data())) {
     return NO_REPORT;
   }
   log_notice("verdict: " + verdict_word(verdict_of(report_facts())));

@@ -37,6 +37,9 @@ class PatternIssue {
   /// Marked text. Issues with equal keys are one, if nothing else keeps them apart.
   const std::string& key() const { return key_; }
 
+  /// The values of all groups.
+  const ValueTable& table() const { return *table_; }
+
   /// The number of places in the key.
   std::size_t places() const { return parts_[0].open.size(); }
 

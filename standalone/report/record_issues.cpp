@@ -1,5 +1,6 @@
 #include "standalone/report/record_issues.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -42,6 +43,15 @@ RecordIssues::~RecordIssues() {
   for (Issue& issue : *issues_) {
     issue.related_issues.clear();
   }
+}
+
+std::optional<std::size_t> RecordIssues::number_of(const Issue& issue) const {
+  const Issue* const first = issues_->data();
+  // Pointers into different arrays have an order with std::less alone.
+  if (std::less<>()(&issue, first) || !std::less<>()(&issue, first + issues_->size())) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(&issue - first);
 }
 
 void RecordIssues::fill(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names) {

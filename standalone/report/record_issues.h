@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "standalone/model/string_interner.h"
@@ -27,6 +28,11 @@ class RecordIssues {
   std::shared_ptr<Issue> operator[](std::size_t number) const {
     return {issues_, &(*issues_)[number]};
   }
+
+  std::size_t size() const { return issues_->size(); }
+
+  /// Returns the number of an issue, nothing for any other than these.
+  std::optional<std::size_t> number_of(const Issue& issue) const;
 
   /// Lets every issue tell what the one with its number in `collapsed` does. There must be as many
   /// of them as issues. `node_names` are those of the collapser.

@@ -26,6 +26,7 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   unknown_based_on_ = relate_issues(collapsed, issues_);
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
+  note_severities(collapsed);
   take_findings(collapsed);
   issues_.fill(std::move(collapsed), node_names);
 }
@@ -54,6 +55,13 @@ void ReportRecord::hang_definitions(const std::vector<CollapsedIssue>& collapsed
   const DefinitionTree tree = decide_definitions(specs, collapsed, data_.fail_threshold);
   data_.fwd_root = tree.hierarchy();
   unknown_definitions_ = tree.unknown_names();
+}
+
+void ReportRecord::note_severities(const std::vector<CollapsedIssue>& collapsed) {
+  severities_.reserve(collapsed.size());
+  for (const CollapsedIssue& issue : collapsed) {
+    severities_.push_back(issue.severity);
+  }
 }
 
 void ReportRecord::take_findings(std::vector<CollapsedIssue>& collapsed) {

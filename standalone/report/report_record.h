@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standalone/definitions/definitions_reader.h"
+#include "standalone/model/definition_spec.h"
 #include "standalone/report/collapser.h"
 #include "standalone/report/record_issues.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
@@ -43,6 +43,15 @@ class ReportRecord {
   /// Ids that a `based_on` names and no observation has; sorted.
   const std::vector<std::string>& unknown_based_on() const { return unknown_based_on_; }
 
+  /// Returns the number of an issue in the order of the report, from 0; nothing for one that is not
+  /// of this record.
+  std::optional<std::size_t> number_of(const postprocessor::CollapsedAnalysisOutput& issue) const {
+    return issues_.number_of(issue);
+  }
+
+  /// The highest severity of each issue's findings, 0 to 100, by the issues' numbers.
+  const std::vector<int>& severities() const { return severities_; }
+
   /// When collapsed by pattern: what the findings of each issue said, in the order of the report,
   /// which is that of the issues' addresses. Its texts are message and remedy, its nodes numbers of
   /// the collapser's node names. Needs the collapser. Else empty.
@@ -55,12 +64,14 @@ class ReportRecord {
   void file_issues(const std::vector<CollapsedIssue>& collapsed);
   void hang_definitions(const std::vector<CollapsedIssue>& collapsed,
                         const std::optional<std::vector<DefinitionSpec>>& specs);
+  void note_severities(const std::vector<CollapsedIssue>& collapsed);
   void take_findings(std::vector<CollapsedIssue>& collapsed);
 
   RecordIssues issues_;
   postprocessor::PostprocessorExtensionData data_;
   std::vector<std::string> unknown_definitions_;
   std::vector<std::string> unknown_based_on_;
+  std::vector<int> severities_;
   std::vector<PatternIssue> findings_;
 };
 

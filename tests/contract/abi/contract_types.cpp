@@ -1,6 +1,7 @@
 // The contract's types, each by itself. abidiff compares what a library's functions take, and does
 // not see these when they are the arguments of a standard template, as in the record they are.
 #include "vond/analysis/analysis_output.h"
+#include "vond/facts/run_facts.h"
 #include "vond/fwd.h"
 #include "vond/host_api.h"
 #include "vond/log/error_log.h"
@@ -26,5 +27,8 @@ VOND_HOST_API void take_logs(log::ErrorLog& /**/, log::OutputLog& /**/,
 VOND_HOST_API void take_values(postprocessor::Severity& /**/, postprocessor::Type& /**/,
                                postprocessor::TypeCode& /**/, provider::encoding& /**/,
                                nodelist_method_t& /**/, ScaleType& /**/) {}
+
+VOND_HOST_API void take_facts(facts::Input& /**/, facts::Patterns& /**/, facts::Value& /**/,
+                              facts::Place& /**/) {}
 
 }  // namespace vond

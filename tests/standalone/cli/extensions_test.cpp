@@ -62,16 +62,6 @@ TEST_F(ExtensionsTest, TheTextReportIsNeverTakenFromTheCurrentFolder) {
                folder / "lib/vond/extensions/vond_output_log.so: no such extension library");
 }
 
-TEST_F(ExtensionsTest, ABareNameIsAFileOfTheCurrentFolder) {
-  fs::copy_file(PRINTS_A_LINE_PATH, folder / "line.so");
-  const Outcome outcome = Command({"-e", "line.so", findings}).in_folder(folder.path()).run();
-  EXPECT_EQ(outcome.output, "all is well\n");
-  EXPECT_EQ(outcome.status, 0);
-  expect_error(Command({"-e", "line.so", findings}).in_folder("/").run(), 3,
-               "line.so: no such extension library");
-  expect_error(run({"-e", "libc.so.6", findings}), 3, "libc.so.6: no such extension library");
-}
-
 TEST_F(ExtensionsTest, SeveralRunInTheOrderGiven) {
   EXPECT_EQ(run({"-e", PRINTS_A_LINE_PATH, "--extension", VOND_OUTPUT_LOG_PATH, findings}).output,
             "all is well\n" + report);
@@ -81,11 +71,11 @@ TEST_F(ExtensionsTest, SeveralRunInTheOrderGiven) {
             "all is well\nall is well\n");
 }
 
-TEST_F(ExtensionsTest, AFaultOfOneEndsTheRunAndKeepsWhatTheOthersWrote) {
+TEST_F(ExtensionsTest, AFaultOfOneTakesNothingFromTheOthers) {
   const Outcome outcome =
       run({"-e", VOND_OUTPUT_LOG_PATH, "-e", EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH, "-e",
            PRINTS_A_LINE_PATH, findings});
-  EXPECT_EQ(outcome.output, report);
+  EXPECT_EQ(outcome.output, report + "all is well\n");
   EXPECT_EQ(outcome.errors,
             std::string("vond-report: error: ") + EXTENSION_WHOSE_RUN_THROWS_ITS_OWN_TYPE_PATH +
                 ": the extension's run failed: a text that only this library could have made\n");
@@ -123,8 +113,8 @@ TEST_F(ExtensionsTest, TheTextSoFarIsWrittenAndTheMessageMadeHarmless) {
 }
 
 TEST_F(ExtensionsTest, AFileNameInAMessageIsMadeHarmless) {
-  expect_error(run({"-e", "\033[2J\xE2\x80\xAE.so", findings}), 3,
-               "\\x1b[2J\\u202e.so: no such extension library");
+  expect_error(run({"-e", "./\033[2J\xE2\x80\xAE.so", findings}), 3,
+               "./\\x1b[2J\\u202e.so: no such extension library");
   expect_error(run({"-o", "\033[2J/x", findings}), 3, "\\x1b[2J/x: No such file or directory");
 }
 

@@ -25,6 +25,7 @@ Positionals:
 Options:
   --version                   Print the version and exit
   -h,--help                   Print this text and exit
+  --list-extensions           Print the names of all extensions and exit
   -d,--definitions FILE       Framework definitions, JSON
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
@@ -48,8 +49,10 @@ Options:
                               too
   --color WHEN                Colours: auto, always or never (default: auto)
   -o,--output FILE            A further destination; may be repeated
-  -e,--extension FILE         An output extension to run; may be repeated
-                              (default: the text report)
+  -e,--extension NAME[:FILE]  An output extension to run, a name of
+                              --list-extensions or a library's path; its output
+                              goes to FILE alone; may be repeated (default:
+                              text)
 
 Exit status:
   0  report written, PASS
@@ -175,7 +178,9 @@ TEST_F(OptionsTest, AFlagMayBeRepeatedAndTakesNoValue) {
 TEST_F(OptionsTest, AnEmptyFileNameIsAUsageError) {
   expect_usage_error({"-d", ""}, R"(--definitions is "", expected the name of a file)");
   expect_usage_error({"-o", ""}, R"(--output is "", expected the name of a file)");
-  expect_usage_error({"-e", ""}, R"(--extension is "", expected the name of a file)");
+  expect_usage_error({"-e", ""},
+                     "--extension is \"\", expected the name of an extension or the "
+                     "path of its library");
   expect_usage_error({""}, R"(FINDINGS is "", expected the name of a file)");
 }
 

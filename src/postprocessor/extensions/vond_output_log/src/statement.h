@@ -1,15 +1,10 @@
 #pragma once
 
-#include <string>
-
-#include "vond/log/output_log.h"
+#include "vond/extension/statement.h"
 
 namespace vond_output_log {
 
-/// Writes one statement without colour; an empty text reaches no destination.
-inline void write(const std::string& text) {
-  vond::log::OutputLog(vond::log::OutputLog::NONE) << text;
-}
+using vond::extension::write;
 
 /// Writes a line end as a statement of its own, as the tree section does behind every text.
 inline void write_line_end() { write("\n"); }

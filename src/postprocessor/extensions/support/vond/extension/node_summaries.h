@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -21,6 +22,15 @@ inline std::vector<std::vector<std::string>> node_lists(
     lists.push_back(output->node_names);
   }
   return lists;
+}
+
+/// Returns the nodes of all outputs as `host` folds them, "" for none.
+inline std::string folded_nodes(const postprocessor::CollapsedAnalysisOutput& issue,
+                                postprocessor::StringInterface& host) {
+  auto lists = node_lists(issue);
+  const bool has_nodes =
+      std::any_of(lists.begin(), lists.end(), [](const auto& list) { return !list.empty(); });
+  return has_nodes ? host.get_node_string(lists) : std::string();
 }
 
 /// A set of names that only counts: a table with linear probing. Keeps pointers to the names.

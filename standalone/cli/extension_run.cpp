@@ -1,4 +1,4 @@
-#include "standalone/cli/extension_runner.h"
+#include "standalone/cli/extension_run.h"
 
 #include <cstddef>
 #include <new>
@@ -20,19 +20,27 @@ struct TextEndsWithMemory {
   TextEndsWithMemory& operator=(const TextEndsWithMemory&) = delete;
 };
 
-}  // namespace
-
-void ExtensionRunner::run(const std::vector<std::string>& paths) {
-  const TextEndsWithMemory ending;
-  const std::size_t failures_before = failed_allocations();
-  for (const std::string& path : paths) {
-    const RunningExtension in_charge(path);
-    run_extension(path, data_);
-  }
-  // Each attempt that failed counts, whatever became of it.
+/// Each attempt that failed counts, whatever became of it.
+void expect_no_failed_allocation_since(std::size_t failures_before) {
   if (failed_allocations() != failures_before) {
     throw std::bad_alloc();
   }
+}
+
+}  // namespace
+
+void run_in_charge(const ChosenExtension& extension,
+                   postprocessor::PostprocessorExtensionData& record) {
+  const TextEndsWithMemory ending;
+  const std::size_t failures_before = failed_allocations();
+  const RunningExtension in_charge(extension.name);
+  try {
+    run_extension(extension.library, record, extension.name);
+  } catch (const ExtensionError&) {
+    expect_no_failed_allocation_since(failures_before);
+    throw;
+  }
+  expect_no_failed_allocation_since(failures_before);
 }
 
 }  // namespace vond::standalone

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "vond/host_api.h"
+#include "vond/postprocessor/collapsed_analysis_output.h"
+
+/// The version of these functions. It is raised when functions are added and when what one returns
+/// changes its meaning; what is declared here never changes its layout.
+#define VOND_FACTS_VERSION 1
+
+/// What the record cannot carry: where a report comes from, how far it can be trusted, and what its
+/// issues were made of. The stand-alone host exports these functions; other hosts need not have
+/// them, so that an extension that uses them loads in hosts alone that do. They tell of the report
+/// that the process is writing and may be called from an extension's `create` until it is deleted.
+/// Texts are harmless, on one line, and UTF-8; lists of names are sorted, each name once.
+namespace vond::facts {
+
+/// Returns the VOND_FACTS_VERSION that the host was built with.
+VOND_HOST_API int version();
+
+/// Returns the version of the program, "1.2.3" for example.
+VOND_HOST_API std::string tool_version();
+
+/// Returns the report's time, in seconds since 1970-01-01 00:00:00 UTC.
+VOND_HOST_API std::int64_t written_at();
+
+/// Returns "PASS", "FAIL" or "UNKNOWN".
+VOND_HOST_API std::string verdict();
+
+/// Returns what puts a PASS in doubt, "2 of 48 expected nodes were not examined" for example. A
+/// report that fails may have doubts, too.
+VOND_HOST_API std::vector<std::string> doubts();
+
+/// Where findings were read from.
+struct Input {
+  /// As the user named it; "standard input".
+  std::string name;
+  /// From its last change to the report's time, less than 0 when it is from the future. Nothing for
+  /// what is no regular file.
+  std::optional<std::int64_t> age_seconds;
+};
+
+/// Returns the inputs in reading order.
+VOND_HOST_API std::vector<Input> inputs();
+
+/// Returns how many distinct nodes findings name.
+VOND_HOST_API std::size_t nodes_seen();
+
+/// Returns how many nodes were examined, nothing when nobody told.
+VOND_HOST_API std::optional<std::size_t> nodes_examined();
+
+/// Returns how many nodes should have been examined, nothing when nobody told.
+VOND_HOST_API std::optional<std::size_t> nodes_expected();
+
+/// Returns the nodes that were expected and not examined; where nobody told which nodes were
+/// examined, those that were expected and have no findings.
+VOND_HOST_API std::vector<std::string> nodes_not_examined();
+
+/// Returns the nodes that were examined and not expected.
+VOND_HOST_API std::vector<std::string> nodes_not_expected();
+
+/// Returns the issue's severity, 0 to 100, of which the record knows the band alone: the highest of
+/// its findings; -1 for an issue that is none of the record's.
+VOND_HOST_API int severity(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// The texts of an issue with `<*>` where findings differ and `NODE` for the node of each.
+struct Patterns {
+  std::string message;
+  std::string remedy;
+};
+
+/// Returns what the texts of all findings of the issue have in common; the issue's own texts where
+/// findings were not collapsed by pattern.
+VOND_HOST_API Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// A value that findings of an issue have in a place where they differ.
+struct Value {
+  /// As it stands in the findings, `NODE` for the node of each.
+  std::string value;
+  /// Those of the findings with this value.
+  std::vector<std::string> nodes;
+};
+
+/// A place where the findings of an issue differ.
+struct Place {
+  /// "number", "time", "node" or "text".
+  std::string kind;
+  /// What stands behind every number, "C" in "84C"; may be empty.
+  std::string unit;
+  /// Each once; in the order of numbers and of times, else in natural order.
+  std::vector<Value> values;
+};
+
+/// Returns the places in which the findings of the issue differ, those of the message before those
+/// of the remedy, from left to right; none where findings were not collapsed by pattern. Works them
+/// out at each call.
+VOND_HOST_API std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue);
+
+}  // namespace vond::facts

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "vond/log/output_log.h"
+
+namespace vond::extension {
+
+/// Writes one statement without colour; an empty text reaches no destination.
+inline void write(const std::string& text) { log::OutputLog(log::OutputLog::NONE) << text; }
+
+/// Collects a long text and writes it in statements of a size that keeps memory small and spares
+/// the cost of many. What is left is written by finish(), which has to be called: a text that a
+/// fault cut short has no end.
+class StatementWriter {
+ public:
+  StatementWriter() = default;
+  StatementWriter(const StatementWriter&) = delete;
+  StatementWriter& operator=(const StatementWriter&) = delete;
+
+  StatementWriter& operator<<(std::string_view text) {
+    text_ += text;
+    if (text_.size() >= STATEMENT_SIZE) {
+      finish();
+    }
+    return *this;
+  }
+
+  void finish() {
+    write(text_);
+    text_.clear();
+  }
+
+ private:
+  /// In bytes.
+  static constexpr std::size_t STATEMENT_SIZE = std::size_t{16} * 1024;
+
+  std::string text_;
+};
+
+}  // namespace vond::extension

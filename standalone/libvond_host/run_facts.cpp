@@ -1,0 +1,80 @@
+#include "vond/facts/run_facts.h"
+
+#include "standalone/facts/verdict.h"
+#include "standalone/libvond_host/current_facts.h"
+#include "standalone/libvond_host/issue_facts.h"
+#include "standalone/version.h"
+
+namespace vond {
+namespace standalone {
+namespace {
+
+IssueFacts* current_issue_facts = nullptr;
+
+}  // namespace
+
+IssueFactsConnection::IssueFactsConnection(IssueFacts& facts) { current_issue_facts = &facts; }
+
+IssueFactsConnection::~IssueFactsConnection() { current_issue_facts = nullptr; }
+
+}  // namespace standalone
+
+namespace facts {
+
+using standalone::current_issue_facts;
+using standalone::report_facts;
+
+int version() { return VOND_FACTS_VERSION; }
+
+std::string tool_version() { return standalone::VERSION; }
+
+std::int64_t written_at() { return report_facts().written_at; }
+
+std::string verdict() { return standalone::verdict_word(standalone::verdict_of(report_facts())); }
+
+std::vector<std::string> doubts() { return standalone::verdict_doubts(report_facts()); }
+
+std::vector<Input> inputs() {
+  std::vector<Input> inputs;
+  for (const auto& input : report_facts().inputs) {
+    inputs.push_back({input.name, input.age});
+  }
+  return inputs;
+}
+
+std::size_t nodes_seen() { return report_facts().nodes_seen; }
+
+std::optional<std::size_t> nodes_examined() {
+  const auto& examination = report_facts().examination;
+  return examination ? std::optional(examination->nodes_examined) : std::nullopt;
+}
+
+std::optional<std::size_t> nodes_expected() {
+  const auto& expectation = report_facts().expectation;
+  return expectation ? std::optional(expectation->nodes_expected) : std::nullopt;
+}
+
+std::vector<std::string> nodes_not_examined() {
+  const auto& expectation = report_facts().expectation;
+  return expectation ? expectation->silent : std::vector<std::string>();
+}
+
+std::vector<std::string> nodes_not_expected() {
+  const auto& expectation = report_facts().expectation;
+  return expectation ? expectation->not_expected : std::vector<std::string>();
+}
+
+int severity(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? -1 : current_issue_facts->severity(issue);
+}
+
+Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? Patterns{} : current_issue_facts->patterns(issue);
+}
+
+std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? std::vector<Place>() : current_issue_facts->places(issue);
+}
+
+}  // namespace facts
+}  // namespace vond

@@ -1,0 +1,84 @@
+#include "standalone/report/record_issue_facts.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "standalone/patterns/placeholders.h"
+
+namespace vond::standalone {
+
+using Issue = postprocessor::CollapsedAnalysisOutput;
+
+namespace {
+
+std::string kind_word(Placeholder::Kind kind) {
+  switch (kind) {
+    case Placeholder::Kind::NUMBER:
+      return "number";
+    case Placeholder::Kind::TIME:
+      return "time";
+    case Placeholder::Kind::NODE:
+      return "node";
+    default:
+      return "text";
+  }
+}
+
+facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
+  facts::Place place{kind_word(placeholder.kind), std::move(placeholder.unit), {}};
+  place.values.reserve(placeholder.values.size());
+  for (auto& [text, nodes] : placeholder.values) {
+    facts::Value& value = place.values.emplace_back(facts::Value{std::move(text), {}});
+    value.nodes.reserve(nodes.size());
+    for (const std::uint32_t node : nodes) {
+      value.nodes.emplace_back(node_names(node));
+    }
+    std::sort(value.nodes.begin(), value.nodes.end());
+  }
+  return place;
+}
+
+}  // namespace
+
+RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names)
+    : record_(record),
+      node_names_([&node_names](auto node) -> std::string_view { return node_names[node]; }) {}
+
+int RecordIssueFacts::severity(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  return number ? record_.severities()[*number] : -1;
+}
+
+facts::Patterns RecordIssueFacts::patterns(const Issue& issue) const {
+  if (const PatternIssue* const findings = findings_of(issue)) {
+    std::vector<std::string> texts = shown_patterns(*findings);
+    return {std::move(texts[0]), std::move(texts[1])};
+  }
+  return issue.outputs.empty()
+             ? facts::Patterns{}
+             : facts::Patterns{issue.outputs[0]->message, issue.outputs[0]->remedy};
+}
+
+std::vector<facts::Place> RecordIssueFacts::places(const Issue& issue) {
+  const PatternIssue* const findings = findings_of(issue);
+  if (findings == nullptr) {
+    return {};
+  }
+  if (!summaries_) {
+    summaries_.emplace(findings->table(), node_names_);
+  }
+  std::vector<facts::Place> places;
+  for (Placeholder& placeholder : placeholders_of(*findings, *summaries_, node_names_)) {
+    places.push_back(fact_of(std::move(placeholder), node_names_));
+  }
+  return places;
+}
+
+const PatternIssue* RecordIssueFacts::findings_of(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  return number && !record_.findings().empty() ? &record_.findings()[*number] : nullptr;
+}
+
+}  // namespace vond::standalone

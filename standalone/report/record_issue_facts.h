@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "standalone/libvond_host/issue_facts.h"
+#include "standalone/model/string_interner.h"
+#include "standalone/patterns/pattern_summaries.h"
+#include "standalone/patterns/place_summary.h"
+#include "standalone/report/report_record.h"
+
+namespace vond::standalone {
+
+/// What the issues of a record were made of.
+class RecordIssueFacts : public IssueFacts {
+ public:
+  /// Keeps references to both; the names are those of the record's collapser, which must be there,
+  /// too.
+  RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names);
+
+  int severity(const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) override;
+
+ private:
+  /// Null for an issue that was not collapsed by pattern.
+  const PatternIssue* findings_of(const postprocessor::CollapsedAnalysisOutput& issue) const;
+
+  const ReportRecord& record_;
+  const NodeNames node_names_;
+  /// Made when it is first needed, for its memory grows with all values.
+  std::optional<PatternSummaries> summaries_;
+};
+
+}  // namespace vond::standalone

@@ -1,0 +1,90 @@
+#include "vond/facts/run_facts.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "standalone/libvond_host/current_facts.h"
+#include "standalone/libvond_host/issue_facts.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using vond::postprocessor::CollapsedAnalysisOutput;
+using vond::standalone::IssueFacts;
+using vond::standalone::IssueFactsConnection;
+using vond::standalone::report_facts;
+
+namespace facts = vond::facts;
+
+class RunFactsTest : public testing::Test {
+ protected:
+  void TearDown() override { report_facts() = {}; }
+};
+
+TEST_F(RunFactsTest, HaveTheVersionOfTheHeader) {
+  EXPECT_EQ(facts::version(), VOND_FACTS_VERSION);
+  EXPECT_EQ(facts::tool_version(), VOND_VERSION);
+}
+
+TEST_F(RunFactsTest, TellWhatIsKnownOfTheReport) {
+  report_facts().written_at = 1763699400;
+  report_facts().inputs = {{"a.jsonl", 120, false}, {"standard input", {}, false}};
+  report_facts().findings_read = 3;
+  report_facts().nodes_seen = 4;
+  EXPECT_EQ(facts::written_at(), 1763699400);
+  EXPECT_EQ(facts::nodes_seen(), 4U);
+  ASSERT_EQ(facts::inputs().size(), 2U);
+  EXPECT_EQ(facts::inputs()[0].name, "a.jsonl");
+  EXPECT_EQ(facts::inputs()[0].age_seconds, 120);
+  EXPECT_EQ(facts::inputs()[1].age_seconds, std::nullopt);
+  EXPECT_EQ(facts::verdict(), "PASS");
+  EXPECT_THAT(facts::doubts(), IsEmpty());
+}
+
+TEST_F(RunFactsTest, WhatNobodyToldIsNotKnown) {
+  EXPECT_EQ(facts::nodes_examined(), std::nullopt);
+  EXPECT_EQ(facts::nodes_expected(), std::nullopt);
+  EXPECT_THAT(facts::nodes_not_examined(), IsEmpty());
+  EXPECT_THAT(facts::nodes_not_expected(), IsEmpty());
+  EXPECT_EQ(facts::verdict(), "UNKNOWN");
+}
+
+TEST_F(RunFactsTest, TellWhoWasLookedAt) {
+  report_facts().examination = {.nodes_examined = 5, .not_examined_with_findings = {}};
+  report_facts().expectation = {
+      .nodes_expected = 7, .silent = {"cn1", "cn2"}, .not_expected = {"cn9"}, .alike = {}};
+  EXPECT_EQ(facts::nodes_examined(), 5U);
+  EXPECT_EQ(facts::nodes_expected(), 7U);
+  EXPECT_THAT(facts::nodes_not_examined(), ElementsAre("cn1", "cn2"));
+  EXPECT_THAT(facts::nodes_not_expected(), ElementsAre("cn9"));
+  EXPECT_EQ(facts::verdict(), "UNKNOWN");
+  EXPECT_THAT(facts::doubts(), ElementsAre("2 of 7 expected nodes were not examined"));
+}
+
+struct SeverityIs42 : IssueFacts {
+  int severity(const CollapsedAnalysisOutput& /*issue*/) const override { return 42; }
+  facts::Patterns patterns(const CollapsedAnalysisOutput& /*issue*/) const override {
+    return {"at <*>", "wait"};
+  }
+  std::vector<facts::Place> places(const CollapsedAnalysisOutput& /*issue*/) override {
+    return {{"number", "C", {{"5C", {"cn1"}}}}};
+  }
+};
+
+TEST_F(RunFactsTest, OfIssuesAreThoseOfTheReportInHand) {
+  const CollapsedAnalysisOutput issue;
+  {
+    SeverityIs42 issues;
+    const IssueFactsConnection connection(issues);
+    EXPECT_EQ(facts::severity(issue), 42);
+    EXPECT_EQ(facts::patterns(issue).message, "at <*>");
+    ASSERT_EQ(facts::places(issue).size(), 1U);
+    EXPECT_EQ(facts::places(issue)[0].unit, "C");
+  }
+  EXPECT_EQ(facts::severity(issue), -1);
+  EXPECT_EQ(facts::patterns(issue).message, "");
+  EXPECT_THAT(facts::places(issue), IsEmpty());
+}
+
+}  // namespace
