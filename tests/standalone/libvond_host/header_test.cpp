@@ -64,7 +64,7 @@ TEST_F(Header, CutsALongNameAndNotTheAgeBehindIt) {
                           "            clusters/prod..., 3 days old\n"),
             std::string::npos)
       << header();
-  for (const std::size_t inputs : {1, 2, 1000}) {
+  for (const std::size_t inputs : {1U, 2U, 1000U}) {
     facts.inputs.resize(inputs, {"b", -400 * 86400, false});
     for (const int width : {0, 40, 41, 60, 80}) {
       facts.inputs[0].name = std::string(400, 'n');
