@@ -52,7 +52,7 @@ ReportSuite::ReportSuite(const vond::postprocessor::PostprocessorExtensionData& 
   const auto failing = failing_names(suites);
   const auto is_shown = [&failing](const vond::extension::Issue& issue) {
     return std::any_of(issue->fwd_names.begin(), issue->fwd_names.end(),
-                       [&failing](const std::string& name) { return failing.count(name) != 0; });
+                       [&failing](const std::string& name) { return failing.contains(name); });
   };
   const auto add = [&](const vond::extension::Issue& issue,
                        const vond::vocabulary::SeverityBand& band,

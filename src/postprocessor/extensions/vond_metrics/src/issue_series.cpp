@@ -50,7 +50,7 @@ bool WorstIssues::takes(const std::string& id) {
     ids_.insert(id);
     return true;
   }
-  if (ids_.count(id) != 0) {
+  if (ids_.contains(id)) {
     return true;
   }
   omitted_ids_.insert(id);
