@@ -19,6 +19,9 @@ if(NOT VOND_HOST_LIBRARIES)
           DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${PROJECT_SOURCE_DIR}/completion/vond-report
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/report.schema.json
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/vond)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/json.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 
 install(EXPORT vond_targets

@@ -1,28 +1,19 @@
 #include "tree_walk.h"
 
 #include <cstddef>
+#include <string>
 
 #include "count_block.h"
 #include "layout.h"
 #include "statement.h"
 #include "tree_prefixes.h"
+#include "vond/extension/words.h"
 #include "vond/str/string_functions.h"
 
 namespace vond_output_log {
 
 using vond::Fwd;
 using vond::str::word_wrap;
-
-namespace {
-
-const char* status_word(const Fwd& fwd) {
-  if (fwd.skipped) {
-    return "SKIPPED";
-  }
-  return fwd.passed ? "PASS" : "FAIL";
-}
-
-}  // namespace
 
 int TreeWalk::print_section() {
   write(word_wrap("Issues (repeated from above) ordered in the framework definition hierarchy",
@@ -48,7 +39,8 @@ int TreeWalk::print_section() {
 
 int TreeWalk::print_tree(const Fwd& fwd, const std::string& inherited, bool last) {
   const TreePrefixes prefixes = draw_prefixes(inherited, last, !fwd.node->child_groups.empty());
-  write(word_wrap(prefixes.line + strings_.get_short_name(fwd.name) + ": " + status_word(fwd),
+  write(word_wrap(prefixes.line + strings_.get_short_name(fwd.name) + ": " +
+                      std::string(vond::extension::status_word(fwd)),
                   data_.line_width, prefixes.child));
   write_line_end();
   if (!fwd.skipped && print_blocks(fwd, prefixes.child) == 1) {

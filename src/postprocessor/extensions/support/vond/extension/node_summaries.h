@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -22,6 +23,19 @@ inline std::vector<std::vector<std::string>> node_lists(
     lists.push_back(output->node_names);
   }
   return lists;
+}
+
+/// Returns the distinct nodes of all outputs, sorted by their bytes. Views of the issue's own
+/// names.
+inline std::vector<std::string_view> distinct_nodes(
+    const postprocessor::CollapsedAnalysisOutput& issue) {
+  std::vector<std::string_view> nodes;
+  for (const auto& output : issue.outputs) {
+    nodes.insert(nodes.end(), output->node_names.begin(), output->node_names.end());
+  }
+  std::sort(nodes.begin(), nodes.end());
+  nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
+  return nodes;
 }
 
 /// Returns the nodes of all outputs as `host` folds them, "" for none.

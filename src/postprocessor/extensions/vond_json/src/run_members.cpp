@@ -1,0 +1,82 @@
+#include "run_members.h"
+
+#include <ctime>
+#include <string>
+
+#include "vond/facts/run_facts.h"
+
+namespace vond_json {
+
+using vond::extension::JsonWriter;
+
+namespace facts = vond::facts;
+
+namespace {
+
+/// A minor version adds keys; readers ignore those that they do not know.
+constexpr char FORMAT_VERSION[] = "1.0";
+
+/// Returns `2025-11-21T04:30:00Z`.
+std::string utc_text(std::time_t time) {
+  std::tm parts{};
+  gmtime_r(&time, &parts);
+  char text[sizeof "-2147481748-01-01T00:00:00Z"];
+  return {text, std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts)};
+}
+
+void write_tool(JsonWriter& json) {
+  json.key("tool").begin_object();
+  json.key("name").value("vond-report");
+  json.key("version").value(facts::tool_version());
+  json.end_object();
+}
+
+void write_inputs(JsonWriter& json) {
+  json.key("inputs").begin_array();
+  for (const facts::Input& input : facts::inputs()) {
+    json.begin_object();
+    json.key("name").value(input.name);
+    json.key("age_seconds").value(input.age_seconds);
+    json.end_object();
+  }
+  json.end_array();
+}
+
+void write_nodes(JsonWriter& json) {
+  json.key("nodes").begin_object();
+  json.key("seen").value(facts::nodes_seen());
+  json.key("examined").value(facts::nodes_examined());
+  json.key("expected").value(facts::nodes_expected());
+  json.key("not_examined").array(facts::nodes_not_examined());
+  json.key("not_expected").array(facts::nodes_not_expected());
+  json.end_object();
+}
+
+}  // namespace
+
+void write_run(JsonWriter& json, const vond::postprocessor::PostprocessorExtensionData& data) {
+  json.key("format_version").value(FORMAT_VERSION);
+  json.break_line();
+  write_tool(json);
+  json.break_line();
+  json.key("written").value(utc_text(facts::written_at()));
+  json.break_line();
+  json.key("verdict").value(facts::verdict());
+  json.break_line();
+  json.key("doubts").array(facts::doubts());
+  json.break_line();
+  json.key("fail_threshold").value(data.fail_threshold);
+  json.break_line();
+  write_inputs(json);
+  json.break_line();
+  write_nodes(json);
+}
+
+void write_comparison(JsonWriter& json) {
+  json.break_line();
+  json.key("since").null();
+  json.break_line();
+  json.key("acknowledged").array(std::vector<std::string>());
+}
+
+}  // namespace vond_json

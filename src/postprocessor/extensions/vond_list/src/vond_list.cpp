@@ -1,0 +1,63 @@
+#include <string>
+#include <string_view>
+
+#include "vond/extension/issue_order.h"
+#include "vond/extension/node_summaries.h"
+#include "vond/extension/statement.h"
+#include "vond/extension/text.h"
+#include "vond/extension/words.h"
+#include "vond/host_api.h"
+#include "vond/postprocessor/postprocessor_extension.h"
+#include "vond/postprocessor/string_interface.h"
+#include "vond/vocabulary/severity_bands.h"
+
+namespace vond_list {
+
+using vond::extension::as_field;
+using vond::extension::Issue;
+using vond::extension::StatementWriter;
+using vond::postprocessor::TypeCode;
+using vond::vocabulary::SEVERITY_BANDS;
+using vond::vocabulary::SeverityBand;
+
+/// A line an issue, in the order of the report: band, type, id, number of nodes, nodes, message,
+/// with tabs between. Neither wrapped nor cut, so that programs can read it.
+class List : public vond::postprocessor::PostprocessorExtension {
+ public:
+  explicit List(vond::postprocessor::PostprocessorExtensionData& engine_data)
+      : PostprocessorExtension(engine_data) {
+    data = engine_data;
+  }
+
+  int run() override {
+    StatementWriter output;
+    vond::extension::for_each_issue(
+        data, SEVERITY_BANDS,
+        [&](const Issue& issue, const SeverityBand& band, TypeCode type, bool /*fails*/) {
+          write_line(output, *issue, std::get<3>(band), vond::extension::type_word(type));
+        });
+    output.finish();
+    return 0;
+  }
+
+ private:
+  void write_line(StatementWriter& output,
+                  const vond::postprocessor::CollapsedAnalysisOutput& issue, std::string_view band,
+                  std::string_view type) {
+    const std::string message = issue.outputs.empty() ? "" : issue.outputs[0]->message;
+    output << band << "\t" << type << "\t" << as_field(issue.get_id()) << "\t"
+           << std::to_string(vond::extension::count_distinct_nodes(issue)) << "\t"
+           << as_field(vond::extension::folded_nodes(issue, host_)) << "\t"
+           << as_field(host_.remove_endl(message)) << "\n";
+  }
+
+  vond::postprocessor::StringInterface host_;
+};
+
+}  // namespace vond_list
+
+/// The library's one symbol. The caller owns the new extension.
+extern "C" VOND_HOST_API vond::postprocessor::PostprocessorExtension* create(
+    vond::postprocessor::PostprocessorExtensionData& data) {
+  return new vond_list::List(data);
+}
