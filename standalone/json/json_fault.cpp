@@ -22,12 +22,8 @@ constexpr std::size_t UNICODE_ESCAPE_LENGTH = 6;
 
 bool is_one_of(std::string_view set, char byte) { return set.find(byte) != std::string_view::npos; }
 
-bool is_letter(char byte) {
-  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
-}
-
 bool belongs_to_word(char byte) {
-  return is_digit(byte) || is_letter(byte) || is_one_of("+-.", byte);
+  return is_digit(byte) || is_ascii_letter(byte) || is_one_of("_+-.", byte);
 }
 
 /// Returns `value` in at least `digits` hexadecimal digits.

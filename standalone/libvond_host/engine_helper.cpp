@@ -4,6 +4,7 @@
 #include "standalone/libvond_host/current_facts.h"
 
 namespace vond::util {
+
 std::string EngineHelper::format_header() {
   return standalone::format_header(standalone::report_facts());
 }

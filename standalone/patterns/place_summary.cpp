@@ -64,11 +64,26 @@ void sort_naturally(std::vector<PlaceValue>& values, std::size_t needed) {
                     });
 }
 
-std::vector<std::uint32_t> each_once(std::span<const std::uint32_t> nodes) {
-  std::vector<std::uint32_t> distinct(nodes.begin(), nodes.end());
-  std::sort(distinct.begin(), distinct.end());
-  distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+/// Returns the nodes, each once, when these are few enough to be named; else nothing. Most values
+/// are on many nodes, of which it looks at the first few.
+std::vector<std::uint32_t> few_nodes(std::span<const std::uint32_t> nodes) {
+  std::vector<std::uint32_t> distinct;
+  for (const std::uint32_t node : nodes) {
+    if (std::find(distinct.begin(), distinct.end(), node) != distinct.end()) {
+      continue;
+    }
+    if (distinct.size() == MOST_NAMED_NODES) {
+      return {};
+    }
+    distinct.push_back(node);
+  }
   return distinct;
+}
+
+std::size_t count_distinct(std::span<const std::uint32_t> nodes) {
+  std::vector<std::uint32_t> sorted(nodes.begin(), nodes.end());
+  std::sort(sorted.begin(), sorted.end());
+  return static_cast<std::size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
 }
 
 /// Writes what a place becomes.
@@ -83,9 +98,9 @@ class PlaceWriter {
     for (std::size_t i = 0; i < values.size(); ++i) {
       text += i == 0 ? "" : i + 1 == values.size() ? " or " : ", ";
       text += values[i].text;
-      const auto nodes = each_once(values[i].nodes);
-      if (has_several_nodes_ && !nodes.empty() && nodes.size() <= MOST_NAMED_NODES) {
-        text += " [" + names_of(nodes) + "]";
+      if (has_several_nodes_) {
+        const auto nodes = few_nodes(values[i].nodes);
+        text += nodes.empty() ? "" : " [" + names_of(nodes) + "]";
       }
     }
     return text;
@@ -115,22 +130,28 @@ class PlaceWriter {
   }
 
  private:
+  /// `cn001,cn002`: a folded set would be brackets in brackets, `[cn[001-002]]`.
   std::string names_of(const std::vector<std::uint32_t>& nodes) const {
     std::vector<std::string> names;
     names.reserve(nodes.size());
     for (const std::uint32_t node : nodes) {
       names.emplace_back(node_names_(node));
     }
-    return fold_node_names({names});
+    std::sort(names.begin(), names.end(), stands_naturally_before);
+    std::string text;
+    for (const std::string& name : names) {
+      text.append(text.empty() ? "" : ",").append(fold_node_names({{name}}));
+    }
+    return text;
   }
 
   std::string on_nodes(const PlaceValue& value) const {
-    const auto nodes = each_once(value.nodes);
-    if (nodes.empty()) {
+    if (value.nodes.empty()) {
       return "";
     }
-    return " on " + (nodes.size() <= MOST_NAMED_NODES ? names_of(nodes)
-                                                      : std::to_string(nodes.size()) + " nodes");
+    const auto nodes = few_nodes(value.nodes);
+    return " on " + (nodes.empty() ? std::to_string(count_distinct(value.nodes)) + " nodes"
+                                   : names_of(nodes));
   }
 
   const NodeNames& node_names_;

@@ -1,7 +1,6 @@
 #include "standalone/patterns/value_kind.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 
 #include "standalone/patterns/date_words.h"
@@ -19,9 +18,7 @@ bool has_digit(std::string_view text) { return std::any_of(text.begin(), text.en
 
 /// Whether a `+` or `-` behind this character is no sign but part of a word.
 bool joins_words(char before) {
-  const auto byte = static_cast<unsigned char>(before);
-  const bool is_letter = (byte | 0x20U) >= 'a' && (byte | 0x20U) <= 'z';
-  return byte >= 0x80 || is_letter ||
+  return !is_ascii(before) || is_ascii_letter(before) ||
          std::string_view("_-+.").find(before) != std::string_view::npos;
 }
 

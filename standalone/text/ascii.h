@@ -10,6 +10,10 @@ constexpr bool is_ascii(char byte) { return static_cast<unsigned char>(byte) < 0
 
 constexpr bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
+constexpr bool is_ascii_letter(char byte) {
+  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+
 constexpr bool is_ascii_control(char byte) {
   return static_cast<unsigned char>(byte) < ' ' || byte == '\x7F';
 }

@@ -5,7 +5,7 @@
 
 namespace vond::standalone {
 
-/// From this age in seconds on, what an input tells may no longer be so.
+/// What an input of more than this age in seconds tells may no longer be so.
 inline constexpr std::int64_t OLD_AGE = std::int64_t{24} * 60 * 60;
 
 /// Returns an age in seconds as people say it, in its largest whole unit: "2 minutes old", or "3

@@ -32,6 +32,11 @@ bool is_explained(const Issue& observation) {
   return !related(observation, Type::DIAGNOSIS).empty();
 }
 
+std::ptrdiff_t count_explained(const SeverityBand& band) {
+  return std::count_if(band.observations->begin(), band.observations->end(),
+                       [](const auto& issue) { return is_explained(*issue); });
+}
+
 std::string_view id_of(const Issue& issue) {
   return issue.outputs.empty() ? std::string_view() : issue.outputs.front()->identifier;
 }
@@ -167,8 +172,14 @@ BandLines choose_lines(const SeverityBand& band) {
   std::vector<std::string> rest;
   append_count(append_lines(diagnoses, diagnoses_shown, Kind::DIAGNOSIS, chosen.lines), "diagnosis",
                "diagnoses", rest);
-  append_count(append_lines(observations, observations_shown, Kind::OBSERVATION, chosen.lines),
-               "observation that nothing explains", "observations that nothing explains", rest);
+  const std::size_t others =
+      append_lines(observations, observations_shown, Kind::OBSERVATION, chosen.lines);
+  if (count_explained(band) != 0) {
+    append_count(others, "observation that nothing explains", "observations that nothing explains",
+                 rest);
+  } else {
+    append_count(others, "observation", "observations", rest);
+  }
   append_count(append_lines(checks, checks_shown, Kind::CHECK_WITHOUT_DATA, chosen.lines),
                "without data", "without data", rest);
   chosen.rest = join_with(rest, ", ");
@@ -179,9 +190,7 @@ std::string count_issues(const SeverityBand& band) {
   std::vector<std::string> counts;
   append_count(band.diagnoses->size(), "diagnosis", "diagnoses", counts);
   append_count(band.observations->size(), "observation", "observations", counts);
-  const auto explained = std::count_if(band.observations->begin(), band.observations->end(),
-                                       [](const auto& issue) { return is_explained(*issue); });
-  if (explained != 0) {
+  if (const auto explained = count_explained(band); explained != 0) {
     counts.back() += " (" + std::to_string(explained) + " explained)";
   }
   append_count(band.checks_without_data->size(), "without data", "without data", counts);

@@ -1,12 +1,10 @@
 #include "standalone/libvond_host/blocks/header.h"
 
 #include <ctime>
-#include <vector>
 
 #include "standalone/facts/counts.h"
 #include "standalone/facts/verdict.h"
-#include "standalone/libvond_host/blocks/ages.h"
-#include "standalone/libvond_host/blocks/limited_text.h"
+#include "standalone/libvond_host/blocks/input_list.h"
 #include "standalone/text/text_wrapping.h"
 
 namespace vond::standalone {
@@ -20,14 +18,6 @@ std::string format_time(std::time_t time) {
   char text[64];
   const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &utc);
   return {text, length};
-}
-
-std::vector<std::string> format_inputs(const ReportFacts& facts) {
-  std::vector<std::string> inputs;
-  for (const ReportFacts::Input& input : facts.inputs) {
-    inputs.push_back(input.age ? input.name + ", " + format_age(*input.age) : input.name);
-  }
-  return inputs;
 }
 
 std::string format_nodes(const ReportFacts& facts) {
@@ -59,7 +49,7 @@ std::string format_header(const ReportFacts& facts) {
   const int width = facts.line_width;
   return "Cluster health report: " + verdict_word(verdict_of(facts)) + "\n" +
          format_line(layout_of("Written", width), format_time(facts.written_at)) +
-         limited_list(layout_of("Input", width), format_inputs(facts), "; ") + "\n" +
+         limited_input_list(layout_of("Input", width), facts.inputs) + "\n" +
          format_line(layout_of("Nodes", width), format_nodes(facts));
 }
 

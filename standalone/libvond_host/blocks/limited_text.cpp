@@ -104,8 +104,8 @@ std::string cut_text(std::string_view text, std::size_t columns) {
   return std::string(text.substr(0, size)).append(ELLIPSIS);
 }
 
-std::string limited_list(const ListLayout& layout, std::size_t count,
-                         const FirstItems& first_items) {
+std::string limited_list(const ListLayout& layout, std::size_t count, const FirstItems& first_items,
+                         const CutItem& cut_first_item) {
   const LineLimit limit(layout);
   const std::string all = first_items(count);
   if (limit.fits(all)) {
@@ -119,20 +119,28 @@ std::string limited_list(const ListLayout& layout, std::size_t count,
   if (shown != 0) {
     return limit.with_lead(cut_behind(shown));
   }
-  const std::string first = count == 1 ? all : first_items(1);
   const auto cut_within = [&](std::size_t columns) {
-    return cut_text(first, columns) + count_of_others(count - 1);
+    return cut_first_item(columns) + count_of_others(count - 1);
   };
   const std::size_t columns = largest_good(
       limit.most_columns(), [&](std::size_t number) { return limit.fits(cut_within(number)); });
   return limit.with_lead(cut_within(columns));
 }
 
-std::string limited_list(const ListLayout& layout, const std::vector<std::string>& items,
-                         std::string_view separator) {
+std::string limited_list(const ListLayout& layout, std::size_t count,
+                         const FirstItems& first_items) {
+  std::string first;
+  return limited_list(layout, count, first_items, [&](std::size_t columns) {
+    if (first.empty()) {
+      first = first_items(1);
+    }
+    return cut_text(first, columns);
+  });
+}
+
+std::string limited_list(const ListLayout& layout, const std::vector<std::string>& items) {
   return limited_list(layout, items.size(), [&](std::size_t count) {
-    return join_with({items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count)},
-                     separator);
+    return join_with({items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count)}, ", ");
   });
 }
 

@@ -8,6 +8,7 @@
 #include "standalone/facts/counts.h"
 #include "standalone/libvond_host/blocks/ages.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
+#include "standalone/libvond_host/blocks/input_list.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/severity_bands.h"
 #include "standalone/text/messages.h"
@@ -81,15 +82,15 @@ class ValidationWriter {
   }
 
   void write_ages() const {
-    std::vector<std::string> old;
-    std::vector<std::string> future;
+    std::vector<ReportFacts::Input> old;
+    std::vector<ReportFacts::Input> future;
     for (const ReportFacts::Input& input : facts_.inputs) {
       if (input.age && (*input.age > OLD_AGE || *input.age < 0)) {
-        (*input.age < 0 ? future : old).push_back(input.name + ", " + format_age(*input.age));
+        (*input.age < 0 ? future : old).push_back(input);
       }
     }
-    write_list(old, {"input is older than a day", "inputs are older than a day"}, "; ");
-    write_list(future, {"input is from the future", "inputs are from the future"}, "; ");
+    write_inputs(old, {"input is older than a day", "inputs are older than a day"});
+    write_inputs(future, {"input is from the future", "inputs are from the future"});
   }
 
   void write_examination() const {
@@ -168,11 +169,17 @@ class ValidationWriter {
     write_unwrapped_line(OutputLog::YELLOW, limited_list(layout("  "), {text}));
   }
 
-  void write_list(const std::vector<std::string>& items, const Noun& noun,
-                  std::string_view separator = ", ") const {
+  void write_list(const std::vector<std::string>& items, const Noun& noun) const {
     if (!items.empty()) {
       const std::string lead = "  " + count_of(items.size(), noun.singular, noun.plural) + ": ";
-      write_unwrapped_line(OutputLog::YELLOW, limited_list(layout(lead), items, separator));
+      write_unwrapped_line(OutputLog::YELLOW, limited_list(layout(lead), items));
+    }
+  }
+
+  void write_inputs(const std::vector<ReportFacts::Input>& inputs, const Noun& noun) const {
+    if (!inputs.empty()) {
+      const std::string lead = "  " + count_of(inputs.size(), noun.singular, noun.plural) + ": ";
+      write_unwrapped_line(OutputLog::YELLOW, limited_input_list(layout(lead), inputs));
     }
   }
 

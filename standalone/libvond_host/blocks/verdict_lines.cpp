@@ -94,7 +94,10 @@ const SeverityBand* worst_failing_band(const std::vector<SeverityBand>& bands) {
 
 void write_verdict(const ReportFacts& facts, const std::vector<SeverityBand>& bands, int width) {
   const std::vector<FailingBand> failing = failing_bands(bands);
-  write_line(color_of(verdict_of(facts)), "  Verdict: " + format_verdict(facts, failing), width);
+  const std::string lead = "  Verdict: ";
+  // Reasons go on behind the label: right above the nodes they would seem to be about these.
+  write_line(color_of(verdict_of(facts)), lead + format_verdict(facts, failing), width,
+             std::string(lead.size(), ' '));
   if (!failing.empty() && !failing.front().nodes.empty()) {
     const std::vector<std::string> nodes = sorted_names(failing.front().nodes);
     write_unwrapped_line(OutputLog::NONE,

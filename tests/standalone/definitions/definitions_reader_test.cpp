@@ -15,7 +15,7 @@ using vond::standalone::DefinitionSpec;
 using vond::standalone::InputError;
 using vond::standalone::MAX_DEFINITION_DEPTH;
 using vond::standalone::read_definitions;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 /// Returns `a~(b c|d)`: a definition that is skipped with two groups of children.
 std::string picture(const DefinitionSpec& definition);

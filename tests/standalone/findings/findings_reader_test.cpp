@@ -22,7 +22,7 @@ using vond::standalone::FindingsReader;
 using vond::standalone::FindingsSink;
 using vond::standalone::InputError;
 using vond::standalone::ReadingOptions;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 using Texts = std::vector<std::string>;
 
 std::string joined(const std::vector<std::string_view>& texts) {

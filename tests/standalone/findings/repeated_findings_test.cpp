@@ -17,7 +17,7 @@ using vond::standalone::Finding;
 using vond::standalone::FindingsReader;
 using vond::standalone::FindingsSink;
 using vond::standalone::InputError;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 using Texts = std::vector<std::string>;
 
 std::string text_of(const Finding& finding) {

@@ -12,7 +12,7 @@ namespace {
 using vond::standalone::FileText;
 using vond::standalone::InputError;
 using vond::standalone::LineAndColumn;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 const std::string BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 

@@ -14,7 +14,7 @@ namespace {
 
 using vond::standalone::InputError;
 using vond::standalone::InputFile;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 std::string error_of_opening(const std::string& path) {
   try {

@@ -11,7 +11,7 @@ namespace {
 
 using vond::standalone::InputFile;
 using vond::standalone::LineReader;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 /// Returns "NUMBER:COLUMN:TEXT" of each line, "NUMBER:too long" of long ones.
 std::vector<std::string> lines_of(const std::string& content, std::size_t longest_line = 1000) {

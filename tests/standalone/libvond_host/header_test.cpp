@@ -56,6 +56,24 @@ TEST_F(Header, CountsTheInputsThatDoNotFit) {
             "  Nodes:    0 seen; which were examined is not known\n");
 }
 
+TEST_F(Header, CutsALongNameAndNotTheAgeBehindIt) {
+  const std::string name = "/var/lib/monitoring/clusters/production/2026-01-02/findings.jsonl";
+  facts.inputs = {{name, 3 * 86400, false}};
+  set_width(40);
+  EXPECT_NE(header().find("  Input:    /var/lib/monitoring/\n"
+                          "            clusters/prod..., 3 days old\n"),
+            std::string::npos)
+      << header();
+  for (const std::size_t inputs : {1U, 2U, 1000U}) {
+    facts.inputs.resize(inputs, {"b", -400 * 86400, false});
+    for (const int width : {0, 40, 41, 60, 80}) {
+      facts.inputs[0].name = std::string(400, 'n');
+      set_width(width);
+      EXPECT_NE(header().find("..., 3 days old"), std::string::npos) << header();
+    }
+  }
+}
+
 TEST_F(Header, TellsHowManyNodesWereExaminedAndExpected) {
   facts.nodes_seen = 1;
   facts.examination = {120, {}};

@@ -85,6 +85,17 @@ TEST_F(Summary, ShowsBesideTheVerdictWhatPutsItInDoubt) {
       "of input were left out");
 }
 
+TEST_F(Summary, GoesOnWithReasonsBehindTheVerdictsLabelSoThatTheyDoNotRunIntoTheNodes) {
+  set_width(60);
+  facts.expectation = {2, {"a"}, {}, {}};
+  add_failing_issue({.id = "id", .nodes = {"n1"}});
+  EXPECT_NE(summary().find("  Verdict: FAIL, 1 node with CRITICAL issues, 1 of 2\n"
+                           "           expected nodes is silent\n"
+                           "    n1\n"),
+            std::string::npos)
+      << summary();
+}
+
 TEST_F(Summary, ShowsBesideAPassWhatItRestsOn) {
   facts.examination = {66, {}};
   EXPECT_EQ(verdict(), "  Verdict: PASS, 66 nodes were examined");
@@ -133,9 +144,17 @@ TEST_F(Summary, KeepsALineForEveryKindAndTheLastForTheRest) {
             "      0  a2\n"
             "      0  b1\n"
             "      0  c1  no data\n"
-            "         and 2 diagnoses, 3 observations that nothing explains, 3 without data\n"
+            "         and 2 diagnoses, 3 observations, 3 without data\n"
             "  WARNING: none\n"
             "  INFORMATIONAL: none\n");
+}
+
+TEST_F(Summary, SaysThatNothingExplainsTheRestWhereSomethingIsExplained) {
+  add_issues(data, 25, "o", 7);
+  EXPECT_NE(bands().find("         and 3 observations\n"), std::string::npos) << bands();
+  explain(add_failing_issue({.id = "d"}), add_failing_issue({.id = "p"}, 25));
+  EXPECT_NE(bands().find("         and 4 observations that nothing explains\n"), std::string::npos)
+      << bands();
 }
 
 TEST_F(Summary, GivesLinesThatOneKindDoesNotNeedToTheNext) {

@@ -86,8 +86,17 @@ TEST(PlaceSummary, TellsUpToEightValues) {
 TEST(PlaceSummary, TellsTheNodesOfARareValueAmongSeveralNodes) {
   Place place;
   place.add("13", {1, 2, 3, 4}).add("31", {7, 6, 5, 6}).add("48", {9}).add("79", {});
-  EXPECT_EQ(place.summary(true), "13, 31 [cn[5-7]], 48 [cn9] or 79");
+  EXPECT_EQ(place.summary(true), "13, 31 [cn5,cn6,cn7], 48 [cn9] or 79");
   EXPECT_EQ(place.summary(false), "13, 31, 48 or 79");
+}
+
+TEST(PlaceSummary, NamesNodesInNaturalOrderWithoutBracketsInsideItsOwn) {
+  const std::vector<std::string> names = {"2414", "973", "rack 7", "cn10", "cn9"};
+  const auto name_of = [&names](std::uint32_t node) { return std::string_view(names[node]); };
+  const std::vector<std::uint32_t> numbers = {0, 1};
+  const std::vector<std::uint32_t> others = {2, 3, 4};
+  EXPECT_EQ(summarize_place({{"a1", 1, numbers}, {"a2", 1, others}}, name_of, true),
+            "a1 [973,2414] or a2 [cn9,cn10,'rack 7']");
 }
 
 TEST(PlaceSummary, SortsFewValuesByNumberTimeOrNaturally) {
@@ -130,7 +139,7 @@ TEST(PlaceSummary, TellsTheNodesOfWhatStandsOutByNameUpToThree) {
   const auto with = [](const std::vector<std::uint32_t>& nodes) {
     return Place().add_range(81, 89).add("131", nodes).summary();
   };
-  EXPECT_EQ(with({3, 1, 2, 1}), "81 to 131 [median 85; 131 on cn[1-3]]");
+  EXPECT_EQ(with({3, 1, 2, 1}), "81 to 131 [median 85; 131 on cn1,cn2,cn3]");
   EXPECT_EQ(with({3, 1, 2, 4}), "81 to 131 [median 85; 131 on 4 nodes]");
 }
 

@@ -22,7 +22,7 @@ using vond::standalone::RecordOptions;
 using vond::standalone::ReportRecord;
 using vond::standalone::RunInput;
 using vond::standalone::RunSources;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 using Names = std::vector<std::string>;
 

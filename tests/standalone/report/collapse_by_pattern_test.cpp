@@ -97,7 +97,7 @@ TEST(CollapseByPattern, NumbersAndTheOwnNodeKeepNothingApart) {
   EXPECT_EQ(collapse({{.message = "Fan 2 of cn001 at 4510 rpm.", .nodes = {"cn001"}},
                       {.message = "Fan 2 of cn002 at 4480 rpm.", .nodes = {"cn002"}},
                       {.message = "Fan 3 of cn009 at 310 rpm.", .nodes = {"cn009"}}}),
-            Strings{"50|Fan 2 [cn[001-002]] or 3 [cn009] of NODE at 310 [cn009], 4480 [cn002] or "
+            Strings{"50|Fan 2 [cn001,cn002] or 3 [cn009] of NODE at 310 [cn009], 4480 [cn002] or "
                     "4510 [cn001] rpm.||cn001 cn002 cn009"});
 }
 

@@ -21,7 +21,7 @@ using vond::standalone::RecordOptions;
 using vond::standalone::ReportFacts;
 using vond::standalone::ReportRecord;
 using vond::standalone::RunSources;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 using Names = std::vector<std::string>;
 

@@ -13,7 +13,7 @@ namespace {
 using vond::standalone::InputError;
 using vond::standalone::MAX_NODE_SET_SIZE;
 using vond::standalone::read_node_list;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 using Names = std::vector<std::string>;
 

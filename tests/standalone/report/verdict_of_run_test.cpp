@@ -23,7 +23,7 @@ using vond::standalone::RunSources;
 using vond::standalone::Verdict;
 using vond::standalone::verdict_doubts;
 using vond::standalone::verdict_of;
-using vond::tests::TestFile;
+using vond::test::TestFile;
 
 constexpr int FAIL_THRESHOLD = 75;
 

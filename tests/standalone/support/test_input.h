@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace vond::tests {
+namespace vond::test {
 
 /// A file in the tests' temporary folder that goes with the object.
 class TestFile {
@@ -40,4 +40,4 @@ class TestFile {
   std::string path_;
 };
 
-}  // namespace vond::tests
+}  // namespace vond::test
