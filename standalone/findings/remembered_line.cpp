@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -38,6 +39,29 @@ constexpr std::array<bool, 256> name_letters() {
 }
 
 constexpr std::array<bool, 256> NAME_LETTERS = name_letters();
+
+/// Whether `line` begins with `text`. Most texts between gaps are too short for the way to
+/// memcmp().
+bool begins_with(std::string_view line, std::string_view text) {
+  constexpr std::size_t BLOCK = sizeof(std::uint64_t);
+  constexpr std::size_t FEW_BLOCKS = 8 * BLOCK;
+  if (text.size() < BLOCK || text.size() > FEW_BLOCKS || line.size() < text.size()) {
+    return line.starts_with(text);
+  }
+  const auto is_same_block = [&](std::size_t at) {
+    std::uint64_t left = 0;
+    std::uint64_t right = 0;
+    std::memcpy(&left, line.data() + at, BLOCK);
+    std::memcpy(&right, text.data() + at, BLOCK);
+    return left == right;
+  };
+  for (std::size_t at = 0; at + BLOCK <= text.size(); at += BLOCK) {
+    if (!is_same_block(at)) {
+      return false;
+    }
+  }
+  return is_same_block(text.size() - BLOCK);
+}
 
 /// Takes the name of a node from the front of `text`; empty when there is none.
 std::string_view take_node(std::string_view& text) {
@@ -92,7 +116,7 @@ const Finding* RememberedLine::read(std::string_view line) {
   values_read_ = 0;
   has_remembered_values_ = !has_names_;
   for (Piece& piece : pieces_) {
-    if (!line.starts_with(piece.text)) {
+    if (!begins_with(line, piece.text)) {
       return nullptr;
     }
     piece.place = line.data();
@@ -134,7 +158,7 @@ bool RememberedLine::fill_node(std::string_view& line) {
     return false;
   }
   finding_.nodes[0] = node;
-  if (!has_names_) {
+  if (!has_text_gaps_) {
     return true;
   }
   const std::string_view short_name = text_marks::short_form(node);
@@ -188,13 +212,14 @@ bool RememberedLine::fill_name(std::string_view& name, const Piece& piece, std::
 bool RememberedLine::is_named_in_gaps_only(std::string_view line) const {
   using namespace word_bytes;
   const std::string_view node = finding_.nodes[0];
-  const std::string_view begin = text_marks::short_form(node);
+  const std::string_view begin = short_name_;
   const unsigned classes = classes_in(node);
   if ((classes & LETTER) == 0) {
     return !has_names_;
   }
   constexpr unsigned NEEDED = LETTER | DIGIT;
-  if ((classes & SEPARATOR) != 0 || (classes_in(begin) & NEEDED) != NEEDED ||
+  const unsigned of_begin = begin.size() == node.size() ? classes : classes_in(begin);
+  if ((classes & SEPARATOR) != 0 || (of_begin & NEEDED) != NEEDED ||
       is_in(AT_NO_END, begin.front()) || is_in(AT_NO_END, begin.back())) {
     return false;
   }
@@ -207,7 +232,7 @@ bool RememberedLine::is_named_in_gaps_only(std::string_view line) const {
     return piece.gap.kind == Kind::SHORT_NAME && line.substr(gap).starts_with(node);
   };
   return std::none_of(finding_.values.begin(), finding_.values.end(), holds_name) &&
-         (!has_names_ || std::none_of(pieces_.begin(), pieces_.end(), is_full));
+         (!has_short_names_ || std::none_of(pieces_.begin(), pieces_.end(), is_full));
 }
 
 void RememberedLine::read_open_texts() {
@@ -249,6 +274,7 @@ void RememberedLine::keep_written_names(const std::vector<LineGap>& text_gaps) {
     }
   }
   has_names_ = !written_names_.empty();
+  has_short_names_ = written_names_.find(text_marks::SHORT_NAME) != std::string::npos;
   finding_.values.assign(text_gaps.size() - written_names_.size(), {});
   if (has_names_) {
     finding_.values.emplace_back(written_names_);

@@ -81,6 +81,7 @@ class RememberedLine {
   std::vector<Piece> pieces_;
   bool has_text_gaps_ = false;
   bool has_names_ = false;
+  bool has_short_names_ = false;
   /// How the node's names are written, as the last value of a pattern.
   std::string written_names_;
   std::vector<OpenText> open_texts_;

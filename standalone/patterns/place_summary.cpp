@@ -6,12 +6,15 @@
 #include <utility>
 
 #include "standalone/nodes/node_folding.h"
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/natural_order.h"
 #include "standalone/patterns/standing_out.h"
 #include "standalone/patterns/value_kind.h"
 
 namespace vond::standalone {
 namespace {
+
+using Numbers = std::vector<std::uint32_t>;
 
 constexpr std::size_t MOST_SHOWN = 8;
 constexpr std::size_t FIRST_OF_MANY = 2;
@@ -64,10 +67,25 @@ void sort_naturally(std::vector<PlaceValue>& values, std::size_t needed) {
                     });
 }
 
-std::vector<std::uint32_t> each_once(std::span<const std::uint32_t> nodes) {
-  std::vector<std::uint32_t> distinct(nodes.begin(), nodes.end());
+Numbers each_once(std::span<const std::uint32_t> nodes) {
+  Numbers distinct(nodes.begin(), nodes.end());
+  sort_unique(distinct);
+  return distinct;
+}
+
+/// Returns the distinct nodes if they are few enough to be named, else nothing.
+Numbers named_ones_of(std::span<const std::uint32_t> nodes) {
+  Numbers distinct;
+  for (const std::uint32_t node : nodes) {
+    if (std::find(distinct.begin(), distinct.end(), node) != distinct.end()) {
+      continue;
+    }
+    if (distinct.size() == MOST_NAMED_NODES) {
+      return {};
+    }
+    distinct.push_back(node);
+  }
   std::sort(distinct.begin(), distinct.end());
-  distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
   return distinct;
 }
 
@@ -83,8 +101,8 @@ class PlaceWriter {
     for (std::size_t i = 0; i < values.size(); ++i) {
       text += i == 0 ? "" : i + 1 == values.size() ? " or " : ", ";
       text += values[i].text;
-      const auto nodes = each_once(values[i].nodes);
-      if (has_several_nodes_ && !nodes.empty() && nodes.size() <= MOST_NAMED_NODES) {
+      const auto nodes = has_several_nodes_ ? named_ones_of(values[i].nodes) : Numbers();
+      if (!nodes.empty()) {
         text += " [" + names_of(nodes) + "]";
       }
     }
@@ -115,7 +133,7 @@ class PlaceWriter {
   }
 
  private:
-  std::string names_of(const std::vector<std::uint32_t>& nodes) const {
+  std::string names_of(const Numbers& nodes) const {
     std::vector<std::string> names;
     names.reserve(nodes.size());
     for (const std::uint32_t node : nodes) {

@@ -138,8 +138,7 @@ std::vector<CollapsedIssue> FindingsByPattern::take_joined(const NodeNames& node
     CollapsedIssue issue{
         type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0};
     issue.outputs.push_back({severity, {{}, {}, std::move(texts.category)}, {}, {}, 0});
-    std::string().swap(texts.message);
-    issue.findings.emplace(std::move(findings), values_, node_names);
+    issue.findings.emplace(std::move(texts.message), std::move(findings), values_, node_names);
     joined.add(std::move(issue));
   }
   return joined.take();
