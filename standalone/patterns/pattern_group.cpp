@@ -114,7 +114,9 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));
     findings_data_.push_back(static_cast<std::uint32_t>(row_ids.size()));
   }
-  findings_data_.insert(findings_data_.end(), nodes.begin(), nodes.end());
+  for (const std::uint32_t node : nodes) {
+    findings_data_.push_back(node);
+  }
   for (const int row_id : row_ids) {
     findings_data_.push_back(static_cast<std::uint32_t>(row_id));
   }

@@ -29,14 +29,15 @@ inline std::size_t hash_of_text(std::string_view text) {
   if (at < text.size() && text.size() >= BLOCK) {
     // Some of these bytes for the second time: that costs less than to take the rest one by one.
     mix(block_at(text.size() - BLOCK));
-    at = text.size();
+  } else if (at < text.size()) {
+    std::uint64_t rest = 0;
+    for (; at < text.size(); ++at) {
+      rest = rest << 8U | static_cast<unsigned char>(text[at]);
+    }
+    mix(rest);
   }
-  std::uint64_t rest = 0;
-  for (; at < text.size(); ++at) {
-    rest = rest << 8U | static_cast<unsigned char>(text[at]);
-  }
-  // Once more, because the last bytes of a block have not reached the lowest bits yet.
-  mix(rest);
+  // The last bytes of a block have not reached the lowest bits yet.
+  mix(0);
   return hash;
 }
 
