@@ -68,9 +68,9 @@ std::vector<LineGap> find_text_gaps(const Finding& finding, std::string_view lin
   }
   TextPattern pattern;
   pattern.read(finding.nodes[0], {texts[0], texts[1]});
-  const std::size_t behind_values = names_own_node(pattern.pattern()) ? 1 : 0;
-  if (std::any_of(pattern.values().begin(), pattern.values().end() - behind_values,
-                  text_marks::holds_marks)) {
+  const std::size_t names = names_own_node(pattern.pattern()) ? 1 : 0;
+  const auto values = pattern.values().first(pattern.values().size() - names);
+  if (std::any_of(values.begin(), values.end(), text_marks::holds_marks)) {
     return {};
   }
   return GapFinder(texts, pattern).find(finding.nodes[0]);

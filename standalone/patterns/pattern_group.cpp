@@ -22,8 +22,7 @@ std::size_t hash_values(std::span<const ValueTable::Id> values) {
 }  // namespace
 
 PatternGroup::PatternGroup(std::string_view pattern)
-    : width_(count_values(pattern)),
-      places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
+    : width_(count_values(pattern)), places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
 
 PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values,
                                            const ValueTable& table) {

@@ -188,9 +188,9 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
       const std::uint32_t node = has_name ? finding.nodes[0] : NO_NODE;
       OriginalTexts*& original = known[{finding.entry, node}];
       if (original == nullptr) {
-        original = &originals[original_texts(part.pattern,
-                                             values_of(part.group, finding.entry, *table_),
-                                             has_name ? node_names(node) : std::string_view())];
+        original =
+            &originals[original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
+                                      has_name ? node_names(node) : std::string_view())];
       }
       append(original->nodes, finding.nodes);
       append(original->row_ids, finding.row_ids);
