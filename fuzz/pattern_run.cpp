@@ -18,7 +18,7 @@ PatternRun::PatternRun(const std::vector<PatternFinding>& findings)
   }
   for (auto& [pattern, group] : groups_) {
     group.settle();
-    PatternIssue issue(std::move(group), table_, names_);
+    PatternIssue issue(pattern, std::move(group), table_, names_);
     const std::string key = issue.key();
     const auto [place, is_new] = issues_.try_emplace(key, std::move(issue));
     if (!is_new) {

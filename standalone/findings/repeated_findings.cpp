@@ -1,5 +1,6 @@
 #include "standalone/findings/repeated_findings.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -11,6 +12,7 @@ namespace {
 constexpr std::size_t SLOTS = 8192;
 /// Long enough to hold the id, short enough to end before the node.
 constexpr std::size_t BEGINNING = 48;
+constexpr unsigned MOST_PATIENCE = 256;
 
 /// Returns a hash of how `line`, at least BEGINNING bytes, begins.
 std::uint64_t hash_of_beginning(std::string_view line) {
@@ -34,8 +36,12 @@ const Finding* RepeatedFindings::find(std::string_view line) {
   if (line.size() < BEGINNING) {
     return nullptr;
   }
-  const Slot& slot = slot_of(hash_of_beginning(line));
-  return slot.remembered ? slot.remembered->read(line) : nullptr;
+  Slot& slot = slot_of(hash_of_beginning(line));
+  const Finding* const finding = slot.remembered ? slot.remembered->read(line) : nullptr;
+  if (finding != nullptr) {
+    slot.misses = 0;
+  }
+  return finding;
 }
 
 void RepeatedFindings::learn(std::string_view line, const FindingParser& parser) {
@@ -51,8 +57,13 @@ void RepeatedFindings::learn(std::string_view line, const FindingParser& parser)
   }
   if (!slot.remembered) {
     slot.remembered = std::make_unique<RememberedLine>();
+  } else if (++slot.misses < slot.patience) {
+    return;
+  } else {
+    slot.misses = 0;
+    slot.patience = std::min(2 * slot.patience, MOST_PATIENCE);
   }
-  slot.remembered->remember(line, parser, ++last_wording_number_);
+  slot.remembered->remember(line, parser, ++last_number_);
 }
 
 RepeatedFindings::Slot& RepeatedFindings::slot_of(std::uint64_t beginning) {

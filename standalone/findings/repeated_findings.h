@@ -13,9 +13,9 @@ namespace vond::standalone {
 
 class FindingParser;
 
-/// Recognises a line that equals an earlier one but for its node and its row id: a check says the
-/// same of node after node, and such a line need not be parsed. Remembers a fixed number of lines,
-/// which it finds by how they begin.
+/// Recognises a line that equals an earlier one but for its node, its row id and the values in its
+/// texts: a check says the same of node after node, and such a line need not be parsed. Remembers a
+/// fixed number of lines, which it finds by how they begin.
 class RepeatedFindings {
  public:
   RepeatedFindings();
@@ -35,12 +35,16 @@ class RepeatedFindings {
     /// How the last line began that was parsed.
     std::uint64_t beginning = 0;
     std::unique_ptr<RememberedLine> remembered;
+    /// How many lines in a row were not like the remembered one, and how many it takes for another
+    /// to be remembered: lines that never repeat are not worth many copies.
+    unsigned misses = 0;
+    unsigned patience = 1;
   };
 
   Slot& slot_of(std::uint64_t beginning);
 
   std::vector<Slot> slots_;
-  std::uint64_t last_wording_number_ = Finding::UNKNOWN_WORDING;
+  std::uint64_t last_number_ = Finding::UNKNOWN_WORDING;
 };
 
 }  // namespace vond::standalone

@@ -19,8 +19,15 @@ struct Finding {
   /// Findings of one reader that have the same number, unless it is UNKNOWN_WORDING, have the same
   /// wording. Readers do not know of each other's numbers.
   std::uint64_t wording_number = UNKNOWN_WORDING;
+  /// Findings of one reader that have the same number, unless it is UNKNOWN_PATTERN, have the same
+  /// wording but for the values of message and remedy, whose pattern is the same.
+  std::uint64_t pattern_number = UNKNOWN_PATTERN;
+  /// With a pattern number: the values of the pattern, as TextPattern gives them for message and
+  /// remedy.
+  std::vector<std::string_view> values = {};
 
   static constexpr std::uint64_t UNKNOWN_WORDING = 0;
+  static constexpr std::uint64_t UNKNOWN_PATTERN = 0;
 };
 
 }  // namespace vond::standalone

@@ -22,8 +22,7 @@ class FlatIndex {
     for (std::size_t place = first_place(hash);; place = place_behind(place)) {
       const auto [number, high_half] = places_[place];
       // Most of the others are told apart without a visit to what they stand for.
-      if (number == NONE ||
-          (high_half == high_half_of(hash) && hashes_[number] == hash && has_key(number))) {
+      if (number == NONE || (high_half == high_half_of(hash) && has_key(number))) {
         return number;
       }
     }

@@ -2,11 +2,11 @@
 
 #include <cstddef>
 #include <deque>
-#include <functional>
 #include <string>
 #include <string_view>
 
 #include "standalone/model/flat_index.h"
+#include "standalone/text/text_hash.h"
 
 namespace vond::standalone {
 
@@ -28,12 +28,12 @@ class StringInterner {
   const std::string& operator[](Id id) const { return strings_[id]; }
   std::size_t size() const { return strings_.size(); }
   bool contains(std::string_view text) const {
-    return find(std::hash<std::string_view>()(text), text) != FlatIndex::NONE;
+    return find(hash_of_text(text), text) != FlatIndex::NONE;
   }
 
  private:
   Id find_or_add(std::string_view text) {
-    const std::size_t hash = std::hash<std::string_view>()(text);
+    const std::size_t hash = hash_of_text(text);
     const Id found = find(hash, text);
     if (found != FlatIndex::NONE) {
       return found;

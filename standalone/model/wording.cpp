@@ -1,7 +1,8 @@
 #include "standalone/model/wording.h"
 
 #include <cstdint>
-#include <functional>
+
+#include "standalone/text/text_hash.h"
 
 namespace vond::standalone {
 namespace {
@@ -15,9 +16,7 @@ void mix_into(std::size_t& hash, std::size_t value) {
   hash ^= hash >> 32U;
 }
 
-void mix_into(std::size_t& hash, std::string_view text) {
-  mix_into(hash, std::hash<std::string_view>()(text));
-}
+void mix_into(std::size_t& hash, std::string_view text) { mix_into(hash, hash_of_text(text)); }
 
 void mix_into(std::size_t& hash, const std::vector<std::string_view>& texts) {
   mix_into(hash, texts.size());

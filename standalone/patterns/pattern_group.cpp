@@ -22,9 +22,7 @@ std::size_t hash_values(std::span<const ValueTable::Id> values) {
 }  // namespace
 
 PatternGroup::PatternGroup(std::string_view pattern)
-    : pattern_(pattern),
-      width_(count_values(pattern)),
-      places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
+    : width_(count_values(pattern)), places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
 
 PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values,
                                            const ValueTable& table) {
@@ -115,7 +113,9 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));
     findings_data_.push_back(static_cast<std::uint32_t>(row_ids.size()));
   }
-  findings_data_.insert(findings_data_.end(), nodes.begin(), nodes.end());
+  for (const std::uint32_t node : nodes) {
+    findings_data_.push_back(node);
+  }
   for (const int row_id : row_ids) {
     findings_data_.push_back(static_cast<std::uint32_t>(row_id));
   }

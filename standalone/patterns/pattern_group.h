@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -36,7 +35,6 @@ class PatternGroup {
   /// which then are that node once or more; else they may be any.
   void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids);
 
-  const std::string& pattern() const { return pattern_; }
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
   std::size_t places() const { return places_; }
@@ -85,7 +83,6 @@ class PatternGroup {
   void index_all(std::size_t size);
   void index(Entry entry);
 
-  std::string pattern_;
   /// Of values in an entry.
   std::size_t width_;
   std::size_t places_;

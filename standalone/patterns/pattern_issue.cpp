@@ -7,17 +7,12 @@
 #include <span>
 #include <utility>
 
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/text_marks.h"
 #include "standalone/patterns/text_pattern.h"
 
 namespace vond::standalone {
 namespace {
-
-template <typename Item>
-void sort_unique(std::vector<Item>& items) {
-  std::sort(items.begin(), items.end());
-  items.erase(std::unique(items.begin(), items.end()), items.end());
-}
 
 template <typename Item>
 void append(std::vector<Item>& items, std::span<const Item> more) {
@@ -117,6 +112,9 @@ class Resolver {
       if (group_.has_name()) {
         only_name_.mention(finding.nodes[0]);
       }
+      if (!group_.has_value_with_name()) {
+        return;
+      }
       for (std::size_t place = 0; place < only_nodes_.size(); ++place) {
         if (text_marks::holds_name(table_[group_.value(finding.entry, place)])) {
           only_nodes_[place].mention(finding.nodes[0]);
@@ -142,11 +140,19 @@ class Resolver {
 
 }  // namespace
 
-PatternIssue::PatternIssue(PatternGroup group, const ValueTable& table, const NodeNames& node_names)
+PatternIssue::PatternIssue(std::string pattern, PatternGroup group, const ValueTable& table,
+                           const NodeNames& node_names)
     : table_(&table) {
-  const Resolver resolver(group, table, node_names);
-  const std::string& pattern = group.pattern();
-  std::vector<OpenPlace> open;
+  parts_.push_back({std::move(pattern), std::move(group), {}});
+  if (parts_[0].group.places() > 0 || parts_[0].group.has_name()) {
+    write_key(node_names);
+  }
+}
+
+/// Writes the key of an issue of one part, and finds what differs in it.
+void PatternIssue::write_key(const NodeNames& node_names) {
+  auto& [pattern, group, open] = parts_[0];
+  const Resolver resolver(group, *table_, node_names);
   std::size_t place = 0;
   std::size_t name = 0;
   key_.reserve(pattern.size());
@@ -166,7 +172,6 @@ PatternIssue::PatternIssue(PatternGroup group, const ValueTable& table, const No
       at += size - 1;
     }
   }
-  parts_.push_back({std::move(group), std::move(open)});
 }
 
 void PatternIssue::merge(PatternIssue other) {
@@ -183,9 +188,9 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
       const std::uint32_t node = has_name ? finding.nodes[0] : NO_NODE;
       OriginalTexts*& original = known[{finding.entry, node}];
       if (original == nullptr) {
-        original = &originals[original_texts(part.group.pattern(),
-                                             values_of(part.group, finding.entry, *table_),
-                                             has_name ? node_names(node) : std::string_view())];
+        original =
+            &originals[original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
+                                      has_name ? node_names(node) : std::string_view())];
       }
       append(original->nodes, finding.nodes);
       append(original->row_ids, finding.row_ids);

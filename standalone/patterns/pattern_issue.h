@@ -31,11 +31,12 @@ struct OriginalTexts {
 /// differs still is a place, or NODE.
 class PatternIssue {
  public:
-  /// `table` has the values of all groups, and outlives the issue.
-  PatternIssue(PatternGroup group, const ValueTable& table, const NodeNames& node_names);
+  /// `pattern` is that of the group. `table` has the values of all groups, and outlives the issue.
+  PatternIssue(std::string pattern, PatternGroup group, const ValueTable& table,
+               const NodeNames& node_names);
 
   /// Marked text. Issues with equal keys are one, if nothing else keeps them apart.
-  const std::string& key() const { return key_; }
+  const std::string& key() const { return key_.empty() ? parts_[0].pattern : key_; }
 
   /// The values of all groups.
   const ValueTable& table() const { return *table_; }
@@ -79,12 +80,16 @@ class PatternIssue {
   };
   /// What came with one pattern.
   struct Part {
+    std::string pattern;
     PatternGroup group;
     /// In the order of the places in the key.
     std::vector<OpenPlace> open;
   };
 
+  void write_key(const NodeNames& node_names);
+
   const ValueTable* table_;
+  /// Empty where it is the pattern of the first part, which has neither values nor names.
   std::string key_;
   std::vector<Part> parts_;
 };

@@ -6,12 +6,15 @@
 #include <utility>
 
 #include "standalone/nodes/node_folding.h"
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/natural_order.h"
 #include "standalone/patterns/standing_out.h"
 #include "standalone/patterns/value_kind.h"
 
 namespace vond::standalone {
 namespace {
+
+using Numbers = std::vector<std::uint32_t>;
 
 constexpr std::size_t MOST_SHOWN = 8;
 constexpr std::size_t FIRST_OF_MANY = 2;
@@ -64,10 +67,16 @@ void sort_naturally(std::vector<PlaceValue>& values, std::size_t needed) {
                     });
 }
 
+Numbers each_once(std::span<const std::uint32_t> nodes) {
+  Numbers distinct(nodes.begin(), nodes.end());
+  sort_unique(distinct);
+  return distinct;
+}
+
 /// Returns the nodes, each once, when these are few enough to be named; else nothing. Most values
 /// are on many nodes, of which it looks at the first few.
-std::vector<std::uint32_t> few_nodes(std::span<const std::uint32_t> nodes) {
-  std::vector<std::uint32_t> distinct;
+Numbers few_nodes(std::span<const std::uint32_t> nodes) {
+  Numbers distinct;
   for (const std::uint32_t node : nodes) {
     if (std::find(distinct.begin(), distinct.end(), node) != distinct.end()) {
       continue;
@@ -78,12 +87,6 @@ std::vector<std::uint32_t> few_nodes(std::span<const std::uint32_t> nodes) {
     distinct.push_back(node);
   }
   return distinct;
-}
-
-std::size_t count_distinct(std::span<const std::uint32_t> nodes) {
-  std::vector<std::uint32_t> sorted(nodes.begin(), nodes.end());
-  std::sort(sorted.begin(), sorted.end());
-  return static_cast<std::size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
 }
 
 /// Writes what a place becomes.
@@ -131,7 +134,7 @@ class PlaceWriter {
 
  private:
   /// `cn001,cn002`: a folded set would be brackets in brackets, `[cn[001-002]]`.
-  std::string names_of(const std::vector<std::uint32_t>& nodes) const {
+  std::string names_of(const Numbers& nodes) const {
     std::vector<std::string> names;
     names.reserve(nodes.size());
     for (const std::uint32_t node : nodes) {
@@ -150,7 +153,7 @@ class PlaceWriter {
       return "";
     }
     const auto nodes = few_nodes(value.nodes);
-    return " on " + (nodes.empty() ? std::to_string(count_distinct(value.nodes)) + " nodes"
+    return " on " + (nodes.empty() ? std::to_string(each_once(value.nodes).size()) + " nodes"
                                    : names_of(nodes));
   }
 

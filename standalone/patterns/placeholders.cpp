@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/natural_order.h"
 #include "standalone/patterns/text_marks.h"
 
@@ -22,19 +23,14 @@ Placeholder::Kind kind_of(ValueKind kind) {
   }
 }
 
-std::vector<std::uint32_t> each_once(std::vector<std::uint32_t> nodes) {
-  std::sort(nodes.begin(), nodes.end());
-  nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
-  return nodes;
-}
-
 Placeholder placeholder_of(std::vector<PlaceValue> values) {
   const SortedValues sorted = sort_values(std::move(values));
   Placeholder placeholder{kind_of(sorted.kind), std::string(sorted.behind), {}};
   placeholder.values.reserve(sorted.values.size());
   for (const PlaceValue& value : sorted.values) {
     placeholder.values.push_back(
-        {std::string(value.text), each_once({value.nodes.begin(), value.nodes.end()})});
+        {std::string(value.text), {value.nodes.begin(), value.nodes.end()}});
+    sort_unique(placeholder.values.back().nodes);
   }
   return placeholder;
 }

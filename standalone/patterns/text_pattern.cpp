@@ -1,44 +1,21 @@
 #include "standalone/patterns/text_pattern.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 
 #include "standalone/patterns/date_words.h"
 #include "standalone/patterns/text_marks.h"
+#include "standalone/patterns/word_bytes.h"
 #include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {
 
 using namespace text_marks;
+using namespace word_bytes;
 
-enum ByteClass : std::uint8_t { SEPARATOR = 1, AT_NO_END = 2, LETTER = 4, NAME_CHARACTER = 8 };
-
-constexpr auto CLASSES = [] {
-  std::array<std::uint8_t, 256> classes = {};
-  const auto add = [&classes](std::string_view bytes, unsigned what) {
-    for (const char byte : bytes) {
-      std::uint8_t& known = classes[static_cast<unsigned char>(byte)];
-      known = static_cast<std::uint8_t>(known | what);
-    }
-  };
-  add(" \t\n\r()[]{}<>,;=\"'|@", SEPARATOR);
-  add(".:!?", AT_NO_END);
-  add("abcdefghijklmnopqrstuvwxyz", LETTER | NAME_CHARACTER);
-  add("ABCDEFGHIJKLMNOPQRSTUVWXYZ", LETTER | NAME_CHARACTER);
-  add("0123456789_", NAME_CHARACTER);
-  return classes;
-}();
-
-bool is_in(ByteClass byte_class, char byte) {
-  return (CLASSES[static_cast<unsigned char>(byte)] & byte_class) != 0;
-}
-
-bool has_letter(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char byte) { return is_in(LETTER, byte); });
-}
+bool has_letter(std::string_view text) { return (classes_in(text) & LETTER) != 0; }
 
 /// Whether one of eight bytes is a digit; may be wrong about text that is not ASCII, to the safe
 /// side.
@@ -66,10 +43,6 @@ std::size_t find_digit(std::string_view text, std::size_t from) {
   }
   return static_cast<std::size_t>(std::find_if(text.begin() + at, text.end(), is_digit) -
                                   text.begin());
-}
-
-bool is_between_digits(std::string_view text, std::size_t at) {
-  return at > 0 && at + 1 < text.size() && is_digit(text[at - 1]) && is_digit(text[at + 1]);
 }
 
 /// Returns where the run of a word ends that goes on at `at`.

@@ -1,8 +1,9 @@
 #include "standalone/patterns/value_table.h"
 
 #include <cstring>
-#include <functional>
 #include <utility>
+
+#include "standalone/text/text_hash.h"
 
 namespace vond::standalone {
 
@@ -28,7 +29,7 @@ std::string_view ValueTable::operator[](Id id) const {
 
 ValueTable::Id& ValueTable::place_of(std::string_view value) {
   const std::size_t last_place = index_.size() - 1;
-  std::size_t place = std::hash<std::string_view>()(value) & last_place;
+  std::size_t place = hash_of_text(value) & last_place;
   while (index_[place] != NO_VALUE && (*this)[index_[place]] != value) {
     place = (place + 1) & last_place;
   }
@@ -39,7 +40,7 @@ void ValueTable::grow_index() {
   index_ = std::vector<Id>(2 * index_.size(), NO_VALUE);
   const std::size_t last_place = index_.size() - 1;
   for (Id id = 0; id < values_.size(); ++id) {
-    std::size_t place = std::hash<std::string_view>()((*this)[id]) & last_place;
+    std::size_t place = hash_of_text((*this)[id]) & last_place;
     while (index_[place] != NO_VALUE) {
       place = (place + 1) & last_place;
     }

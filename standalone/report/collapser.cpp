@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/report/issue_order.h"
 #include "standalone/report/issues_by_id.h"
 
@@ -13,9 +14,7 @@ namespace {
 void sort_row_ids(std::vector<CollapsedIssue>& issues) {
   for (CollapsedIssue& issue : issues) {
     for (CollapsedOutput& output : issue.outputs) {
-      std::vector<int>& row_ids = output.row_ids;
-      std::sort(row_ids.begin(), row_ids.end());
-      row_ids.erase(std::unique(row_ids.begin(), row_ids.end()), row_ids.end());
+      sort_unique(output.row_ids);
     }
   }
 }

@@ -55,8 +55,22 @@ void FindingsByPattern::add(const Finding& finding, std::span<const StringIntern
 }
 
 FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {
+  return finding.pattern_number != Finding::UNKNOWN_PATTERN ? place_of_pattern(finding)
+                                                            : place_of_wording(finding);
+}
+
+FindingsByPattern::Place FindingsByPattern::place_of_pattern(const Finding& finding) {
+  if (const auto* const group = known_patterns_.find(finding.pattern_number)) {
+    return {*group, entry_of(*group, finding.values)};
+  }
+  const Place place = read_place(finding, own_node(finding.nodes));
+  known_patterns_.remember(finding.pattern_number, place.group);
+  return place;
+}
+
+FindingsByPattern::Place FindingsByPattern::place_of_wording(const Finding& finding) {
   const std::string_view node = own_node(finding.nodes);
-  const KnownPlace* const known = known_wordings_.find(finding);
+  const KnownPlace* const known = known_wordings_.find(finding.wording_number);
   if (known != nullptr && !known->has_digits && has_digit(text_marks::short_form(node))) {
     return known->place;
   }
@@ -68,7 +82,7 @@ FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {
   const Place place = read_place(finding, node);
   if (can_be_known) {
     // Without the node every word with a digit is a value.
-    known_wordings_.remember(finding, {place, !text_.values().empty()});
+    known_wordings_.remember(finding.wording_number, {place, !text_.values().empty()});
   }
   return place;
 }
@@ -84,15 +98,21 @@ FindingsByPattern::Place FindingsByPattern::read_place(const Finding& finding,
   if (number == groups_.size()) {
     groups_.push_back({PatternGroup(text_.pattern()), 0});
   }
+  return {number, entry_of(number, text_.values())};
+}
+
+PatternGroup::Entry FindingsByPattern::entry_of(WordingTable::Number group,
+                                                std::span<const std::string_view> values) {
   value_ids_.clear();
-  for (const std::string_view value : text_.values()) {
+  for (const std::string_view value : values) {
     value_ids_.push_back(values_.id_of(value));
   }
-  return {number, groups_[number].findings.entry_of(value_ids_, values_)};
+  return groups_[group].findings.entry_of(value_ids_, values_);
 }
 
 std::vector<CollapsedIssue> FindingsByPattern::finish(const StringInterner& node_names) {
   known_wordings_ = {};
+  known_patterns_ = {};
   const NodeNames names = [&node_names](auto node) -> std::string_view { return node_names[node]; };
   std::vector<CollapsedIssue> issues = take_joined(names);
   PatternSummaries summaries(values_, names);
@@ -118,8 +138,7 @@ std::vector<CollapsedIssue> FindingsByPattern::take_joined(const NodeNames& node
     CollapsedIssue issue{
         type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0};
     issue.outputs.push_back({severity, {{}, {}, std::move(texts.category)}, {}, {}, 0});
-    std::string().swap(texts.message);
-    issue.findings.emplace(std::move(findings), values_, node_names);
+    issue.findings.emplace(std::move(texts.message), std::move(findings), values_, node_names);
     joined.add(std::move(issue));
   }
   return joined.take();

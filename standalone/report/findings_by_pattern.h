@@ -8,7 +8,7 @@
 #include "standalone/patterns/text_pattern.h"
 #include "standalone/patterns/value_table.h"
 #include "standalone/report/collapsed_issue.h"
-#include "standalone/report/known_wordings.h"
+#include "standalone/report/known_by_number.h"
 #include "standalone/report/wording_table.h"
 
 namespace vond::standalone {
@@ -47,7 +47,11 @@ class FindingsByPattern {
   };
 
   Place place_of(const Finding& finding);
+  Place place_of_pattern(const Finding& finding);
+  Place place_of_wording(const Finding& finding);
   Place read_place(const Finding& finding, std::string_view own_node);
+  PatternGroup::Entry entry_of(WordingTable::Number group,
+                               std::span<const std::string_view> values);
   std::vector<CollapsedIssue> take_joined(const NodeNames& node_names);
 
   TextPattern text_;
@@ -57,7 +61,9 @@ class FindingsByPattern {
   WordingTable wordings_;
   /// By the numbers of wordings.
   std::vector<Gathered> groups_;
-  KnownWordings<KnownPlace> known_wordings_;
+  KnownByNumber<KnownPlace> known_wordings_;
+  /// The groups of patterns.
+  KnownByNumber<WordingTable::Number> known_patterns_;
   /// Kept between findings for their memory.
   Wording wording_with_pattern_;
   std::vector<ValueTable::Id> value_ids_;

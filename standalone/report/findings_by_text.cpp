@@ -16,11 +16,11 @@ void FindingsByText::add(const Finding& finding, std::span<const StringInterner:
 }
 
 WordingTable::Number FindingsByText::number_of(const Finding& finding) {
-  if (const WordingTable::Number* const known = known_wordings_.find(finding)) {
+  if (const WordingTable::Number* const known = known_wordings_.find(finding.wording_number)) {
     return *known;
   }
   const WordingTable::Number number = wordings_.number_of(finding.wording);
-  known_wordings_.remember(finding, number);
+  known_wordings_.remember(finding.wording_number, number);
   return number;
 }
 

@@ -6,7 +6,7 @@
 
 #include "standalone/model/finding.h"
 #include "standalone/report/collapsed_issue.h"
-#include "standalone/report/known_wordings.h"
+#include "standalone/report/known_by_number.h"
 #include "standalone/report/wording_table.h"
 
 namespace vond::standalone {
@@ -33,7 +33,7 @@ class FindingsByText {
   WordingTable wordings_;
   /// By the numbers of wordings.
   std::vector<Places> places_;
-  KnownWordings<WordingTable::Number> known_wordings_;
+  KnownByNumber<WordingTable::Number> known_wordings_;
 };
 
 }  // namespace vond::standalone

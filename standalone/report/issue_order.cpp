@@ -6,13 +6,14 @@
 #include <utility>
 
 #include "standalone/model/type_names.h"
+#include "standalone/nodes/number_sorting.h"
 
 namespace vond::standalone {
 namespace {
 
 std::size_t count_distinct(std::vector<StringInterner::Id> nodes) {
-  std::sort(nodes.begin(), nodes.end());
-  return static_cast<std::size_t>(std::unique(nodes.begin(), nodes.end()) - nodes.begin());
+  sort_unique(nodes);
+  return nodes.size();
 }
 
 /// Whether `left` stands before `right` in a report.

@@ -65,6 +65,7 @@ void ReportRecord::note_severities(const std::vector<CollapsedIssue>& collapsed)
 }
 
 void ReportRecord::take_findings(std::vector<CollapsedIssue>& collapsed) {
+  findings_.reserve(collapsed.size());
   for (CollapsedIssue& issue : collapsed) {
     if (issue.findings) {
       findings_.push_back(std::move(*issue.findings));

@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "standalone/text/text_hash.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 
 namespace vond::standalone {
@@ -32,7 +33,7 @@ struct SeverityBand {
 std::vector<SeverityBand> severity_bands(const PostprocessorExtensionData& data);
 
 /// Node names, each once; views into the record.
-using NodeViews = std::unordered_set<std::string_view>;
+using NodeViews = std::unordered_set<std::string_view, TextHash>;
 
 void add_nodes(const postprocessor::CollapsedAnalysisOutput& issue, NodeViews& nodes);
 void add_nodes(const IssueList& issues, NodeViews& nodes);

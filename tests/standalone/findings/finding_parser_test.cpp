@@ -67,11 +67,13 @@ TEST(FindingParser, ReadsEveryKey) {
   const Line line(FULL_LINE);
   parser.parse(line.text());
   EXPECT_EQ(parser.kind(), FindingParser::Kind::FINDING);
-  const auto& [wording, nodes, row_ids, wording_number] = parser.finding();
+  const auto& [wording, nodes, row_ids, wording_number, pattern_number, values] = parser.finding();
   EXPECT_EQ(wording, FULL_WORDING);
   EXPECT_EQ(nodes, (Views{"n1", "n2", "n3"}));
   EXPECT_EQ(row_ids, (std::vector<int>{3, -4}));
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
+  EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
+  EXPECT_TRUE(values.empty());
 }
 
 TEST(FindingParser, ForgetsEverythingThatTheLineBeforeTold) {
@@ -80,11 +82,13 @@ TEST(FindingParser, ForgetsEverythingThatTheLineBeforeTold) {
   const Line least(R"({"id":"a","severity":1})");
   parser.parse(full.text());
   parser.parse(least.text());
-  const auto& [wording, nodes, row_ids, wording_number] = parser.finding();
+  const auto& [wording, nodes, row_ids, wording_number, pattern_number, values] = parser.finding();
   EXPECT_EQ(wording, (Wording{OBSERVATIONS, "a", 1, {}, {}, {}}));
   EXPECT_TRUE(nodes.empty());
   EXPECT_TRUE(row_ids.empty());
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
+  EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
+  EXPECT_TRUE(values.empty());
   EXPECT_TRUE(parser.unknown_keys().empty());
 }
 

@@ -54,7 +54,7 @@ TEST(FlatIndex, TellsKeysOfOneHashApart) {
   }
 }
 
-TEST(FlatIndex, AsksForKeysOnlyWhereTheWholeHashIsEqual) {
+TEST(FlatIndex, AsksForKeysOnlyWhereMoreOfTheHashIsEqualThanThePlace) {
   FlatIndex index;
   // The same place in a table of any size that a test can fill.
   const std::size_t high_bit = std::size_t{1} << 63U;
