@@ -1,7 +1,6 @@
 #include "standalone/cli/process.h"
 
 #include <fcntl.h>
-#include <malloc.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -86,10 +85,6 @@ void print_sudden_end(const std::string& reason) {
 }  // namespace
 
 void prepare_process() {
-  // A large report takes millions of small pieces of memory and gives them back at a few points.
-  // Kept in lists, as they would be without this, they are merged all at once, ever again: reports
-  // of many or deep definitions take three percent longer.
-  mallopt(M_MXFAST, 0);
   occupy_standard_descriptors();
   // A reader that goes away and a limit of file sizes are errors of one destination, not the end of
   // all of them.
