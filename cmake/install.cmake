@@ -21,7 +21,9 @@ if(NOT VOND_HOST_LIBRARIES)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/report.schema.json
           DESTINATION ${CMAKE_INSTALL_DATADIR}/vond)
-  install(FILES ${PROJECT_SOURCE_DIR}/docs/json.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  foreach(document IN ITEMS json junit metrics outputs)
+    install(FILES ${PROJECT_SOURCE_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  endforeach()
 endif()
 
 install(EXPORT vond_targets

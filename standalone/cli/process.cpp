@@ -86,8 +86,10 @@ void print_sudden_end(const std::string& reason) {
 
 void prepare_process() {
   occupy_standard_descriptors();
-  // A reader that goes away is an error of one destination, not the end of all of them.
+  // A reader that goes away and a limit of file sizes are errors of one destination, not the end of
+  // all of them.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   handle_ending_signals();
   count_failed_allocations();
   std::set_terminate(end_after_terminate);

@@ -50,6 +50,18 @@ TEST(IssueOrder, IsThatOfTheReport) {
              "6 warning 2", "0 informational 0", "1 informational 1", "2 informational 2"}));
 }
 
+TEST(IssueOrder, OfAnIndexIsThatOfItsRecord) {
+  const Data data = make_record_with_all_masks();
+  Texts ids;
+  for_each_issue(
+      *data.issues_by_mask, SEVERITY_BANDS,
+      [&ids](const extension::Issue& issue, const vocabulary::SeverityBand& /*band*/,
+             postprocessor::TypeCode /*type*/, bool /*fails*/) { ids.push_back(issue->get_id()); });
+  ASSERT_EQ(ids.size(), 18U);
+  EXPECT_EQ(ids.front(), "24");
+  EXPECT_EQ(ids.back(), "2");
+}
+
 TEST(IssueOrder, KeepsTheOrderOfAListAndItsRepetitionsAndLeavesEmptyEntriesOut) {
   Data data = make_record();
   const Issue twice = make_issue({.id = "z"});

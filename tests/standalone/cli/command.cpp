@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 
@@ -263,6 +264,15 @@ void Command::read_texts(pid_t process, int output, int errors, Outcome& outcome
 }
 
 Outcome run(const std::vector<std::string>& arguments) { return Command(arguments).run(); }
+
+std::vector<std::string> output_names() {
+  std::istringstream lines(run({"--list-extensions"}).output);
+  std::vector<std::string> names;
+  for (std::string line; std::getline(lines, line);) {
+    names.push_back(line.substr(0, line.find('\t')));
+  }
+  return names;
+}
 
 void expect_error(const Outcome& outcome, int status, const std::string& message) {
   EXPECT_EQ(outcome.errors, "vond-report: error: " + message + "\n");

@@ -83,6 +83,9 @@ class Command {
 /// Runs the program with `arguments`.
 Outcome run(const std::vector<std::string>& arguments);
 
+/// Returns the names of all outputs.
+std::vector<std::string> output_names();
+
 /// Expects that nothing but `message`, an error, was written.
 void expect_error(const Outcome& outcome, int status, const std::string& message);
 

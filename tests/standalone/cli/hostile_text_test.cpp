@@ -1,8 +1,10 @@
 // No text from input steers the terminal of whoever reads the report or its messages.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <sstream>
 
 #include "tests/standalone/cli/command.h"
 #include "tests/standalone/cli/temporary_folder.h"
@@ -174,6 +176,32 @@ TEST_P(FreeTextTest, CharactersAreShownAsEscapes) {
       Command({"-w", "0"}).input(line(R"(a\u001bc\u009b\u007f\u202eb\u200bc\udb40\udc01d)")).run();
   EXPECT_NE(outcome.output.find(R"(a\x1bc\x9b\x7f\u202eb\u200bc\U000e0001d)"), std::string::npos);
   EXPECT_EQ(outcome.errors, "");
+}
+
+TEST_P(FreeTextTest, NoCharacterComesOutRawFromAnyOutput) {
+  std::string input;
+  for (const unsigned character : hostile_characters()) {
+    input += line("x" + json_escape(character) + "y");
+  }
+  for (const std::string& output : output_names()) {
+    SCOPED_TRACE(output);
+    Outcome outcome = Command({"-e", output}).input(input).run();
+    if (output == "list") {
+      std::erase(outcome.output, '\t');
+    }
+    expect_harmless(outcome);
+    EXPECT_EQ(outcome.status, 1);
+  }
+}
+
+TEST_P(FreeTextTest, AListHasSixFieldsALineWhateverStandsInThem) {
+  const std::string hostile = R"(\t\n\r\u000b\u2028\u0085;\")";
+  std::istringstream lines(Command({"-e", "list"}).input(line("a" + hostile + "z")).run().output);
+  std::size_t count = 0;
+  for (std::string text; std::getline(lines, text); ++count) {
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 5) << text;
+  }
+  EXPECT_EQ(count, 1U);
 }
 
 TEST_P(HostileTextTest, NoLineOfTheReportCanBeForged) {

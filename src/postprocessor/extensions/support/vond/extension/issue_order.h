@@ -7,18 +7,15 @@
 
 namespace vond::extension {
 
-/// Calls `visit(issue, band, type, fails)` for every issue of the record, each as often as it is
+/// Calls `visit(issue, band, type, fails)` for every issue of the index, each as often as it is
 /// filed, in the order of the report: those that contribute to FAIL first, the worst band first,
 /// and within a band diagnoses, observations, missing data. Entries without an issue are left out.
 ///
 /// The arguments are a `const Issue&`, a `const vocabulary::SeverityBand&`, a
 /// `postprocessor::TypeCode` and a `bool`. `bands` is the severity band table of the caller's file.
 template <typename Visit>
-void for_each_issue(const postprocessor::PostprocessorExtensionData& data,
+void for_each_issue(const postprocessor::IssuesByMask& index,
                     const vocabulary::SeverityBandTable& bands, Visit visit) {
-  if (!data.issues_by_mask) {
-    return;
-  }
   const auto visit_group = [&visit](IssueView issues, const vocabulary::SeverityBand& band,
                                     postprocessor::TypeCode type, bool fails) {
     for (const Issue& issue : issues) {
@@ -31,11 +28,20 @@ void for_each_issue(const postprocessor::PostprocessorExtensionData& data,
   for (const bool fails : {true, false}) {
     for (const vocabulary::SeverityBand& band : descending) {
       const BandIssues issues =
-          find_band(*data.issues_by_mask, std::get<2>(band), fails ? postprocessor::FAIL_BIT : 0U);
+          find_band(index, std::get<2>(band), fails ? postprocessor::FAIL_BIT : 0U);
       visit_group(issues.diagnoses, band, postprocessor::DIAGNOSES, fails);
       visit_group(issues.observations, band, postprocessor::OBSERVATIONS, fails);
       visit_group(issues.missing_data, band, postprocessor::MISSING_DATA, fails);
     }
+  }
+}
+
+/// The same for every issue of the record.
+template <typename Visit>
+void for_each_issue(const postprocessor::PostprocessorExtensionData& data,
+                    const vocabulary::SeverityBandTable& bands, Visit visit) {
+  if (data.issues_by_mask) {
+    for_each_issue(*data.issues_by_mask, bands, visit);
   }
 }
 
