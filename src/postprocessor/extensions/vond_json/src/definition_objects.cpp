@@ -11,7 +11,7 @@
 
 namespace vond_json {
 
-using vond::extension::find_issues;
+using vond::extension::count_issues;
 using vond::extension::IssueNumbers;
 using vond::extension::IssuesByDefinition;
 using vond::extension::JsonWriter;
@@ -26,16 +26,8 @@ namespace {
 
 /// Returns how many issues of a type a band has, those that contribute to FAIL and the others.
 std::size_t count(const IssuesByMask& issues, Severity severity, TypeCode type) {
-  std::size_t count = 0;
-  for (const unsigned section : {FAIL_BIT, 0U}) {
-    const auto* const list = find_issues(issues, static_cast<unsigned>(severity) | type | section);
-    if (list != nullptr) {
-      // Entries without an issue are none.
-      count +=
-          list->size() - static_cast<std::size_t>(std::count(list->begin(), list->end(), nullptr));
-    }
-  }
-  return count;
+  const unsigned mask = static_cast<unsigned>(severity) | type;
+  return count_issues(issues, mask | FAIL_BIT) + count_issues(issues, mask);
 }
 
 void write_counts_of(JsonWriter& json, const IssuesByMask& issues, const SeverityBandTable& bands) {

@@ -1,8 +1,9 @@
 #include "run_members.h"
 
-#include <ctime>
 #include <string>
+#include <vector>
 
+#include "vond/extension/utc_time.h"
 #include "vond/facts/run_facts.h"
 
 namespace vond_json {
@@ -15,14 +16,6 @@ namespace {
 
 /// A minor version adds keys; readers ignore those that they do not know.
 constexpr char FORMAT_VERSION[] = "1.0";
-
-/// Returns `2025-11-21T04:30:00Z`.
-std::string utc_text(std::time_t time) {
-  std::tm parts{};
-  gmtime_r(&time, &parts);
-  char text[sizeof "-2147481748-01-01T00:00:00Z"];
-  return {text, std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts)};
-}
 
 void write_tool(JsonWriter& json) {
   json.key("tool").begin_object();
@@ -59,7 +52,7 @@ void write_run(JsonWriter& json, const vond::postprocessor::PostprocessorExtensi
   json.break_line();
   write_tool(json);
   json.break_line();
-  json.key("written").value(utc_text(facts::written_at()));
+  json.key("written").value(vond::extension::utc_time(facts::written_at()));
   json.break_line();
   json.key("verdict").value(facts::verdict());
   json.break_line();

@@ -8,8 +8,8 @@
 #include "issue_lines.h"
 #include "report_suite.h"
 #include "test_cases.h"
-#include "utc_time.h"
 #include "vond/extension/issues_by_definition.h"
+#include "vond/extension/utc_time.h"
 #include "vond/facts/run_facts.h"
 #include "vond/vocabulary/severity_bands.h"
 #include "xml_writer.h"
@@ -77,7 +77,7 @@ VondJunit::VondJunit(vond::postprocessor::PostprocessorExtensionData& engine_dat
 }
 
 int VondJunit::run() {
-  const std::string timestamp = utc_time(vond::facts::written_at());
+  const std::string timestamp = vond::extension::utc_time(vond::facts::written_at());
   IssuesByDefinition issues(data);
   IssueLine line;
   const TestSuites definitions(data.fwd_root ? *data.fwd_root : vond::FwdHierarchy(), issues,

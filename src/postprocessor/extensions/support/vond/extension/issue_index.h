@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 
@@ -43,6 +44,13 @@ inline const postprocessor::IssueList* find_issues(const postprocessor::IssuesBy
                                                    unsigned mask) {
   const auto entry = index.find(postprocessor::SeverityMask(mask));
   return entry == index.end() ? nullptr : &entry->second;
+}
+
+/// Returns how many issues are filed under a mask. Entries without an issue are none.
+inline std::size_t count_issues(const postprocessor::IssuesByMask& index, unsigned mask) {
+  const IssueView issues(find_issues(index, mask));
+  return static_cast<std::size_t>(std::count_if(
+      issues.begin(), issues.end(), [](const Issue& issue) { return issue != nullptr; }));
 }
 
 /// The issues of one band that contribute to FAIL, or those that do not.

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace vond_junit {
+namespace vond::extension {
 
 /// Returns "2025-11-21T04:30:00Z" for seconds since 1970-01-01 00:00:00 UTC. Throws
 /// std::overflow_error for times without a year of four digits.
@@ -20,4 +20,4 @@ inline std::string utc_time(std::int64_t seconds) {
   return text;
 }
 
-}  // namespace vond_junit
+}  // namespace vond::extension

@@ -1,4 +1,4 @@
-#include "utc_time.h"
+#include "vond/extension/utc_time.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 namespace vond::test {
 namespace {
 
-using vond_junit::utc_time;
+using vond::extension::utc_time;
 
 TEST(UtcTime, IsIso8601WithItsZone) {
   EXPECT_EQ(utc_time(0), "1970-01-01T00:00:00Z");
