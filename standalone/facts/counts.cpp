@@ -20,12 +20,4 @@ std::string count_of_rejected_lines(const ReportFacts& facts) {
   return count_of(facts.lines_rejected, "line of input was", "lines of input were") + " left out";
 }
 
-std::string join_with(const std::vector<std::string>& items, std::string_view separator) {
-  std::string joined;
-  for (const std::string& item : items) {
-    joined.append(&item == &items.front() ? "" : separator).append(item);
-  }
-  return joined;
-}
-
 }  // namespace vond::standalone

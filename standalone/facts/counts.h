@@ -1,8 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "standalone/facts/report_facts.h"
 
@@ -14,8 +12,5 @@ std::string count_of_silent_nodes(const ReportFacts& facts);
 
 /// Returns "7 lines of input were left out".
 std::string count_of_rejected_lines(const ReportFacts& facts);
-
-/// Returns the items with the separator between them.
-std::string join_with(const std::vector<std::string>& items, std::string_view separator);
 
 }  // namespace vond::standalone

@@ -10,11 +10,7 @@ namespace {
 using wording_members::IS_LIST;
 using wording_members::IS_NUMBER;
 
-void mix_into(std::size_t& hash, std::size_t value) {
-  constexpr std::size_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
-  hash = (hash ^ value) * GOLDEN_RATIO;
-  hash ^= hash >> 32U;
-}
+void mix_into(std::size_t& hash, std::size_t value) { hash = mixed(hash, value); }
 
 void mix_into(std::size_t& hash, std::string_view text) { mix_into(hash, hash_of_text(text)); }
 

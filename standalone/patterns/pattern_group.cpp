@@ -5,16 +5,15 @@
 
 #include "standalone/patterns/text_marks.h"
 #include "standalone/patterns/text_pattern.h"
+#include "standalone/text/text_hash.h"
 
 namespace vond::standalone {
 namespace {
 
 std::size_t hash_values(std::span<const ValueTable::Id> values) {
-  constexpr std::size_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
   std::size_t hash = 0;
   for (const ValueTable::Id value : values) {
-    hash = (hash ^ value) * GOLDEN_RATIO;
-    hash ^= hash >> 32U;
+    hash = mixed(hash, value);
   }
   return hash;
 }

@@ -14,8 +14,6 @@ using namespace date_words;
 constexpr std::int64_t SECONDS_OF_DAY = 86400;
 constexpr int ANY_LEAP_YEAR = 2000;
 
-bool has_digit(std::string_view text) { return std::any_of(text.begin(), text.end(), is_digit); }
-
 /// Whether a `+` or `-` behind this character is no sign but part of a word.
 bool joins_words(char before) {
   return !is_ascii(before) || is_ascii_letter(before) ||

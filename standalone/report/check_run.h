@@ -52,7 +52,8 @@ class CheckRun {
 
   const Examination& examination() const { return examination_; }
 
-  /// One message per unknown key, for the user to see: "FILE:LINE:COLUMN: unknown key …".
+  /// What was odd about lines that were read, for the user to see: "FILE:LINE:COLUMN: …". See
+  /// FindingsReader::warnings().
   const std::vector<std::string>& warnings() const { return warnings_; }
 
   /// What was left out; nothing in strict reading.

@@ -10,6 +10,7 @@
 #include "standalone/patterns/pattern_summaries.h"
 #include "standalone/patterns/text_marks.h"
 #include "standalone/report/joined_issues.h"
+#include "standalone/text/ascii.h"
 
 namespace vond::standalone {
 namespace {
@@ -19,11 +20,6 @@ std::string_view own_node(const std::vector<std::string_view>& nodes) {
   const bool is_one = !nodes.empty() && std::all_of(nodes.begin() + 1, nodes.end(),
                                                     [&](auto node) { return node == nodes[0]; });
   return is_one ? nodes[0] : std::string_view();
-}
-
-bool has_digit(std::string_view text) {
-  return std::any_of(text.begin(), text.end(),
-                     [](char byte) { return byte >= '0' && byte <= '9'; });
 }
 
 bool may_name(const BasicTexts<std::string_view>& texts, std::string_view node) {
@@ -71,7 +67,7 @@ FindingsByPattern::Place FindingsByPattern::place_of_pattern(const Finding& find
 FindingsByPattern::Place FindingsByPattern::place_of_wording(const Finding& finding) {
   const std::string_view node = own_node(finding.nodes);
   const KnownPlace* const known = known_wordings_.find(finding.wording_number);
-  if (known != nullptr && !known->has_digits && has_digit(text_marks::short_form(node))) {
+  if (known != nullptr && !known->texts_have_digits && has_digit(text_marks::short_form(node))) {
     return known->place;
   }
   // What is known was said without a node's name, and belongs elsewhere if it names this node.

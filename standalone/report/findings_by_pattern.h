@@ -37,8 +37,7 @@ class FindingsByPattern {
   /// The place of findings whose texts do not name their own node.
   struct KnownPlace {
     Place place = {};
-    /// Their texts have.
-    bool has_digits = false;
+    bool texts_have_digits = false;
   };
   /// Findings of one group.
   struct Gathered {

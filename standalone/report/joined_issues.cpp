@@ -1,29 +1,29 @@
 #include "standalone/report/joined_issues.h"
 
 #include <algorithm>
-#include <functional>
 #include <tuple>
 #include <utility>
 
 #include "standalone/model/severity_scale.h"
+#include "standalone/text/text_hash.h"
 
 namespace vond::standalone {
 namespace {
 
 /// Returns a hash of what differs between most issues.
 std::size_t hash_of(const CollapsedIssue& issue) {
-  constexpr std::size_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
-  const std::hash<std::string> hash;
-  const std::size_t of_both = hash(issue.id) * GOLDEN_RATIO ^ hash(issue.findings->key());
-  return of_both ^ of_both >> 32U;
+  return mixed(hash_of_text(issue.id), hash_of_text(issue.findings->key()));
 }
 
 auto what_makes_one(const CollapsedIssue& issue) {
+  // Whatever else an issue has: does it keep issues apart?
+  const auto& [type, id, severity, definitions, based_on, outputs, distinct_nodes, findings] =
+      issue;
   return std::tuple<const std::string&, const std::string&, postprocessor::TypeCode, int,
                     const std::string&, const std::vector<std::string>&,
                     const std::vector<std::string>&>(
-      issue.id, issue.findings->key(), issue.type, band_of(issue.severity).upper_bound,
-      issue.outputs[0].texts.category, issue.definitions, issue.based_on);
+      id, findings->key(), type, band_of(severity).upper_bound, outputs[0].texts.category,
+      definitions, based_on);
 }
 
 void join(CollapsedIssue& issue, CollapsedIssue&& other) {

@@ -8,7 +8,7 @@ namespace vond::standalone {
 
 /// What is known of an input before it is read.
 struct RunInput {
-  /// As messages and reports call it: its path made harmless, or "standard input".
+  /// As reports call it: its path made harmless, or "standard input".
   std::string name;
   /// Its last change; without a value for what is no regular file.
   std::optional<std::time_t> changed_at;

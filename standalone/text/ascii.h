@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 /// ASCII characters. Nothing here depends on a locale.
 namespace vond::standalone {
@@ -27,6 +28,10 @@ constexpr char ascii_lower(char byte) {
 
 constexpr char ascii_upper(char byte) {
   return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
+inline bool has_digit(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), is_digit);
 }
 
 /// Returns `text` with its ASCII letters in lower case.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,15 @@ std::string join(const Items& items, TextOf text_of) {
 template <typename Texts>
 std::string join(const Texts& texts) {
   return join(texts, [](std::string_view text) { return text; });
+}
+
+/// Returns the items with the separator between them.
+inline std::string join_with(std::span<const std::string> items, std::string_view separator) {
+  std::string joined;
+  for (const std::string& item : items) {
+    joined.append(&item == &items.front() ? "" : separator).append(item);
+  }
+  return joined;
 }
 
 /// Returns `one of "A", "B", "C"`.

@@ -7,16 +7,19 @@
 
 namespace vond::standalone {
 
+/// Returns a hash of a hash and what comes next.
+constexpr std::uint64_t mixed(std::uint64_t hash, std::uint64_t next) {
+  constexpr std::uint64_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
+  hash = (hash ^ next) * GOLDEN_RATIO;
+  return hash ^ hash >> 32U;
+}
+
 /// Returns a hash of which every bit depends on every byte of `text`. For tables of one run alone.
 /// Takes little more time for the short texts that most are than to look at them.
 inline std::size_t hash_of_text(std::string_view text) {
-  constexpr std::uint64_t GOLDEN_RATIO = 0x9e3779b97f4a7c15;
   constexpr std::size_t BLOCK = sizeof(std::uint64_t);
   std::uint64_t hash = text.size();
-  const auto mix = [&hash](std::uint64_t bytes) {
-    hash = (hash ^ bytes) * GOLDEN_RATIO;
-    hash ^= hash >> 32U;
-  };
+  const auto mix = [&hash](std::uint64_t bytes) { hash = mixed(hash, bytes); };
   const auto block_at = [text](std::size_t at) {
     std::uint64_t bytes = 0;
     std::memcpy(&bytes, text.data() + at, BLOCK);

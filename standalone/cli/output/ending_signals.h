@@ -5,7 +5,7 @@
 namespace vond::standalone {
 
 /// The signals by which users and systems end a program.
-inline constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM};
+inline constexpr int ENDING_SIGNALS[] = {SIGHUP, SIGINT, SIGTERM, SIGXCPU};
 
 /// While it lives the handlers of ENDING_SIGNALS wait.
 class EndingSignalsHeld {

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "standalone/facts/counts.h"
 #include "standalone/text/messages.h"
 #include "vond/postprocessor/string_interface.h"
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "standalone/facts/counts.h"
 #include "standalone/nodes/node_folding.h"
 #include "standalone/nodes/node_set.h"
 #include "standalone/text/columns.h"
+#include "standalone/text/messages.h"
 #include "standalone/text/text_wrapping.h"
 
 namespace vond::standalone {
@@ -140,7 +140,7 @@ std::string limited_list(const ListLayout& layout, std::size_t count,
 
 std::string limited_list(const ListLayout& layout, const std::vector<std::string>& items) {
   return limited_list(layout, items.size(), [&](std::size_t count) {
-    return join_with({items.begin(), items.begin() + static_cast<std::ptrdiff_t>(count)}, ", ");
+    return join_with(std::span(items).first(count), ", ");
   });
 }
 
