@@ -190,6 +190,21 @@ def add_doubling(table, bench, workload, issues, definitions, target):
                   target if run is runs[0] else "at most 2.2 times")
 
 
+def bench_outputs(bench):
+    """Each output of one run. What is read and collapsed before it is the same for all of them."""
+    report = bench.make_issues("many", bench.size(100_000), bench.size(1_000))
+    outputs = ("text", "brief", "json", "junit", "list", "metrics")
+    commands = [report._replace(arguments=[*report.arguments, "--extension", output])
+                for output in outputs]
+    with Table("Output of many", "time", "beyond brief, an issue", "written",
+               "peak memory") as table:
+        runs = dict(zip(outputs, bench.in_turn(*commands)))
+        for command, (output, run) in zip(commands, runs.items()):
+            alone = (run.cpu_seconds - runs["brief"].cpu_seconds) / bench.size(100_000)
+            table.row(output, duration(run.seconds), f"{alone * 1e6:.1f} µs",
+                      megabytes(bench.output_size(command)), megabytes(run.peak_bytes))
+
+
 def bench_folding(bench):
     """Folding as programs, and without what the programs take to start."""
     nodeset = peer("nodeset", "-f", source="")
@@ -243,7 +258,7 @@ def main():
     bench = Bench(parser.parse_args())
     print(f"Machine: {machine()}.")
     print(f"Medians of {bench.runs} runs in turn; of peers {min(bench.runs, PEER_RUNS)}.")
-    for part in (bench_wide, bench_numbers, bench_issues, bench_folding, bench_start):
+    for part in (bench_wide, bench_numbers, bench_issues, bench_outputs, bench_folding, bench_start):
         part(bench)
 
 

@@ -10,6 +10,7 @@
 #include "standalone/findings/finding_parser.h"
 #include "standalone/patterns/text_marks.h"
 #include "standalone/patterns/word_bytes.h"
+#include "standalone/text/ascii.h"
 #include "standalone/text/views.h"
 
 namespace vond::standalone {
@@ -75,10 +76,10 @@ std::string_view take_node(std::string_view& text) {
 
 /// Takes a row id from the front of `text`, if it is one without a sign and not too long.
 std::optional<int> take_row_id(std::string_view& text) {
+  const std::size_t most_digits = std::min(text.size(), MOST_ROW_ID_DIGITS);
   std::size_t digits = 0;
   int row_id = 0;
-  while (digits < std::min(text.size(), MOST_ROW_ID_DIGITS) && text[digits] >= '0' &&
-         text[digits] <= '9') {
+  while (digits < most_digits && is_digit(text[digits])) {
     row_id = 10 * row_id + (text[digits] - '0');
     ++digits;
   }
