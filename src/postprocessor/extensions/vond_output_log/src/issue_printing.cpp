@@ -2,7 +2,7 @@
 
 #include "issue_block.h"
 #include "vond/extension/node_summaries.h"
-// The parts of the report have a copy of the tables each, made when the library is loaded; that is wanted.
+// Each part of the report has its own copy of the tables; that is wanted.
 #include "vond/vocabulary/tables.h"
 
 using vond::postprocessor::CollapsedAnalysisOutput;
