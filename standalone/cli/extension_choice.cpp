@@ -20,6 +20,7 @@ std::vector<std::filesystem::path> folders() {
 [[noreturn]] void refuse_unknown(const std::string& name) {
   const std::vector<std::string> known = extension_names(folders());
   std::vector<std::string> shown;
+  shown.reserve(known.size());
   for (const std::string& extension : known) {
     shown.push_back(harmless(extension));
   }
@@ -56,6 +57,7 @@ ChosenExtension text_report() {
 
 std::vector<ChosenExtension> choose_extensions(const std::vector<ExtensionRequest>& requests) {
   std::vector<ChosenExtension> chosen;
+  chosen.reserve(requests.size());
   for (const auto& [extension, file] : requests) {
     chosen.push_back({extension, library_of(extension), file});
   }
