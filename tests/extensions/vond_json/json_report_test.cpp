@@ -24,19 +24,19 @@ class JsonReportTest : public testing::Test {
   simdjson::dom::element report_on(vond::test::Data data) {
     const CapturedOutputLog output;
     EXPECT_EQ(vond_json::VondJson(data).run(), 0);
-    text_ = output.text();
-    return parser_.parse(text_);
+    text = output.text();
+    return parser.parse(text);
   }
 
-  simdjson::dom::parser parser_;
-  std::string text_;
+  simdjson::dom::parser parser;
+  std::string text;
 };
 
 TEST_F(JsonReportTest, EveryApprovedReportIsReadBySimdjson) {
   std::size_t reports = 0;
   for (const auto& file : fs::directory_iterator(GOLDEN_FOLDER)) {
     if (file.path().extension() != ".received") {
-      EXPECT_TRUE(bool(parser_.load(file.path().string())["complete"])) << file.path();
+      EXPECT_TRUE(bool(parser.load(file.path().string())["complete"])) << file.path();
       ++reports;
     }
   }
@@ -53,7 +53,7 @@ TEST_F(JsonReportTest, OfAnEmptyRecordHasEveryKey) {
 
 TEST_F(JsonReportTest, EndsInCompleteAndALineEnd) {
   report_on(vond::test::make_record());
-  EXPECT_TRUE(text_.ends_with("\n\"complete\": true}\n"));
+  EXPECT_TRUE(text.ends_with("\n\"complete\": true}\n"));
 }
 
 TEST_F(JsonReportTest, AnIssueThatIsFiledTwiceIsToldOnce) {

@@ -13,12 +13,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using vond::facts::Place;
-using vond::facts::Value;
 using vond::postprocessor::CollapsedAnalysisOutput;
 using vond::standalone::CollapseBy;
 using vond::standalone::Collapser;
 using vond::standalone::RecordIssueFacts;
-using vond::standalone::RecordOptions;
 using vond::standalone::ReportRecord;
 using vond::test::FindingParts;
 using vond::test::make_finding;
@@ -110,6 +108,7 @@ TEST(RecordIssueFacts, TellAllValuesHoweverManyThereAre) {
     texts.push_back("at " + std::to_string(number));
   }
   std::vector<FindingParts> findings;
+  findings.reserve(texts.size());
   for (const std::string& text : texts) {
     findings.push_back({.message = text});
   }
