@@ -99,16 +99,20 @@ void PatternGroup::index(Entry entry) {
 }
 
 void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
-                       std::span<const int> row_ids) {
-  ++findings_;
-  const bool is_usual = nodes.size() == 1 && row_ids.size() <= 1;
-  const Shape shape = !is_usual ? ANY : row_ids.empty() ? ONE_NODE : ONE_NODE_ONE_ROW;
+                       std::span<const int> row_ids, std::uint64_t count) {
+  findings_ += count;
+  const Shape shape = shape_of(nodes.size(), row_ids.size(), count);
   if (findings_data_.empty()) {
     // Most groups of texts without values have one finding.
-    findings_data_.reserve((shape == ANY ? 3 : 1) + nodes.size() + row_ids.size());
+    constexpr std::size_t MOST_NUMBERS = 5;
+    findings_data_.reserve((shape >= ANY ? MOST_NUMBERS : 1) + nodes.size() + row_ids.size());
   }
   findings_data_.push_back(entry << SHAPE_BITS | shape);
-  if (shape == ANY) {
+  if (shape == COUNTED) {
+    findings_data_.push_back(static_cast<std::uint32_t>(count));
+    findings_data_.push_back(static_cast<std::uint32_t>(count >> 32U));
+  }
+  if (shape >= ANY) {
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));
     findings_data_.push_back(static_cast<std::uint32_t>(row_ids.size()));
   }
@@ -120,18 +124,34 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   }
 }
 
+PatternGroup::Shape PatternGroup::shape_of(std::size_t nodes, std::size_t row_ids,
+                                           std::uint64_t count) {
+  if (count != 1) {
+    return COUNTED;
+  }
+  if (nodes != 1 || row_ids > 1) {
+    return ANY;
+  }
+  return row_ids == 0 ? ONE_NODE : ONE_NODE_ONE_ROW;
+}
+
 PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at) {
   const std::uint32_t first = *at++;
   const auto shape = static_cast<Shape>(first & ((1U << SHAPE_BITS) - 1));
   std::size_t nodes = 1;
   std::size_t row_ids = shape == ONE_NODE ? 0 : 1;
-  if (shape == ANY) {
+  std::uint64_t count = 1;
+  if (shape == COUNTED) {
+    count = at[0] | static_cast<std::uint64_t>(at[1]) << 32U;
+    at += 2;
+  }
+  if (shape >= ANY) {
     nodes = *at++;
     row_ids = *at++;
   }
   // A signed number may be read where an unsigned one of its size is stored.
   const auto* const rows = reinterpret_cast<const int*>(at + nodes);
-  const Occurrence occurrence{first >> SHAPE_BITS, {at, nodes}, {rows, row_ids}};
+  const Occurrence occurrence{first >> SHAPE_BITS, {at, nodes}, {rows, row_ids}, count};
   at += nodes + row_ids;
   return occurrence;
 }

@@ -21,6 +21,8 @@ class PatternGroup {
     Entry entry;
     std::span<const std::uint32_t> nodes;
     std::span<const int> row_ids;
+    /// How many findings it stands for.
+    std::uint64_t count;
   };
 
   /// `pattern` is what TextPattern::pattern() gives.
@@ -31,16 +33,18 @@ class PatternGroup {
   /// Throws std::length_error for more entries than 2^30.
   Entry entry_of(std::span<const ValueTable::Id> values, const ValueTable& table);
 
-  /// Adds a finding with these values. If the texts hold NODE, its node is the first of `nodes`,
-  /// which then are that node once or more; else they may be any.
-  void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids);
+  /// Adds a finding with these values, or `count` of them with these nodes and row ids together. If
+  /// the texts hold NODE, its node is the first of `nodes`, which then are that node once or more;
+  /// else they may be any.
+  void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids,
+           std::uint64_t count = 1);
 
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
   std::size_t places() const { return places_; }
   bool has_name() const { return width_ > places_; }
   std::size_t entries() const { return entries_; }
-  std::size_t findings() const { return findings_; }
+  std::uint64_t findings() const { return findings_; }
   ValueTable::Id value(Entry entry, std::size_t column) const {
     return values_[entry * width_ + column];
   }
@@ -68,6 +72,8 @@ class PatternGroup {
     ONE_NODE_ONE_ROW = 1,
     /// The numbers of nodes and of row ids follow, then they.
     ANY = 2,
+    /// The count follows, its low half first, then all as above.
+    COUNTED = 3,
   };
   static constexpr unsigned SHAPE_BITS = 2;
   static constexpr Entry NO_ENTRY = static_cast<Entry>(-1);
@@ -75,6 +81,7 @@ class PatternGroup {
   /// As many entries are looked through without an index.
   static constexpr std::size_t FEW_ENTRIES = 8;
 
+  static Shape shape_of(std::size_t nodes, std::size_t row_ids, std::uint64_t count);
   static Occurrence take_occurrence(const std::uint32_t*& at);
   bool is(Entry entry, std::span<const ValueTable::Id> values) const;
   std::size_t hash_of(Entry entry) const;
@@ -87,7 +94,7 @@ class PatternGroup {
   std::size_t width_;
   std::size_t places_;
   std::size_t entries_ = 0;
-  std::size_t findings_ = 0;
+  std::uint64_t findings_ = 0;
   bool has_value_with_name_ = false;
   Entry last_ = NO_ENTRY;
   /// `width_` for each entry.

@@ -47,7 +47,7 @@ void FindingsByPattern::add(const Finding& finding, std::span<const StringIntern
   const auto [number, entry] = place_of(finding);
   Gathered& group = groups_[number];
   group.severity = std::max(group.severity, finding.wording.severity);
-  group.findings.add(entry, nodes, finding.row_ids);
+  group.findings.add(entry, nodes, finding.row_ids, finding.count);
 }
 
 FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {

@@ -29,6 +29,27 @@ TEST(ValueTable, NumbersValuesAndKeepsThem) {
   EXPECT_EQ(table[19999], "value 19999");
 }
 
+TEST(PatternGroup, KeepsHowManyFindingsEachOneStandsFor) {
+  constexpr std::uint64_t MANY = 9007199254740991;
+  ValueTable table;
+  PatternGroup group("text\x04");
+  const auto entry = group.entry_of({}, table);
+  const std::vector<std::uint32_t> nodes = {7, 8};
+  const std::vector<int> rows = {-1};
+  for (const std::uint64_t count : {std::uint64_t{0}, std::uint64_t{1}, MANY}) {
+    group.add(entry, nodes, rows, count);
+    group.add(entry, std::span(nodes).first(1), {}, count);
+  }
+  std::vector<std::uint64_t> counts;
+  group.for_each([&](const PatternGroup::Occurrence& finding) {
+    counts.push_back(finding.count);
+    EXPECT_EQ(finding.nodes[0], 7U);
+    EXPECT_EQ(finding.nodes.size() + finding.row_ids.size(), counts.size() % 2 == 1 ? 3U : 1U);
+  });
+  EXPECT_EQ(counts, (std::vector<std::uint64_t>{0, 0, 1, 1, MANY, MANY}));
+  EXPECT_EQ(group.findings(), 2 * MANY + 2);
+}
+
 TEST(ValueTable, TakesValuesOfAnyLength) {
   ValueTable table;
   for (const std::size_t size : {0U, 1U, 8000U, 9000U, 70000U, 200000U, 2U, 65000U}) {
