@@ -10,8 +10,8 @@
 namespace vond::standalone {
 namespace {
 
-std::size_t hash_values(std::span<const ValueTable::Id> values) {
-  std::size_t hash = 0;
+std::size_t hash_values(std::span<const ValueTable::Id> values, int severity) {
+  auto hash = static_cast<std::size_t>(severity);
   for (const ValueTable::Id value : values) {
     hash = mixed(hash, value);
   }
@@ -23,51 +23,53 @@ std::size_t hash_values(std::span<const ValueTable::Id> values) {
 PatternGroup::PatternGroup(std::string_view pattern)
     : width_(count_values(pattern)), places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
 
-PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values,
+PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values, int severity,
                                            const ValueTable& table) {
   // The same is often said of node after node.
-  if (last_ == NO_ENTRY || !is(last_, values)) {
-    last_ = find(values);
+  if (last_ == NO_ENTRY || !is(last_, values, severity)) {
+    last_ = find(values, severity);
   }
   if (last_ == NO_ENTRY) {
-    last_ = add_entry(values, table);
+    last_ = add_entry(values, severity, table);
   }
   return last_;
 }
 
-bool PatternGroup::is(Entry entry, std::span<const ValueTable::Id> values) const {
-  return std::equal(values.begin(), values.end(),
-                    values_.begin() + static_cast<std::ptrdiff_t>(entry * width_));
+bool PatternGroup::is(Entry entry, std::span<const ValueTable::Id> values, int severity) const {
+  return this->severity(entry) == severity &&
+         std::equal(values.begin(), values.end(),
+                    cells_.begin() + static_cast<std::ptrdiff_t>(first_cell(entry)));
 }
 
 std::size_t PatternGroup::hash_of(Entry entry) const {
-  return hash_values(std::span(values_).subspan(entry * width_, width_));
+  return hash_values(std::span(cells_).subspan(first_cell(entry), width_), severity(entry));
 }
 
-PatternGroup::Entry PatternGroup::find(std::span<const ValueTable::Id> values) const {
+PatternGroup::Entry PatternGroup::find(std::span<const ValueTable::Id> values, int severity) const {
   if (index_.empty()) {
     for (Entry entry = 0; entry < entries_; ++entry) {
-      if (is(entry, values)) {
+      if (is(entry, values, severity)) {
         return entry;
       }
     }
     return NO_ENTRY;
   }
   const std::size_t last_place = index_.size() - 1;
-  std::size_t place = hash_values(values) & last_place;
-  while (index_[place] != NO_ENTRY && !is(index_[place], values)) {
+  std::size_t place = hash_values(values, severity) & last_place;
+  while (index_[place] != NO_ENTRY && !is(index_[place], values, severity)) {
     place = (place + 1) & last_place;
   }
   return index_[place];
 }
 
-PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> values,
+PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> values, int severity,
                                             const ValueTable& table) {
   if (entries_ == MOST_ENTRIES) {
     throw std::length_error("too many different values");
   }
   const auto entry = static_cast<Entry>(entries_++);
-  values_.insert(values_.end(), values.begin(), values.end());
+  cells_.insert(cells_.end(), values.begin(), values.end());
+  cells_.push_back(static_cast<std::uint32_t>(severity));
   const auto places = values.first(places_);
   has_value_with_name_ =
       has_value_with_name_ || std::any_of(places.begin(), places.end(), [&table](auto value) {
@@ -158,7 +160,7 @@ PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at)
 
 void PatternGroup::settle() {
   index_ = {};
-  values_.shrink_to_fit();
+  cells_.shrink_to_fit();
   findings_data_.shrink_to_fit();
 }
 

@@ -343,6 +343,7 @@ TEST(CollapseByPattern, AFindingWithACountIsAsManyFindings) {
 /// Who said a text where: type, id, severity, definitions, message, remedy.
 using Said = std::tuple<TypeCode, std::string, int, std::set<std::string>, Strings>;
 struct Places {
+  std::uint64_t count = 0;
   std::set<std::string> nodes;
   std::set<int> row_ids;
   bool operator==(const Places&) const = default;
@@ -356,6 +357,7 @@ std::map<Said, Places> what_was_said(const Findings& findings) {
                            finding.severity,
                            {finding.definitions.begin(), finding.definitions.end()},
                            {std::string(finding.message), std::string(finding.remedy)}}];
+    places.count += finding.count;
     places.nodes.insert(finding.nodes.begin(), finding.nodes.end());
     places.row_ids.insert(finding.row_ids.begin(), finding.row_ids.end());
   }
@@ -372,9 +374,10 @@ std::map<Said, Places> what_issues_say(const Findings& findings) {
       // A text that another issue says too would hide what this one says.
       Places& places = said[{issue.type,
                              issue.id,
-                             issue.severity,
+                             original.severity,
                              {issue.definitions.begin(), issue.definitions.end()},
                              original.texts}];
+      places.count += original.count;
       for (const auto node : original.nodes) {
         places.nodes.emplace(name(node));
       }
@@ -384,10 +387,15 @@ std::map<Said, Places> what_issues_say(const Findings& findings) {
   return said;
 }
 
-TEST(CollapseByPattern, IssuesGiveBackEveryTextWithItsNodesAndRowIds) {
+TEST(CollapseByPattern, IssuesGiveBackEveryTextWithItsSeverityCountNodesAndRowIds) {
   FindingSource source(11);
   for (int round = 0; round < 50; ++round) {
-    const Findings findings = source.draw(60, TEXTS_WITH_VALUES);
+    Findings findings = source.draw(60, TEXTS_WITH_VALUES);
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+      // Another severity of the same band.
+      findings[i].severity -= static_cast<int>(i % 3);
+      findings[i].count = i % 4;
+    }
     ASSERT_EQ(what_issues_say(findings), what_was_said(findings)) << "round " << round;
   }
 }
