@@ -100,7 +100,8 @@ std::string json_line(const Finding& finding) {
          member("message", json_string(message)) + member("remedy", json_string(remedy)) +
          member("nodes", json_nodes(finding.nodes)) + member("row_ids", json_array(row_ids)) +
          member("definitions", json_strings(definitions)) +
-         member("based_on", json_strings(based_on)) + "}";
+         member("based_on", json_strings(based_on)) +
+         member("count", std::to_string(finding.count)) + "}";
 }
 
 /// Writes down what is read, a line of findings for every usable line of input.

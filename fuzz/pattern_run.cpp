@@ -46,7 +46,7 @@ void PatternRun::add(const PatternFinding& finding) {
   }
   PatternGroup& group =
       groups_.try_emplace(std::string(pattern.pattern()), pattern.pattern()).first->second;
-  group.add(group.entry_of(values, table_), nodes, std::vector<int>{finding.row_id});
+  group.add(group.entry_of(values, 0, table_), nodes, std::vector<int>{finding.row_id});
 }
 
 std::uint32_t PatternRun::node_id(const std::string& name) {

@@ -21,6 +21,7 @@ enum class FindingKey {
   ROW_IDS,
   DEFINITIONS,
   BASED_ON,
+  COUNT,
   // The last one: a key of its own line.
   EXAMINED,
 };
@@ -28,7 +29,7 @@ enum class FindingKey {
 /// How findings spell the keys, in the order of FindingKey.
 inline constexpr std::array<std::string_view, static_cast<std::size_t>(FindingKey::EXAMINED) + 1>
     FINDING_KEY_NAMES = {"id",    "severity", "type",        "category", "message", "remedy",
-                         "nodes", "row_ids",  "definitions", "based_on", "examined"};
+                         "nodes", "row_ids",  "definitions", "based_on", "count",   "examined"};
 
 static_assert(std::none_of(FINDING_KEY_NAMES.begin(), FINDING_KEY_NAMES.end(),
                            [](std::string_view name) { return name.empty(); }),

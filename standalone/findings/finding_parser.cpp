@@ -27,6 +27,10 @@ namespace ondemand = simdjson::ondemand;
 
 const Finding EMPTY_FINDING;
 
+/// All whole numbers up to it are safe with every reader of JSON, and sums of some thousand of them
+/// with ours.
+constexpr std::uint64_t MOST_FINDINGS = 9'007'199'254'740'991;
+
 bool is_too_deep(std::string_view path) {
   // Most names are too short to be that deep, and need not be looked at.
   return path.size() > std::size_t{2} * MAX_DEFINITION_DEPTH &&
@@ -60,7 +64,8 @@ void FindingParser::parse(std::string_view line, std::string_view label) {
 /// Gives the finding whose object starts at `object` what it has from elsewhere.
 void FindingParser::complete_finding(const char* object) {
   keys_.require_those_of_a_finding(object);
-  if (!label_.empty() && !keys_.has(FindingKey::NODES)) {
+  // What stands for several findings comes from no node.
+  if (!label_.empty() && !keys_.has(FindingKey::NODES) && !keys_.has(FindingKey::COUNT)) {
     nodes_.read_label(label_, finding_.nodes);
   }
 }
@@ -133,6 +138,8 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
       return read_definitions(value);
     case FindingKey::BASED_ON:
       return read_based_on(value);
+    case FindingKey::COUNT:
+      return read_count(value);
     case FindingKey::EXAMINED:
       return read_examined(value);
   }
@@ -214,6 +221,16 @@ void FindingParser::read_based_on(ondemand::value& value) {
     const ValueName name{key, finding_.wording.based_on.size()};
     finding_.wording.based_on.push_back(strings_.read_not_empty(checked(result), name));
   }
+}
+
+void FindingParser::read_count(ondemand::value& value) {
+  const std::string_view source = source_of(value);
+  std::uint64_t count = 0;
+  if (value.get_uint64().get(count) != simdjson::SUCCESS || count > MOST_FINDINGS) {
+    refuse(source, {name_of(FindingKey::COUNT)},
+           "a whole number from 0 to " + std::to_string(MOST_FINDINGS));
+  }
+  finding_.count = count;
 }
 
 /// Behind a label a check need not know where it is.

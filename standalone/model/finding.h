@@ -16,6 +16,8 @@ struct Finding {
   /// In input order; a name may stand more than once.
   std::vector<std::string_view> nodes;
   std::vector<int> row_ids;
+  /// How many findings it stands for. 0 is more of a finding that has a count already.
+  std::uint64_t count = 1;
   /// Findings of one reader that have the same number, unless it is UNKNOWN_WORDING, have the same
   /// wording. Readers do not know of each other's numbers.
   std::uint64_t wording_number = UNKNOWN_WORDING;

@@ -10,8 +10,8 @@
 namespace vond::standalone {
 namespace {
 
-std::size_t hash_values(std::span<const ValueTable::Id> values) {
-  std::size_t hash = 0;
+std::size_t hash_values(std::span<const ValueTable::Id> values, int severity) {
+  auto hash = static_cast<std::size_t>(severity);
   for (const ValueTable::Id value : values) {
     hash = mixed(hash, value);
   }
@@ -23,51 +23,53 @@ std::size_t hash_values(std::span<const ValueTable::Id> values) {
 PatternGroup::PatternGroup(std::string_view pattern)
     : width_(count_values(pattern)), places_(width_ - (names_own_node(pattern) ? 1 : 0)) {}
 
-PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values,
+PatternGroup::Entry PatternGroup::entry_of(std::span<const ValueTable::Id> values, int severity,
                                            const ValueTable& table) {
   // The same is often said of node after node.
-  if (last_ == NO_ENTRY || !is(last_, values)) {
-    last_ = find(values);
+  if (last_ == NO_ENTRY || !is(last_, values, severity)) {
+    last_ = find(values, severity);
   }
   if (last_ == NO_ENTRY) {
-    last_ = add_entry(values, table);
+    last_ = add_entry(values, severity, table);
   }
   return last_;
 }
 
-bool PatternGroup::is(Entry entry, std::span<const ValueTable::Id> values) const {
-  return std::equal(values.begin(), values.end(),
-                    values_.begin() + static_cast<std::ptrdiff_t>(entry * width_));
+bool PatternGroup::is(Entry entry, std::span<const ValueTable::Id> values, int severity) const {
+  return this->severity(entry) == severity &&
+         std::equal(values.begin(), values.end(),
+                    cells_.begin() + static_cast<std::ptrdiff_t>(first_cell(entry)));
 }
 
 std::size_t PatternGroup::hash_of(Entry entry) const {
-  return hash_values(std::span(values_).subspan(entry * width_, width_));
+  return hash_values(std::span(cells_).subspan(first_cell(entry), width_), severity(entry));
 }
 
-PatternGroup::Entry PatternGroup::find(std::span<const ValueTable::Id> values) const {
+PatternGroup::Entry PatternGroup::find(std::span<const ValueTable::Id> values, int severity) const {
   if (index_.empty()) {
     for (Entry entry = 0; entry < entries_; ++entry) {
-      if (is(entry, values)) {
+      if (is(entry, values, severity)) {
         return entry;
       }
     }
     return NO_ENTRY;
   }
   const std::size_t last_place = index_.size() - 1;
-  std::size_t place = hash_values(values) & last_place;
-  while (index_[place] != NO_ENTRY && !is(index_[place], values)) {
+  std::size_t place = hash_values(values, severity) & last_place;
+  while (index_[place] != NO_ENTRY && !is(index_[place], values, severity)) {
     place = (place + 1) & last_place;
   }
   return index_[place];
 }
 
-PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> values,
+PatternGroup::Entry PatternGroup::add_entry(std::span<const ValueTable::Id> values, int severity,
                                             const ValueTable& table) {
   if (entries_ == MOST_ENTRIES) {
     throw std::length_error("too many different values");
   }
   const auto entry = static_cast<Entry>(entries_++);
-  values_.insert(values_.end(), values.begin(), values.end());
+  cells_.insert(cells_.end(), values.begin(), values.end());
+  cells_.push_back(static_cast<std::uint32_t>(severity));
   const auto places = values.first(places_);
   has_value_with_name_ =
       has_value_with_name_ || std::any_of(places.begin(), places.end(), [&table](auto value) {
@@ -99,16 +101,20 @@ void PatternGroup::index(Entry entry) {
 }
 
 void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
-                       std::span<const int> row_ids) {
-  ++findings_;
-  const bool is_usual = nodes.size() == 1 && row_ids.size() <= 1;
-  const Shape shape = !is_usual ? ANY : row_ids.empty() ? ONE_NODE : ONE_NODE_ONE_ROW;
+                       std::span<const int> row_ids, std::uint64_t count) {
+  findings_ += count;
+  const Shape shape = shape_of(nodes.size(), row_ids.size(), count);
   if (findings_data_.empty()) {
     // Most groups of texts without values have one finding.
-    findings_data_.reserve((shape == ANY ? 3 : 1) + nodes.size() + row_ids.size());
+    constexpr std::size_t MOST_NUMBERS = 5;
+    findings_data_.reserve((shape >= ANY ? MOST_NUMBERS : 1) + nodes.size() + row_ids.size());
   }
   findings_data_.push_back(entry << SHAPE_BITS | shape);
-  if (shape == ANY) {
+  if (shape == COUNTED) {
+    findings_data_.push_back(static_cast<std::uint32_t>(count));
+    findings_data_.push_back(static_cast<std::uint32_t>(count >> 32U));
+  }
+  if (shape >= ANY) {
     findings_data_.push_back(static_cast<std::uint32_t>(nodes.size()));
     findings_data_.push_back(static_cast<std::uint32_t>(row_ids.size()));
   }
@@ -120,25 +126,41 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   }
 }
 
+PatternGroup::Shape PatternGroup::shape_of(std::size_t nodes, std::size_t row_ids,
+                                           std::uint64_t count) {
+  if (count != 1) {
+    return COUNTED;
+  }
+  if (nodes != 1 || row_ids > 1) {
+    return ANY;
+  }
+  return row_ids == 0 ? ONE_NODE : ONE_NODE_ONE_ROW;
+}
+
 PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at) {
   const std::uint32_t first = *at++;
   const auto shape = static_cast<Shape>(first & ((1U << SHAPE_BITS) - 1));
   std::size_t nodes = 1;
   std::size_t row_ids = shape == ONE_NODE ? 0 : 1;
-  if (shape == ANY) {
+  std::uint64_t count = 1;
+  if (shape == COUNTED) {
+    count = at[0] | static_cast<std::uint64_t>(at[1]) << 32U;
+    at += 2;
+  }
+  if (shape >= ANY) {
     nodes = *at++;
     row_ids = *at++;
   }
   // A signed number may be read where an unsigned one of its size is stored.
   const auto* const rows = reinterpret_cast<const int*>(at + nodes);
-  const Occurrence occurrence{first >> SHAPE_BITS, {at, nodes}, {rows, row_ids}};
+  const Occurrence occurrence{first >> SHAPE_BITS, {at, nodes}, {rows, row_ids}, count};
   at += nodes + row_ids;
   return occurrence;
 }
 
 void PatternGroup::settle() {
   index_ = {};
-  values_.shrink_to_fit();
+  cells_.shrink_to_fit();
   findings_data_.shrink_to_fit();
 }
 

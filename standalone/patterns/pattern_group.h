@@ -10,8 +10,8 @@
 
 namespace vond::standalone {
 
-/// The findings of one pattern: the values, nodes and row ids of each, and nothing twice. Findings
-/// with the same values share one entry.
+/// The findings of one pattern: the values, severity, nodes and row ids of each, and nothing twice.
+/// Findings with the same values and severity share one entry.
 class PatternGroup {
  public:
   using Entry = std::uint32_t;
@@ -21,29 +21,34 @@ class PatternGroup {
     Entry entry;
     std::span<const std::uint32_t> nodes;
     std::span<const int> row_ids;
+    /// How many findings it stands for.
+    std::uint64_t count;
   };
 
   /// `pattern` is what TextPattern::pattern() gives.
   explicit PatternGroup(std::string_view pattern);
 
-  /// Returns the entry of the values that TextPattern::values() gives, which are `table`'s, one for
-  /// each. All calls for a group take the same table.
+  /// Returns the entry of a severity and the values that TextPattern::values() gives, which are
+  /// `table`'s, one for each. All calls for a group take the same table.
   /// Throws std::length_error for more entries than 2^30.
-  Entry entry_of(std::span<const ValueTable::Id> values, const ValueTable& table);
+  Entry entry_of(std::span<const ValueTable::Id> values, int severity, const ValueTable& table);
 
-  /// Adds a finding with these values. If the texts hold NODE, its node is the first of `nodes`,
-  /// which then are that node once or more; else they may be any.
-  void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids);
+  /// Adds a finding with these values, or `count` of them with these nodes and row ids together. If
+  /// the texts hold NODE, its node is the first of `nodes`, which then are that node once or more;
+  /// else they may be any.
+  void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids,
+           std::uint64_t count = 1);
 
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
   std::size_t places() const { return places_; }
   bool has_name() const { return width_ > places_; }
   std::size_t entries() const { return entries_; }
-  std::size_t findings() const { return findings_; }
+  std::uint64_t findings() const { return findings_; }
   ValueTable::Id value(Entry entry, std::size_t column) const {
-    return values_[entry * width_ + column];
+    return cells_[first_cell(entry) + column];
   }
+  int severity(Entry entry) const { return static_cast<int>(value(entry, width_)); }
   /// Whether NODE stands in one of the places.
   bool has_value_with_name() const { return has_value_with_name_; }
 
@@ -68,6 +73,8 @@ class PatternGroup {
     ONE_NODE_ONE_ROW = 1,
     /// The numbers of nodes and of row ids follow, then they.
     ANY = 2,
+    /// The count follows, its low half first, then all as above.
+    COUNTED = 3,
   };
   static constexpr unsigned SHAPE_BITS = 2;
   static constexpr Entry NO_ENTRY = static_cast<Entry>(-1);
@@ -75,11 +82,13 @@ class PatternGroup {
   /// As many entries are looked through without an index.
   static constexpr std::size_t FEW_ENTRIES = 8;
 
+  static Shape shape_of(std::size_t nodes, std::size_t row_ids, std::uint64_t count);
   static Occurrence take_occurrence(const std::uint32_t*& at);
-  bool is(Entry entry, std::span<const ValueTable::Id> values) const;
+  std::size_t first_cell(Entry entry) const { return entry * (width_ + 1); }
+  bool is(Entry entry, std::span<const ValueTable::Id> values, int severity) const;
   std::size_t hash_of(Entry entry) const;
-  Entry find(std::span<const ValueTable::Id> values) const;
-  Entry add_entry(std::span<const ValueTable::Id> values, const ValueTable& table);
+  Entry find(std::span<const ValueTable::Id> values, int severity) const;
+  Entry add_entry(std::span<const ValueTable::Id> values, int severity, const ValueTable& table);
   void index_all(std::size_t size);
   void index(Entry entry);
 
@@ -87,11 +96,11 @@ class PatternGroup {
   std::size_t width_;
   std::size_t places_;
   std::size_t entries_ = 0;
-  std::size_t findings_ = 0;
+  std::uint64_t findings_ = 0;
   bool has_value_with_name_ = false;
   Entry last_ = NO_ENTRY;
-  /// `width_` for each entry.
-  std::vector<ValueTable::Id> values_;
+  /// For each entry its values and its severity.
+  std::vector<std::uint32_t> cells_;
   std::vector<std::uint32_t> findings_data_;
   /// By hash: linear probing, a power of two in size; empty while there are few entries.
   std::vector<Entry> index_;

@@ -179,7 +179,7 @@ void PatternIssue::merge(PatternIssue other) {
 }
 
 std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) const {
-  std::map<std::vector<std::string>, OriginalTexts> originals;
+  std::map<std::pair<std::vector<std::string>, int>, OriginalTexts> originals;
   for (const Part& part : parts_) {
     // An entry with NODE is a text for each node.
     std::map<std::pair<PatternGroup::Entry, std::uint32_t>, OriginalTexts*> known;
@@ -189,18 +189,21 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
       OriginalTexts*& original = known[{finding.entry, node}];
       if (original == nullptr) {
         original =
-            &originals[original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
-                                      has_name ? node_names(node) : std::string_view())];
+            &originals[{original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
+                                       has_name ? node_names(node) : std::string_view()),
+                        part.group.severity(finding.entry)}];
       }
+      original->count += finding.count;
       append(original->nodes, finding.nodes);
       append(original->row_ids, finding.row_ids);
     });
   }
   std::vector<OriginalTexts> sorted;
-  for (auto& [texts, original] : originals) {
+  for (auto& [said, original] : originals) {
     sort_unique(original.nodes);
     sort_unique(original.row_ids);
-    sorted.push_back({texts, std::move(original.nodes), std::move(original.row_ids)});
+    sorted.push_back({said.first, said.second, original.count, std::move(original.nodes),
+                      std::move(original.row_ids)});
   }
   return sorted;
 }

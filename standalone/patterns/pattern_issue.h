@@ -12,10 +12,13 @@
 
 namespace vond::standalone {
 
-/// A text that findings gave, all of its findings together.
+/// What findings said in the same words and with the same severity, all of them together.
 struct OriginalTexts {
   /// As many as TextPattern::read() was given.
   std::vector<std::string> texts;
+  int severity = 0;
+  /// How many findings said it.
+  std::uint64_t count = 0;
   /// Sorted, each once.
   std::vector<std::uint32_t> nodes;
   /// Sorted, each once.
@@ -48,8 +51,8 @@ class PatternIssue {
   /// not depend on what it was made of in which order.
   void merge(PatternIssue other);
 
-  /// Returns the texts that the findings came with, sorted by the texts, each once, with all nodes
-  /// and row ids that came with it.
+  /// Returns the texts and severities that the findings came with, sorted by both, each pair once,
+  /// with all nodes and row ids that came with it.
   std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
 
   /// Calls `visit` with every PatternGroup::Occurrence. Entries of different groups may have the

@@ -55,9 +55,9 @@ std::vector<PlaceValue> PatternSummaries::values_at(const PatternIssue& issue, s
     values.push_back({text, 0, {}});
   }
   std::vector<std::size_t> nodes_of_value(texts_.size());
-  for_each_finding(issue, [&](std::uint32_t number, std::span<const std::uint32_t> nodes) {
-    ++values[number].findings;
-    nodes_of_value[number] += nodes.size();
+  for_each_finding(issue, [&](std::uint32_t number, const PatternGroup::Occurrence& finding) {
+    values[number].findings += finding.count;
+    nodes_of_value[number] += finding.nodes.size();
   });
   share_out_nodes(issue, nodes_of_value);
   const std::uint32_t* begin = nodes_.data();
@@ -73,9 +73,9 @@ void PatternSummaries::share_out_nodes(const PatternIssue& issue,
   std::vector<std::size_t> next(nodes_of_value.size());
   std::exclusive_scan(nodes_of_value.begin(), nodes_of_value.end(), next.begin(), std::size_t{0});
   nodes_.resize(std::accumulate(nodes_of_value.begin(), nodes_of_value.end(), std::size_t{0}));
-  for_each_finding(issue, [&](std::uint32_t number, std::span<const std::uint32_t> nodes) {
-    std::copy(nodes.begin(), nodes.end(), nodes_.data() + next[number]);
-    next[number] += nodes.size();
+  for_each_finding(issue, [&](std::uint32_t number, const PatternGroup::Occurrence& finding) {
+    std::copy(finding.nodes.begin(), finding.nodes.end(), nodes_.data() + next[number]);
+    next[number] += finding.nodes.size();
   });
 }
 
@@ -84,7 +84,7 @@ void PatternSummaries::for_each_finding(const PatternIssue& issue, Visit visit) 
   std::size_t first_entry = 0;
   for (const auto& part : issue.parts_) {
     part.group.for_each([&](const PatternGroup::Occurrence& finding) {
-      visit(entry_numbers_[first_entry + finding.entry], finding.nodes);
+      visit(entry_numbers_[first_entry + finding.entry], finding);
     });
     first_entry += part.group.entries();
   }

@@ -37,7 +37,7 @@ class PatternSummaries {
   std::string_view shown(ValueTable::Id value, std::uint32_t only_node);
   void number_entries(const PatternIssue::Part& part, const PatternIssue::OpenPlace& place);
   std::uint32_t number_of(std::string_view text);
-  /// Calls `visit` with the number of each finding's value and its nodes.
+  /// Calls `visit` with the number of each finding's value and the PatternGroup::Occurrence.
   template <typename Visit>
   void for_each_finding(const PatternIssue& issue, Visit visit) const;
   /// Puts the nodes of each value together, value by value.

@@ -14,8 +14,8 @@ namespace vond::standalone {
 struct PlaceValue {
   /// As people see it.
   std::string_view text;
-  /// With this value, at least 1.
-  std::size_t findings = 0;
+  /// With this value.
+  std::uint64_t findings = 0;
   /// Numbers of the nodes that they name; a node may stand more than once.
   std::span<const std::uint32_t> nodes;
 };

@@ -69,13 +69,15 @@ std::vector<std::size_t> farthest_of(const std::vector<CountedNumber>& sorted, s
 }  // namespace
 
 std::size_t quartile(const std::vector<CountedNumber>& sorted, std::size_t quarters) {
-  std::size_t total = 0;
+  std::uint64_t total = 0;
   for (const auto& [number, count] : sorted) {
     total += count;
   }
-  const std::size_t wanted = quarters * (total - 1) / 4;
+  const std::uint64_t last = total == 0 ? 0 : total - 1;
+  const std::uint64_t wanted = last / 4 * quarters + last % 4 * quarters / 4;
   std::size_t place = 0;
-  for (std::size_t before = sorted[0].count; before <= wanted; before += sorted[place].count) {
+  for (std::uint64_t before = sorted[0].count; before <= wanted && place + 1 < sorted.size();
+       before += sorted[place].count) {
     ++place;
   }
   return place;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "standalone/patterns/decimal.h"
@@ -10,11 +11,11 @@ namespace vond::standalone {
 /// A number and how often it was found.
 struct CountedNumber {
   const Decimal* number;
-  std::size_t count;
+  std::uint64_t count;
 };
 
 /// Returns the place of the element at floor((n-1) * quarters / 4) of all that was found, n numbers
-/// in the order of `sorted`.
+/// in the order of `sorted`; the first place when nothing was counted.
 std::size_t quartile(const std::vector<CountedNumber>& sorted, std::size_t quarters);
 
 /// Returns the places of up to `most` numbers that are more than three interquartile ranges below

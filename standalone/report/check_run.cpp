@@ -23,7 +23,7 @@ class CheckRunReading : private FindingsSink {
  private:
   void finding(const Finding& finding) override {
     collapser_.add(finding);
-    findings_without_definition_ += finding.wording.definitions.empty() ? 1 : 0;
+    findings_without_definition_ += finding.wording.definitions.empty() ? finding.count : 0;
     progress_.advance(reader_.bytes_read(), collapser_.findings());
   }
 

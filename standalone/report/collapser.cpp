@@ -24,7 +24,7 @@ void sort_row_ids(std::vector<CollapsedIssue>& issues) {
 Collapser::Collapser(CollapseBy collapse_by) : collapse_by_(collapse_by) {}
 
 void Collapser::add(const Finding& finding) {
-  ++findings_;
+  findings_ += finding.count;
   nodes_.clear();
   for (const std::string_view node : finding.nodes) {
     nodes_.push_back(node_names_.id_of(node));

@@ -47,7 +47,7 @@ void FindingsByPattern::add(const Finding& finding, std::span<const StringIntern
   const auto [number, entry] = place_of(finding);
   Gathered& group = groups_[number];
   group.severity = std::max(group.severity, finding.wording.severity);
-  group.findings.add(entry, nodes, finding.row_ids);
+  group.findings.add(entry, nodes, finding.row_ids, finding.count);
 }
 
 FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {
@@ -57,7 +57,7 @@ FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {
 
 FindingsByPattern::Place FindingsByPattern::place_of_pattern(const Finding& finding) {
   if (const auto* const group = known_patterns_.find(finding.pattern_number)) {
-    return {*group, entry_of(*group, finding.values)};
+    return {*group, entry_of(*group, finding.wording.severity, finding.values)};
   }
   const Place place = read_place(finding, own_node(finding.nodes));
   known_patterns_.remember(finding.pattern_number, place.group);
@@ -94,16 +94,16 @@ FindingsByPattern::Place FindingsByPattern::read_place(const Finding& finding,
   if (number == groups_.size()) {
     groups_.push_back({PatternGroup(text_.pattern()), 0});
   }
-  return {number, entry_of(number, text_.values())};
+  return {number, entry_of(number, finding.wording.severity, text_.values())};
 }
 
-PatternGroup::Entry FindingsByPattern::entry_of(WordingTable::Number group,
+PatternGroup::Entry FindingsByPattern::entry_of(WordingTable::Number group, int severity,
                                                 std::span<const std::string_view> values) {
   value_ids_.clear();
   for (const std::string_view value : values) {
     value_ids_.push_back(values_.id_of(value));
   }
-  return groups_[group].findings.entry_of(value_ids_, values_);
+  return groups_[group].findings.entry_of(value_ids_, severity, values_);
 }
 
 std::vector<CollapsedIssue> FindingsByPattern::finish(const StringInterner& node_names) {

@@ -49,7 +49,7 @@ class FindingsByPattern {
   Place place_of_pattern(const Finding& finding);
   Place place_of_wording(const Finding& finding);
   Place read_place(const Finding& finding, std::string_view own_node);
-  PatternGroup::Entry entry_of(WordingTable::Number group,
+  PatternGroup::Entry entry_of(WordingTable::Number group, int severity,
                                std::span<const std::string_view> values);
   std::vector<CollapsedIssue> take_joined(const NodeNames& node_names);
 

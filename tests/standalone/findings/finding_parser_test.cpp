@@ -59,7 +59,7 @@ std::string fault_of(const std::string& text) {
 const std::string FULL_LINE =
     R"({"id": "i", "severity": 80, "type": "diagnosis", "category": "c", "message": "m", )"
     R"("remedy": "r", "nodes": ["n1", "n[2-3]"], "row_ids": [3, -4], "definitions": ["d", "e"], )"
-    R"("based_on": ["x", "y"], "unknown": 1, "x-note": 2})";
+    R"("based_on": ["x", "y"], "count": 7, "unknown": 1, "x-note": 2})";
 const Wording FULL_WORDING = {DIAGNOSES, "i", 80, {"m", "r", "c"}, {"d", "e"}, {"x", "y"}};
 
 TEST(FindingParser, ReadsEveryKey) {
@@ -67,10 +67,12 @@ TEST(FindingParser, ReadsEveryKey) {
   const Line line(FULL_LINE);
   parser.parse(line.text());
   EXPECT_EQ(parser.kind(), FindingParser::Kind::FINDING);
-  const auto& [wording, nodes, row_ids, wording_number, pattern_number, values] = parser.finding();
+  const auto& [wording, nodes, row_ids, count, wording_number, pattern_number, values] =
+      parser.finding();
   EXPECT_EQ(wording, FULL_WORDING);
   EXPECT_EQ(nodes, (Views{"n1", "n2", "n3"}));
   EXPECT_EQ(row_ids, (std::vector<int>{3, -4}));
+  EXPECT_EQ(count, 7U);
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
   EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
   EXPECT_TRUE(values.empty());
@@ -82,14 +84,47 @@ TEST(FindingParser, ForgetsEverythingThatTheLineBeforeTold) {
   const Line least(R"({"id":"a","severity":1})");
   parser.parse(full.text());
   parser.parse(least.text());
-  const auto& [wording, nodes, row_ids, wording_number, pattern_number, values] = parser.finding();
+  const auto& [wording, nodes, row_ids, count, wording_number, pattern_number, values] =
+      parser.finding();
   EXPECT_EQ(wording, (Wording{OBSERVATIONS, "a", 1, {}, {}, {}}));
   EXPECT_TRUE(nodes.empty());
   EXPECT_TRUE(row_ids.empty());
+  EXPECT_EQ(count, 1U);
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
   EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
   EXPECT_TRUE(values.empty());
   EXPECT_TRUE(parser.unknown_keys().empty());
+}
+
+TEST(FindingParser, ReadsHowManyFindingsALineStandsFor) {
+  FindingParser parser(false);
+  const auto count_in = [&parser](const std::string& count) {
+    const Line line(R"({"id":"a","severity":1,"count":)" + count + "}");
+    parser.parse(line.text());
+    return parser.finding().count;
+  };
+  EXPECT_EQ(count_in("0"), 0U);
+  EXPECT_EQ(count_in("400000"), 400000U);
+  EXPECT_EQ(count_in("9007199254740991"), 9007199254740991U);
+  EXPECT_EQ(count_in("null"), 1U);
+}
+
+TEST(FindingParser, RefusesACountThatIsNone) {
+  for (const char* count : {"-1", "1.5", "9007199254740992", "\"1\"", "true"}) {
+    EXPECT_EQ(fault_of(R"({"id":"a","severity":1,"count":)" + std::string(count) + "}"),
+              "31: count is " + std::string(count) +
+                  ", expected a whole number from 0 to 9007199254740991");
+  }
+}
+
+TEST(FindingParser, ALabelIsNotTheNodeOfALineWithACount) {
+  FindingParser parser(false);
+  const Line counted(R"({"id":"a","severity":1,"count":1})");
+  parser.parse(counted.text(), "gateway1");
+  EXPECT_TRUE(parser.finding().nodes.empty());
+  const Line plain(R"({"id":"a","severity":1,"count":null})");
+  parser.parse(plain.text(), "gateway1");
+  EXPECT_EQ(parser.finding().nodes, Views{"gateway1"});
 }
 
 TEST(FindingParser, ReadsTheNextLineAfterOneThatCannotBeUsed) {

@@ -29,6 +29,41 @@ TEST(ValueTable, NumbersValuesAndKeepsThem) {
   EXPECT_EQ(table[19999], "value 19999");
 }
 
+TEST(PatternGroup, KeepsSeveritiesApart) {
+  ValueTable table;
+  PatternGroup group("text\x04");
+  std::vector<PatternGroup::Entry> entries;
+  for (int severity = 0; severity <= 100; ++severity) {
+    entries.push_back(group.entry_of({}, severity, table));
+  }
+  for (int severity = 0; severity <= 100; ++severity) {
+    EXPECT_EQ(group.entry_of({}, severity, table), entries[static_cast<std::size_t>(severity)]);
+    EXPECT_EQ(group.severity(entries[static_cast<std::size_t>(severity)]), severity);
+  }
+  EXPECT_EQ(group.entries(), 101U);
+}
+
+TEST(PatternGroup, KeepsHowManyFindingsEachOneStandsFor) {
+  constexpr std::uint64_t MANY = 9007199254740991;
+  ValueTable table;
+  PatternGroup group("text\x04");
+  const auto entry = group.entry_of({}, 0, table);
+  const std::vector<std::uint32_t> nodes = {7, 8};
+  const std::vector<int> rows = {-1};
+  for (const std::uint64_t count : {std::uint64_t{0}, std::uint64_t{1}, MANY}) {
+    group.add(entry, nodes, rows, count);
+    group.add(entry, std::span(nodes).first(1), {}, count);
+  }
+  std::vector<std::uint64_t> counts;
+  group.for_each([&](const PatternGroup::Occurrence& finding) {
+    counts.push_back(finding.count);
+    EXPECT_EQ(finding.nodes[0], 7U);
+    EXPECT_EQ(finding.nodes.size() + finding.row_ids.size(), counts.size() % 2 == 1 ? 3U : 1U);
+  });
+  EXPECT_EQ(counts, (std::vector<std::uint64_t>{0, 0, 1, 1, MANY, MANY}));
+  EXPECT_EQ(group.findings(), 2 * MANY + 2);
+}
+
 TEST(ValueTable, TakesValuesOfAnyLength) {
   ValueTable table;
   for (const std::size_t size : {0U, 1U, 8000U, 9000U, 70000U, 200000U, 2U, 65000U}) {
@@ -58,7 +93,7 @@ TEST(PatternGroup, HasOneEntryForTheSameValues) {
   PatternGroup group = group_of(2);
   for (int round = 0; round < 2; ++round) {
     for (std::uint32_t i = 0; i < 10000; ++i) {
-      ASSERT_EQ(group.entry_of(std::vector<ValueTable::Id>{i / 100, i % 100}, table), i);
+      ASSERT_EQ(group.entry_of(std::vector<ValueTable::Id>{i / 100, i % 100}, 0, table), i);
     }
   }
   EXPECT_EQ(group.entries(), 10000U);
@@ -69,8 +104,8 @@ TEST(PatternGroup, HasOneEntryForTheSameValues) {
 TEST(PatternGroup, HasOneEntryForTextsWithoutValues) {
   ValueTable table;
   PatternGroup group = group_of(0);
-  EXPECT_EQ(group.entry_of({}, table), 0U);
-  EXPECT_EQ(group.entry_of({}, table), 0U);
+  EXPECT_EQ(group.entry_of({}, 0, table), 0U);
+  EXPECT_EQ(group.entry_of({}, 0, table), 0U);
   EXPECT_EQ(group.entries(), 1U);
 }
 
@@ -84,7 +119,7 @@ TEST(PatternGroup, KnowsWhetherValuesHoldTheOwnNode) {
     for (const std::string_view value : pattern.values()) {
       values.push_back(table.id_of(value));
     }
-    group.entry_of(values, table);
+    group.entry_of(values, 0, table);
     return group;
   };
   EXPECT_TRUE(group_with("cn1 5").has_name());
@@ -102,7 +137,7 @@ TEST(PatternGroup, KeepsNodesAndRowsOfEveryFinding) {
   const std::vector<std::vector<int>> row_ids = {{}, {-1}, {least}, {3, 2, 2147483647}};
   ValueTable table;
   PatternGroup group = group_of(0);
-  const auto entry = group.entry_of({}, table);
+  const auto entry = group.entry_of({}, 0, table);
   for (const auto& some_nodes : nodes) {
     for (const auto& some_rows : row_ids) {
       group.add(entry, some_nodes, some_rows);

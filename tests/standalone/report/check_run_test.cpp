@@ -72,6 +72,14 @@ TEST(CheckRun, OfNoInputsHoldsNothing) {
   EXPECT_EQ(run->rejected_lines().count, 0U);
 }
 
+TEST(CheckRun, CountsTheFindingsThatLinesStandFor) {
+  const TestFile file(finding("a", "n1") + R"({"id": "b", "severity": 1, "count": 41})" + "\n" +
+                      R"({"id": "c", "severity": 1, "count": 0, "definitions": ["d"]})");
+  const auto run = read_run({.findings = {file.path()}});
+  EXPECT_EQ(run->collapser().findings(), 42U);
+  EXPECT_EQ(run->findings_without_definition(), 42U);
+}
+
 TEST(CheckRun, HoldsWhatAllItsInputsTell) {
   const TestFile first(finding("a", "n1") + finding("b", "n2"));
   const TestFile second(finding("c", "n1"));

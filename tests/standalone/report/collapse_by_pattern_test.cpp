@@ -304,9 +304,46 @@ TEST(CollapseByPattern, IsByTextWhereTextsHoldNoValues) {
   }
 }
 
+/// The shown texts of all issues.
+Strings shown_messages(const Findings& findings) {
+  Collapser collapser(CollapseBy::PATTERN);
+  add_all(collapser, findings);
+  Strings messages;
+  for (const CollapsedIssue& issue : collapser.finish()) {
+    messages.push_back(picture(issue, collapser));
+  }
+  return messages;
+}
+
+TEST(CollapseByPattern, AFindingWithACountIsAsManyFindings) {
+  // Eighty of a hundred say 50, and the others all numbers from 0 to 19: whether these stand out is
+  // decided by how often 50 was said.
+  const Strings nodes = {"n0", "n1", "n2", "n3", "n4", "n5", "n6", "n7", "n8", "n9"};
+  Strings texts;
+  for (int number = 0; number < 20; ++number) {
+    texts.push_back("at " + std::to_string(number) + "C");
+  }
+  Findings apart;
+  for (std::size_t number = 0; number < 100; ++number) {
+    const std::string_view text = number < 20 ? std::string_view(texts[number]) : "at 50C";
+    apart.push_back({.message = text, .nodes = {nodes[number % nodes.size()]}});
+  }
+  Findings together(apart.begin(), apart.begin() + 20);
+  together.push_back(
+      {.message = "at 50C", .nodes = {nodes.begin(), nodes.end()}, .row_ids = {}, .count = 80});
+  EXPECT_EQ(shown_messages(together), shown_messages(apart));
+  EXPECT_NE(shown_messages(together)[0].find("[median 50;"), std::string::npos);
+
+  Findings split = together;
+  split.back().nodes.resize(5);
+  split.push_back({.message = "at 50C", .nodes = {nodes.begin() + 5, nodes.end()}, .count = 0});
+  EXPECT_EQ(shown_messages(split), shown_messages(apart));
+}
+
 /// Who said a text where: type, id, severity, definitions, message, remedy.
 using Said = std::tuple<TypeCode, std::string, int, std::set<std::string>, Strings>;
 struct Places {
+  std::uint64_t count = 0;
   std::set<std::string> nodes;
   std::set<int> row_ids;
   bool operator==(const Places&) const = default;
@@ -320,6 +357,7 @@ std::map<Said, Places> what_was_said(const Findings& findings) {
                            finding.severity,
                            {finding.definitions.begin(), finding.definitions.end()},
                            {std::string(finding.message), std::string(finding.remedy)}}];
+    places.count += finding.count;
     places.nodes.insert(finding.nodes.begin(), finding.nodes.end());
     places.row_ids.insert(finding.row_ids.begin(), finding.row_ids.end());
   }
@@ -336,9 +374,10 @@ std::map<Said, Places> what_issues_say(const Findings& findings) {
       // A text that another issue says too would hide what this one says.
       Places& places = said[{issue.type,
                              issue.id,
-                             issue.severity,
+                             original.severity,
                              {issue.definitions.begin(), issue.definitions.end()},
                              original.texts}];
+      places.count += original.count;
       for (const auto node : original.nodes) {
         places.nodes.emplace(name(node));
       }
@@ -348,10 +387,15 @@ std::map<Said, Places> what_issues_say(const Findings& findings) {
   return said;
 }
 
-TEST(CollapseByPattern, IssuesGiveBackEveryTextWithItsNodesAndRowIds) {
+TEST(CollapseByPattern, IssuesGiveBackEveryTextWithItsSeverityCountNodesAndRowIds) {
   FindingSource source(11);
   for (int round = 0; round < 50; ++round) {
-    const Findings findings = source.draw(60, TEXTS_WITH_VALUES);
+    Findings findings = source.draw(60, TEXTS_WITH_VALUES);
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+      // Another severity of the same band.
+      findings[i].severity -= static_cast<int>(i % 3);
+      findings[i].count = i % 4;
+    }
     ASSERT_EQ(what_issues_say(findings), what_was_said(findings)) << "round " << round;
   }
 }

@@ -133,6 +133,20 @@ TEST(RecordIssueFacts, TellTheKindOfEachPlaceFromLeftToRightMessageFirst) {
   EXPECT_EQ(patterns.remedy, "kill <*>");
 }
 
+TEST(RecordIssueFacts, OfFindingsThatStandForNoneTellTheirValuesAllTheSame) {
+  std::vector<std::string> texts;
+  for (int number = 0; number < 20; ++number) {
+    texts.push_back("at " + std::to_string(number));
+  }
+  std::vector<FindingParts> findings;
+  for (const std::string& text : texts) {
+    findings.push_back({.message = text, .count = 0});
+  }
+  Facts facts(findings);
+  EXPECT_EQ(facts.issue("id").outputs[0]->message.substr(0, 10), "at 0 to 19");
+  EXPECT_EQ(facts.facts().places(facts.issue("id"))[0].values.size(), 20U);
+}
+
 TEST(RecordIssueFacts, OfEqualTextsHaveNoPlaces) {
   Facts facts(
       {{.message = "fan 3 fails", .nodes = {"cn1"}}, {.message = "fan 3 fails", .nodes = {"cn2"}}});

@@ -19,6 +19,7 @@ struct FindingParts {
   std::vector<int> row_ids = {};
   std::vector<std::string_view> definitions = {};
   std::vector<std::string_view> based_on = {};
+  std::uint64_t count = 1;
 };
 
 inline standalone::Finding make_finding(const FindingParts& parts) {
@@ -29,7 +30,8 @@ inline standalone::Finding make_finding(const FindingParts& parts) {
            parts.definitions,
            parts.based_on},
           parts.nodes,
-          parts.row_ids};
+          parts.row_ids,
+          parts.count};
 }
 
 }  // namespace vond::test
