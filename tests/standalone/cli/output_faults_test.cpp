@@ -19,7 +19,7 @@ class OutputFaultsTest : public ::testing::Test {
   std::string text_of(const std::string& output) const {
     const Outcome outcome = run({"-e", output + ":" + folder / "whole", EXAMPLE});
     EXPECT_EQ(outcome.status, 1) << outcome.errors;
-    const std::string text = read_file(folder / "whole");
+    std::string text = read_file(folder / "whole");
     std::filesystem::remove(folder / "whole");
     return text;
   }

@@ -33,6 +33,7 @@ TEST(PatternGroup, KeepsSeveritiesApart) {
   ValueTable table;
   PatternGroup group("text\x04");
   std::vector<PatternGroup::Entry> entries;
+  entries.reserve(101);
   for (int severity = 0; severity <= 100; ++severity) {
     entries.push_back(group.entry_of({}, severity, table));
   }

@@ -320,10 +320,12 @@ TEST(CollapseByPattern, AFindingWithACountIsAsManyFindings) {
   // decided by how often 50 was said.
   const Strings nodes = {"n0", "n1", "n2", "n3", "n4", "n5", "n6", "n7", "n8", "n9"};
   Strings texts;
+  texts.reserve(20);
   for (int number = 0; number < 20; ++number) {
     texts.push_back("at " + std::to_string(number) + "C");
   }
   Findings apart;
+  apart.reserve(100);
   for (std::size_t number = 0; number < 100; ++number) {
     const std::string_view text = number < 20 ? std::string_view(texts[number]) : "at 50C";
     apart.push_back({.message = text, .nodes = {nodes[number % nodes.size()]}});

@@ -135,10 +135,12 @@ TEST(RecordIssueFacts, TellTheKindOfEachPlaceFromLeftToRightMessageFirst) {
 
 TEST(RecordIssueFacts, OfFindingsThatStandForNoneTellTheirValuesAllTheSame) {
   std::vector<std::string> texts;
+  texts.reserve(20);
   for (int number = 0; number < 20; ++number) {
     texts.push_back("at " + std::to_string(number));
   }
   std::vector<FindingParts> findings;
+  findings.reserve(texts.size());
   for (const std::string& text : texts) {
     findings.push_back({.message = text, .count = 0});
   }
