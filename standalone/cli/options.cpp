@@ -104,7 +104,7 @@ class CommandLine {
   /// What needs no understanding.
   Options taken_as_is_;
   std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_;
-  std::vector<std::string> examined_, expected_, extensions_;
+  std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
 
@@ -142,6 +142,8 @@ void CommandLine::add_input_options() {
            "Nodes that should have been looked at; may be\nrepeated");
   add_list("--expect-file", "FILE", taken_as_is_.expect_files,
            "The same from a file: node sets a line, #\nbegins a comment; may be repeated");
+  add_list("--expect-parts", "SET", expected_parts_,
+           "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
 }
 
 void CommandLine::add_report_options() {
@@ -210,6 +212,7 @@ Options CommandLine::understand() const {
   }
   options.examined = parse_node_sets("--examined", examined_);
   options.expected = parse_node_sets("--expect", expected_);
+  options.expected_parts = parse_node_sets("--expect-parts", expected_parts_);
   for (const std::string& extension : extensions_) {
     options.extensions.push_back(parse_extension("--extension", extension));
   }

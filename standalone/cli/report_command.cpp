@@ -65,7 +65,8 @@ RunSources make_sources(const Options& options) {
           .definitions_are_paths = !options.definitions.has_value(),
           .collapse_by = options.collapse_by,
           .examined = options.examined,
-          .expected = expected_nodes(options)};
+          .expected = expected_nodes(options),
+          .expected_parts = options.expected_parts};
 }
 
 /// Returns the status of a report that is complete.

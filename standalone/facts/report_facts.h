@@ -17,10 +17,13 @@ struct ReportFacts {
     /// As the user named it, made harmless; "standard input".
     std::string name;
     /// From the file's last change to the report's time, in seconds; less than 0 when it is from
-    /// the future; without a value for what is no regular file.
+    /// the future; without a value for what is no regular file. Of findings that were collapsed
+    /// before, from when the oldest of them were collected.
     std::optional<std::int64_t> age;
     /// Not one of its lines could be used, although there are some.
     bool is_useless = false;
+    /// It holds findings that were collapsed before, and not all of them.
+    bool is_cut_off = false;
   };
   /// In reading order.
   std::vector<Input> inputs;
@@ -36,6 +39,10 @@ struct ReportFacts {
   std::size_t lines_rejected = 0;
   /// What was wrong with the first of them, "FILE:LINE:COLUMN: …", at most ten.
   std::vector<std::string> first_rejections;
+  /// Parts of the cluster that came twice, whose findings count double; sorted.
+  std::vector<std::string> parts_twice;
+  /// Parts of the cluster that the user expected and that did not come; sorted.
+  std::vector<std::string> parts_missing;
   /// What the user was warned of while reading: unknown keys, bytes that are no text.
   std::vector<std::string> warnings;
   /// Names that findings use and the definitions file lacks.

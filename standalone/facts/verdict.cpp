@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "standalone/facts/counts.h"
+#include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {
@@ -25,6 +26,21 @@ std::vector<std::string> useless_inputs(const ReportFacts& facts) {
     }
   }
   return names;
+}
+
+void add_doubts_of_parts(const ReportFacts& facts, std::vector<std::string>& doubts) {
+  const auto cut_off = static_cast<std::size_t>(
+      std::count_if(facts.inputs.begin(), facts.inputs.end(),
+                    [](const ReportFacts::Input& input) { return input.is_cut_off; }));
+  if (cut_off != 0) {
+    doubts.push_back(count_of(cut_off, "input is", "inputs are") + " cut off");
+  }
+  if (!facts.parts_missing.empty()) {
+    doubts.push_back(count_of(facts.parts_missing.size(), "part is", "parts are") + " missing");
+  }
+  if (!facts.parts_twice.empty()) {
+    doubts.push_back(count_of(facts.parts_twice.size(), "part counts", "parts count") + " double");
+  }
 }
 
 }  // namespace
@@ -64,6 +80,7 @@ std::vector<std::string> verdict_doubts(const ReportFacts& facts) {
   } else if (!useless.empty()) {
     doubts.push_back("no line of " + std::to_string(useless.size()) + " inputs could be used");
   }
+  add_doubts_of_parts(facts, doubts);
   return doubts;
 }
 

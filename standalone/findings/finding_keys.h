@@ -22,14 +22,17 @@ enum class FindingKey {
   DEFINITIONS,
   BASED_ON,
   COUNT,
-  // The last one: a key of its own line.
+  // The last ones: keys of lines of their own.
+  BEGIN,
+  END,
   EXAMINED,
 };
 
 /// How findings spell the keys, in the order of FindingKey.
 inline constexpr std::array<std::string_view, static_cast<std::size_t>(FindingKey::EXAMINED) + 1>
-    FINDING_KEY_NAMES = {"id",    "severity", "type",        "category", "message", "remedy",
-                         "nodes", "row_ids",  "definitions", "based_on", "count",   "examined"};
+    FINDING_KEY_NAMES = {"id",     "severity", "type",    "category",    "message",
+                         "remedy", "nodes",    "row_ids", "definitions", "based_on",
+                         "count",  "begin",    "end",     "examined"};
 
 static_assert(std::none_of(FINDING_KEY_NAMES.begin(), FINDING_KEY_NAMES.end(),
                            [](std::string_view name) { return name.empty(); }),
@@ -40,6 +43,9 @@ constexpr std::string_view name_of(FindingKey key) {
 }
 
 static_assert(name_of(FindingKey::ID) == "id" && name_of(FindingKey::EXAMINED) == "examined");
+
+/// Whether the key needs a line of its own.
+constexpr bool stands_alone(FindingKey key) { return key >= FindingKey::BEGIN; }
 
 /// Whether a line may lack the key.
 constexpr bool is_optional(FindingKey key) {

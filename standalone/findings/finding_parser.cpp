@@ -75,6 +75,7 @@ void FindingParser::start_line(std::string_view line, std::string_view label) {
   strings_.begin(line);
   // A copy, in which lists keep their memory.
   finding_ = EMPTY_FINDING;
+  kind_ = Kind::FINDING;
   examined_.clear();
   nodes_.clear();
   keys_.clear();
@@ -140,7 +141,16 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
       return read_based_on(value);
     case FindingKey::COUNT:
       return read_count(value);
+    case FindingKey::BEGIN:
+      kind_ = Kind::BEGIN;
+      begin_ = marks_.read_begin(value);
+      return;
+    case FindingKey::END:
+      kind_ = Kind::END;
+      end_ = marks_.read_end(value);
+      return;
     case FindingKey::EXAMINED:
+      kind_ = Kind::EXAMINED;
       return read_examined(value);
   }
 }

@@ -9,6 +9,7 @@
 #include "standalone/findings/finding_keys.h"
 #include "standalone/findings/line_keys.h"
 #include "standalone/findings/node_values.h"
+#include "standalone/findings/run_mark_values.h"
 #include "standalone/json/json_values.h"
 #include "standalone/json/unknown_keys.h"
 #include "standalone/model/finding.h"
@@ -19,7 +20,7 @@ namespace vond::standalone {
 /// the line's text goes.
 class FindingParser {
  public:
-  enum class Kind { FINDING, EXAMINED };
+  enum class Kind { FINDING, EXAMINED, BEGIN, END };
 
   /// With `definitions_are_paths` a definition's name is a path of at most MAX_DEFINITION_DEPTH
   /// parts.
@@ -33,13 +34,15 @@ class FindingParser {
   /// about a value.
   void parse(std::string_view line, std::string_view label = {});
 
-  Kind kind() const noexcept {
-    return keys_.has(FindingKey::EXAMINED) ? Kind::EXAMINED : Kind::FINDING;
-  }
+  Kind kind() const noexcept { return kind_; }
   /// What the last line told, when it was a finding.
   const Finding& finding() const noexcept { return finding_; }
   /// The nodes that the last line named, when it was of the kind EXAMINED.
   const std::vector<std::string_view>& examined() const noexcept { return examined_; }
+  /// What the last line told, when it was of the kind BEGIN.
+  const RunBegin& begin() const noexcept { return begin_; }
+  /// What the last line told, when it was of the kind END.
+  const RunEnd& end() const noexcept { return end_; }
   /// Where the last line's last row id stands, when it has any.
   std::string_view row_id_source() const noexcept { return row_id_source_; }
   /// The last line's unknown keys.
@@ -66,9 +69,13 @@ class FindingParser {
   simdjson::ondemand::parser parser_;
   JsonStrings strings_;
   NodeValues nodes_{strings_};
+  RunMarkValues marks_{strings_};
   LineKeys keys_;
   std::string_view label_;
+  Kind kind_ = Kind::FINDING;
   Finding finding_;
+  RunBegin begin_;
+  RunEnd end_;
   std::vector<std::string_view> examined_;
   std::string_view row_id_source_;
 };

@@ -116,9 +116,15 @@ void FindingsReader::deliver(const std::string& file, const LineReader::Line& li
     unknown_keys_.add(unknown.key, file, line.number, line.column + offset);
   }
   note_mended_bytes(file, line);
-  if (result.kind() == FindingParser::Kind::EXAMINED) {
-    sink_.examined(result.examined());
-    return;
+  switch (result.kind()) {
+    case FindingParser::Kind::EXAMINED:
+      return sink_.examined(result.examined());
+    case FindingParser::Kind::BEGIN:
+      return sink_.begin(result.begin());
+    case FindingParser::Kind::END:
+      return sink_.end(result.end());
+    case FindingParser::Kind::FINDING:
+      break;
   }
   sink_.finding(result.finding());
   if (parser_->is_as_it_stands()) {

@@ -11,6 +11,7 @@
 #include "standalone/input/line_reader.h"
 #include "standalone/json/unknown_keys.h"
 #include "standalone/model/finding.h"
+#include "standalone/model/run_marks.h"
 
 namespace vond::standalone {
 
@@ -23,6 +24,9 @@ class FindingsSink {
   virtual void finding(const Finding& finding) = 0;
   /// These nodes were looked at. A name may stand more than once.
   virtual void examined(const std::vector<std::string_view>& nodes) = 0;
+  /// Findings that were collapsed before begin, or end, here.
+  virtual void begin(const RunBegin& /*run*/) {}
+  virtual void end(const RunEnd& /*run*/) {}
 };
 
 struct ReadingOptions {

@@ -18,12 +18,20 @@ void LineKeys::clear() {
 }
 
 void LineKeys::add(FindingKey key, const char* where) {
-  const bool may_stand_beside_others =
-      !has(FindingKey::EXAMINED) && (key != FindingKey::EXAMINED || keys_.none());
+  const bool may_stand_beside_others = !alone() && (!stands_alone(key) || keys_.none());
   if (has(key) || is_null(key) || !may_stand_beside_others) {
     refuse(key, where);
   }
   keys_.set(static_cast<std::size_t>(key));
+}
+
+std::optional<FindingKey> LineKeys::alone() const {
+  for (const FindingKey key : {FindingKey::BEGIN, FindingKey::END, FindingKey::EXAMINED}) {
+    if (has(key)) {
+      return key;
+    }
+  }
+  return std::nullopt;
 }
 
 void LineKeys::add_null(FindingKey key, const char* where) {
@@ -39,7 +47,7 @@ void LineKeys::refuse(FindingKey key, const char* where) const {
   }
   throw ValueFault{where, "found the key " + in_quotes(name_of(key)) +
                               " in one object with others, expected a line of its own for " +
-                              in_quotes(name_of(FindingKey::EXAMINED))};
+                              in_quotes(name_of(alone().value_or(key)))};
 }
 
 void LineKeys::add_unknown(std::string_view name, const char* where) {

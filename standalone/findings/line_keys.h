@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bitset>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -42,6 +43,9 @@ class LineKeys {
  private:
   [[noreturn]] void refuse(FindingKey key, const char* where) const;
   std::string suggestion_for_missing(FindingKey key) const;
+
+  /// Returns the key of the line that needs one of its own, nothing when it has none.
+  std::optional<FindingKey> alone() const;
 
   bool is_null(FindingKey key) const { return nulls_.test(static_cast<std::size_t>(key)); }
 

@@ -18,11 +18,16 @@ class CheckRunReading : private FindingsSink {
         reader_(*this, options) {}
 
   FindingsReader& reader() { return reader_; }
+
+  /// Starts with the next input and returns what the last one told of itself.
+  CollectedParts take_collected() { return std::exchange(collected_, {}); }
+
   std::size_t findings_without_definition() const { return findings_without_definition_; }
 
  private:
   void finding(const Finding& finding) override {
     collapser_.add(finding);
+    collected_.add_findings(finding.count);
     findings_without_definition_ += finding.wording.definitions.empty() ? finding.count : 0;
     progress_.advance(reader_.bytes_read(), collapser_.findings());
   }
@@ -34,17 +39,22 @@ class CheckRunReading : private FindingsSink {
     }
   }
 
+  void begin(const RunBegin& run) override { collected_.begin(run); }
+  void end(const RunEnd& run) override { collected_.end(run); }
+
   Collapser& collapser_;
   Examination& examination_;
   ReadingProgress& progress_;
   FindingsReader reader_;
+  CollectedParts collected_;
   std::size_t findings_without_definition_ = 0;
 };
 
 }  // namespace
 
 CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
-    : collapser_(sources.collapse_by) {
+    : collapser_(sources.collapse_by),
+      expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()) {
   for (const std::string& node : sources.examined) {
     examination_.add_examined(node);
   }
@@ -59,6 +69,7 @@ CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
     FileOutcome outcome = reading.reader().read(path);
     usable_lines_ += outcome.usable_lines;
     complaints_.push_back(std::move(outcome.complaint));
+    collected_.push_back(reading.take_collected());
   }
   findings_without_definition_ = reading.findings_without_definition();
   warnings_ = reading.reader().warnings();

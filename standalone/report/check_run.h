@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "standalone/findings/findings_reader.h"
 #include "standalone/report/collapser.h"
+#include "standalone/report/collected_parts.h"
 #include "standalone/report/examination.h"
 #include "standalone/report/run_input.h"
 
@@ -24,6 +26,8 @@ struct RunSources {
   std::vector<std::string> examined = {};
   /// Names of nodes that should have been looked at.
   std::vector<std::string> expected = {};
+  /// Names of parts of the cluster whose findings should be there.
+  std::vector<std::string> expected_parts = {};
 };
 
 /// Is told how far the reading of a run has come.
@@ -59,6 +63,12 @@ class CheckRun {
   /// What was left out; nothing in strict reading.
   const RejectedLines& rejected_lines() const { return rejected_lines_; }
 
+  /// What each input tells of itself, in reading order.
+  const std::vector<CollectedParts>& collected() const { return collected_; }
+
+  /// The parts that should be there.
+  const std::set<std::string>& expected_parts() const { return expected_parts_; }
+
   /// What is to be told about each input of which not one line could be used, in reading order;
   /// empty texts for the others. See FileOutcome.
   const std::vector<std::string>& complaints() const { return complaints_; }
@@ -73,6 +83,8 @@ class CheckRun {
   Examination examination_;
   std::vector<std::string> warnings_;
   RejectedLines rejected_lines_;
+  std::vector<CollectedParts> collected_;
+  std::set<std::string> expected_parts_;
   std::vector<std::string> complaints_;
   std::size_t usable_lines_ = 0;
 };

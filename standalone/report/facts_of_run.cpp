@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 
 #include "standalone/report/alike_names.h"
 
@@ -15,11 +16,37 @@ std::int64_t age_at(std::time_t written_at, std::time_t changed_at) {
 }
 
 ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at) {
-  ReportFacts::Input facts{input.name, {}, false};
+  ReportFacts::Input facts{input.name, {}, false, false};
   if (input.changed_at) {
     facts.age = age_at(written_at, *input.changed_at);
   }
   return facts;
+}
+
+/// Takes what the inputs tell of themselves into account.
+void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
+  std::map<std::string, std::size_t> parts;
+  for (std::size_t i = 0; i < run.collected().size(); ++i) {
+    const CollectedParts& collected = run.collected()[i];
+    facts.inputs[i].is_cut_off = collected.is_cut_off();
+    if (collected.oldest()) {
+      facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
+    }
+    facts.lines_rejected += collected.lines_rejected();
+    for (const std::string& part : collected.parts()) {
+      ++parts[part];
+    }
+  }
+  for (const auto& [part, times] : parts) {
+    if (times > 1) {
+      facts.parts_twice.push_back(part);
+    }
+  }
+  for (const std::string& part : run.expected_parts()) {
+    if (!parts.contains(part)) {
+      facts.parts_missing.push_back(part);
+    }
+  }
 }
 
 ReportFacts::Expectation facts_of_expectation(const Examination& examination,
@@ -51,6 +78,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   for (const InputError& error : run.rejected_lines().errors) {
     facts.first_rejections.emplace_back(error.what());
   }
+  add_facts_of_parts(facts, run);
   facts.warnings = run.warnings();
   facts.nodes_seen = nodes.size();
   facts.unknown_definitions = record.unknown_definitions();

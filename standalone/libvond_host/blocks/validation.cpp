@@ -30,6 +30,7 @@ class ValidationWriter {
     write_warnings();
     write_unknown_names();
     write_useless_inputs();
+    write_parts();
     write_ages();
     write_examination();
     write_expectation();
@@ -79,6 +80,21 @@ class ValidationWriter {
     }
     write_list(names, {"input without a line that could be used",
                        "inputs without a line that could be used"});
+  }
+
+  void write_parts() const {
+    std::vector<std::string> cut_off;
+    for (const ReportFacts::Input& input : facts_.inputs) {
+      if (input.is_cut_off) {
+        cut_off.push_back(input.name);
+      }
+    }
+    write_list(cut_off, {"input is cut off, its findings are not complete",
+                         "inputs are cut off, their findings are not complete"});
+    write_list(facts_.parts_missing,
+               {"part was expected and did not come", "parts were expected and did not come"});
+    write_list(facts_.parts_twice, {"part came twice, its findings count double",
+                                    "parts came twice, their findings count double"});
   }
 
   void write_ages() const {

@@ -41,6 +41,8 @@ Options:
                               repeated
   --expect-file FILE          The same from a file: node sets a line, #
                               begins a comment; may be repeated
+  --expect-parts SET          Parts of the cluster whose collapsed findings
+                              should be there; may be repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show

@@ -1,0 +1,106 @@
+// Findings that were collapsed before, in parts of the cluster: whole, or a doubt.
+#include <gtest/gtest.h>
+
+#include "tests/standalone/cli/command.h"
+#include "tests/standalone/cli/temporary_folder.h"
+
+namespace vond::test {
+namespace {
+
+std::string begin(const std::string& part, const std::string& written = "2025-11-21T04:20:00Z") {
+  return R"({"begin": {"format": 1, "written": ")" + written + R"(", "parts": [")" + part +
+         "\"]}}\n";
+}
+
+std::string counted(const std::string& id, int count) {
+  return R"({"id": ")" + id + R"(", "severity": 10, "nodes": [], "count": )" +
+         std::to_string(count) + "}\n";
+}
+
+std::string end(int findings, int lines_rejected = 0, bool complete = true) {
+  return R"({"end": {"findings": )" + std::to_string(findings) +
+         R"(, "examined": null, "lines_rejected": )" + std::to_string(lines_rejected) +
+         R"(, "complete": )" + (complete ? "true" : "false") + "}}\n";
+}
+
+class PartsTest : public ::testing::Test {
+ protected:
+  /// Expects a report with the verdict and the lines.
+  static void expect_report(const std::string& input, const std::string& verdict,
+                            const std::vector<std::string>& lines,
+                            std::vector<std::string> arguments = {}) {
+    const Outcome outcome = Command(std::move(arguments)).input(input).run();
+    EXPECT_EQ(outcome.status, verdict == "PASS" ? 0 : 1) << outcome.errors;
+    EXPECT_NE(outcome.output.find("  Verdict: " + verdict + "\n"), std::string::npos)
+        << outcome.output;
+    for (const std::string& line : lines) {
+      EXPECT_NE(outcome.output.find("  " + line + "\n"), std::string::npos) << line << "\n"
+                                                                            << outcome.output;
+    }
+  }
+};
+
+TEST_F(PartsTest, OfAWholeInputAreFindingsLikeOthers) {
+  expect_report(begin("r1") + counted("a", 41) + counted("b", 1) + end(42), "PASS",
+                {"Findings read: 42, no line left out, every name known"});
+}
+
+TEST_F(PartsTest, MayStandInOneInputInAnyOrderOfTheirLines) {
+  expect_report(begin("r1") + begin("r2") + counted("a", 2) + end(1) + counted("b", 1) + end(2),
+                "PASS", {"Findings read: 3, no line left out, every name known"});
+}
+
+TEST_F(PartsTest, ThatLackTheirEndAreADoubt) {
+  expect_report(begin("r1") + counted("a", 1), "UNKNOWN: 1 input is cut off",
+                {"1 input is cut off, its findings are not complete: standard input"});
+}
+
+TEST_F(PartsTest, ThatLackFindingsAreADoubt) {
+  expect_report(begin("r1") + counted("a", 1) + end(2), "UNKNOWN: 1 input is cut off", {});
+}
+
+TEST_F(PartsTest, ThatWereNotCompleteBeforeAreADoubt) {
+  expect_report(begin("r1") + counted("a", 1) + end(1, 0, false), "UNKNOWN: 1 input is cut off",
+                {});
+}
+
+TEST_F(PartsTest, LinesThatTheyRejectedCountOn) {
+  expect_report(begin("r1") + counted("a", 1) + end(1, 3),
+                "UNKNOWN: 3 lines of input were left out", {"3 lines of input were left out"});
+}
+
+TEST_F(PartsTest, ThatComeTwiceAreADoubt) {
+  const std::string part = begin("r1") + counted("a", 1) + end(1);
+  expect_report(part + part, "UNKNOWN: 1 part counts double",
+                {"1 part came twice, its findings count double: r1"});
+}
+
+TEST_F(PartsTest, ThatWereExpectedAndDidNotComeAreADoubt) {
+  const std::string part = begin("r1") + counted("a", 1) + end(1);
+  expect_report(part, "UNKNOWN: 2 parts are missing",
+                {"2 parts were expected and did not come: r2, r3"}, {"--expect-parts", "r[1-3]"});
+  expect_report(part, "PASS", {}, {"--expect-parts", "r1"});
+}
+
+TEST_F(PartsTest, AreAsOldAsTheOldestOfThem) {
+  expect_report(
+      begin("r1", "2025-11-19T04:20:00Z") + end(0) + begin("r2") + counted("a", 1) + end(1), "PASS",
+      {"Input:    standard input, 2 days old",
+       "1 input is older than a day: standard input, 2 days old"});
+}
+
+TEST_F(PartsTest, RawFindingsNeedNoEnd) {
+  expect_report(R"({"id": "a", "severity": 10})", "PASS", {});
+}
+
+TEST_F(PartsTest, AnInputIsJudgedByItself) {
+  const TemporaryFolder folder;
+  const std::string first = folder.write("first", begin("r1") + counted("a", 1));
+  const std::string second = folder.write("second", end(1));
+  const Outcome outcome = run({first, second});
+  EXPECT_NE(outcome.output.find("UNKNOWN: 2 inputs are cut off"), std::string::npos)
+      << outcome.output;
+}
+
+}  // namespace
+}  // namespace vond::test
