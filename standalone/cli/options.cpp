@@ -103,7 +103,7 @@ class CommandLine {
   CLI::App app_{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   /// What needs no understanding.
   Options taken_as_is_;
-  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_;
+  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, part_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
@@ -142,6 +142,8 @@ void CommandLine::add_input_options() {
            "Nodes that should have been looked at; may be\nrepeated");
   add_list("--expect-file", "FILE", taken_as_is_.expect_files,
            "The same from a file: node sets a line, #\nbegins a comment; may be repeated");
+  add_value("--part", "NAME", part_,
+            "The part of the cluster that the findings come\nfrom, for the output \"findings\"");
   add_list("--expect-parts", "SET", expected_parts_,
            "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
 }
@@ -209,6 +211,10 @@ Options CommandLine::understand() const {
   }
   if (is_given("--collapse")) {
     options.collapse_by = parse_collapse_mode("--collapse", collapse_);
+  }
+  if (is_given("--part")) {
+    refuse_empty_paths("--part", {part_});
+    options.part = part_;
   }
   options.examined = parse_node_sets("--examined", examined_);
   options.expected = parse_node_sets("--expect", expected_);

@@ -35,6 +35,8 @@ struct Options {
   std::vector<std::string> expected;
   /// Files of node sets that should have been looked at, too; "-" is standard input.
   std::vector<std::string> expect_files;
+  /// The part of the cluster that this run is about, "" when nobody named it.
+  std::string part;
   /// Names of parts of the cluster whose findings should be there.
   std::vector<std::string> expected_parts;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.

@@ -1,5 +1,6 @@
 #include "standalone/cli/report_command.h"
 
+#include <algorithm>
 #include <ctime>
 #include <memory>
 #include <string>
@@ -58,15 +59,24 @@ std::vector<std::string> expected_nodes(const Options& options) {
   return nodes;
 }
 
+/// Only one output needs to know what all findings said.
+bool asks_for_findings(const Options& options) {
+  return std::any_of(
+      options.extensions.begin(), options.extensions.end(),
+      [](const ExtensionRequest& request) { return request.extension == "findings"; });
+}
+
 /// Reads the files of expected nodes, too.
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
           .is_strict = options.is_strict,
           .definitions_are_paths = !options.definitions.has_value(),
           .collapse_by = options.collapse_by,
+          .keeps_findings = asks_for_findings(options),
           .examined = options.examined,
           .expected = expected_nodes(options),
-          .expected_parts = options.expected_parts};
+          .expected_parts = options.expected_parts,
+          .own_part = options.part};
 }
 
 /// Returns the status of a report that is complete.
@@ -83,8 +93,9 @@ ExitStatus write_report(const Options& options) {
   const std::vector<ChosenExtension> extensions = choose_extensions(options.extensions);
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
-  const RecordOptions record_options = make_record_options(options, warnings);
+  RecordOptions record_options = make_record_options(options, warnings);
   const RunSources sources = make_sources(options);
+  record_options.keeps_findings = sources.keeps_findings;
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);

@@ -39,6 +39,10 @@ struct ReportFacts {
   std::size_t lines_rejected = 0;
   /// What was wrong with the first of them, "FILE:LINE:COLUMN: …", at most ten.
   std::vector<std::string> first_rejections;
+  /// The parts of the cluster that findings come from, sorted, each as often as it came.
+  std::vector<std::string> parts;
+  /// When the oldest findings were collected as far as they tell, else the report's time.
+  std::time_t collected_at = 0;
   /// Parts of the cluster that came twice, whose findings count double; sorted.
   std::vector<std::string> parts_twice;
   /// Parts of the cluster that the user expected and that did not come; sorted.
@@ -57,6 +61,8 @@ struct ReportFacts {
     std::size_t nodes_examined = 0;
     /// Nodes that findings name although they were not examined.
     std::vector<std::string> not_examined_with_findings;
+    /// Names of the examined ones.
+    std::vector<std::string> names = {};
   };
   std::optional<Examination> examination;
   /// Which nodes were expected, where the user told.

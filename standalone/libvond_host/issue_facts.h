@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "vond/facts/run_facts.h"
@@ -15,6 +16,7 @@ class IssueFacts {
   virtual int severity(const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
   virtual facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
   virtual std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) = 0;
+  virtual void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const = 0;
 };
 
 /// While it lives, `facts`, which must live as long, are those of the process's report. There may

@@ -1,5 +1,7 @@
 #include "vond/facts/run_facts.h"
 
+#include <algorithm>
+
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/current_facts.h"
 #include "standalone/libvond_host/issue_facts.h"
@@ -42,11 +44,30 @@ std::vector<Input> inputs() {
   return inputs;
 }
 
+std::int64_t collected_at() { return report_facts().collected_at; }
+
+std::vector<std::string> parts() { return report_facts().parts; }
+
+bool has_whole_inputs() {
+  const auto& inputs = report_facts().inputs;
+  return std::none_of(inputs.begin(), inputs.end(),
+                      [](const auto& input) { return input.is_cut_off; });
+}
+
+std::uint64_t findings_read() { return report_facts().findings_read; }
+
+std::uint64_t lines_rejected() { return report_facts().lines_rejected; }
+
 std::size_t nodes_seen() { return report_facts().nodes_seen; }
 
 std::optional<std::size_t> nodes_examined() {
   const auto& examination = report_facts().examination;
   return examination ? std::optional(examination->nodes_examined) : std::nullopt;
+}
+
+std::vector<std::string> examined_nodes() {
+  const auto& examination = report_facts().examination;
+  return examination ? examination->names : std::vector<std::string>();
 }
 
 std::optional<std::size_t> nodes_expected() {
@@ -74,6 +95,12 @@ Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) {
 
 std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue) {
   return current_issue_facts == nullptr ? std::vector<Place>() : current_issue_facts->places(issue);
+}
+
+void for_each_finding(const std::function<void(const Finding&)>& visit) {
+  if (current_issue_facts != nullptr) {
+    current_issue_facts->for_each_finding(visit);
+  }
 }
 
 }  // namespace facts

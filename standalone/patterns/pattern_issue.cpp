@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <span>
+#include <tuple>
 #include <utility>
 
 #include "standalone/nodes/number_sorting.h"
@@ -179,7 +180,7 @@ void PatternIssue::merge(PatternIssue other) {
 }
 
 std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) const {
-  std::map<std::pair<std::vector<std::string>, int>, OriginalTexts> originals;
+  std::map<std::tuple<std::vector<std::string>, int, std::uint32_t>, OriginalTexts> originals;
   for (const Part& part : parts_) {
     // An entry with NODE is a text for each node.
     std::map<std::pair<PatternGroup::Entry, std::uint32_t>, OriginalTexts*> known;
@@ -191,7 +192,8 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
         original =
             &originals[{original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
                                        has_name ? node_names(node) : std::string_view()),
-                        part.group.severity(finding.entry)}];
+                        part.group.severity(finding.entry), node}];
+        original->names_own_node = has_name;
       }
       original->count += finding.count;
       append(original->nodes, finding.nodes);
@@ -202,8 +204,9 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
   for (auto& [said, original] : originals) {
     sort_unique(original.nodes);
     sort_unique(original.row_ids);
-    sorted.push_back({said.first, said.second, original.count, std::move(original.nodes),
-                      std::move(original.row_ids)});
+    original.texts = std::get<0>(said);
+    original.severity = std::get<1>(said);
+    sorted.push_back(std::move(original));
   }
   return sorted;
 }

@@ -17,6 +17,8 @@ struct OriginalTexts {
   /// As many as TextPattern::read() was given.
   std::vector<std::string> texts;
   int severity = 0;
+  /// Whether the texts name the one node that said it.
+  bool names_own_node = false;
   /// How many findings said it.
   std::uint64_t count = 0;
   /// Sorted, each once.
@@ -52,7 +54,8 @@ class PatternIssue {
   void merge(PatternIssue other);
 
   /// Returns the texts and severities that the findings came with, sorted by both, each pair once,
-  /// with all nodes and row ids that came with it.
+  /// with all nodes and row ids that came with it; texts that name their own node stand apart, once
+  /// for each node.
   std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
 
   /// Calls `visit` with every PatternGroup::Occurrence. Entries of different groups may have the

@@ -53,8 +53,9 @@ class CheckRunReading : private FindingsSink {
 }  // namespace
 
 CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
-    : collapser_(sources.collapse_by),
-      expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()) {
+    : collapser_(sources.collapse_by, sources.keeps_findings),
+      expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()),
+      own_part_(sources.own_part) {
   for (const std::string& node : sources.examined) {
     examination_.add_examined(node);
   }

@@ -22,12 +22,16 @@ struct RunSources {
   /// Names of definitions are paths; see ReadingOptions.
   bool definitions_are_paths = false;
   CollapseBy collapse_by = CollapseBy::PATTERN;
+  /// Whether what all findings said is kept; see Collapser.
+  bool keeps_findings = false;
   /// Names of nodes that were looked at. Lines of the findings may name more.
   std::vector<std::string> examined = {};
   /// Names of nodes that should have been looked at.
   std::vector<std::string> expected = {};
   /// Names of parts of the cluster whose findings should be there.
   std::vector<std::string> expected_parts = {};
+  /// The part of the cluster that this run is about, "" when nobody named it.
+  std::string own_part = {};
 };
 
 /// Is told how far the reading of a run has come.
@@ -66,6 +70,8 @@ class CheckRun {
   /// What each input tells of itself, in reading order.
   const std::vector<CollectedParts>& collected() const { return collected_; }
 
+  const std::string& own_part() const { return own_part_; }
+
   /// The parts that should be there.
   const std::set<std::string>& expected_parts() const { return expected_parts_; }
 
@@ -85,6 +91,7 @@ class CheckRun {
   RejectedLines rejected_lines_;
   std::vector<CollectedParts> collected_;
   std::set<std::string> expected_parts_;
+  std::string own_part_;
   std::vector<std::string> complaints_;
   std::size_t usable_lines_ = 0;
 };

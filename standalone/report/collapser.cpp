@@ -21,7 +21,8 @@ void sort_row_ids(std::vector<CollapsedIssue>& issues) {
 
 }  // namespace
 
-Collapser::Collapser(CollapseBy collapse_by) : collapse_by_(collapse_by) {}
+Collapser::Collapser(CollapseBy collapse_by, bool keeps_findings)
+    : collapse_by_(collapse_by), keeps_findings_(keeps_findings) {}
 
 void Collapser::add(const Finding& finding) {
   findings_ += finding.count;
@@ -29,11 +30,22 @@ void Collapser::add(const Finding& finding) {
   for (const std::string_view node : finding.nodes) {
     nodes_.push_back(node_names_.id_of(node));
   }
-  if (collapse_by_ == CollapseBy::PATTERN) {
+  if (collapse_by_ == CollapseBy::PATTERN || keeps_findings_) {
     by_pattern_.add(finding, nodes_);
-  } else {
+  }
+  if (collapse_by_ != CollapseBy::PATTERN) {
     by_text_.add(finding, nodes_);
   }
+}
+
+std::vector<CollapsedIssue> Collapser::take_kept() {
+  if (!keeps_findings_ || collapse_by_ == CollapseBy::PATTERN) {
+    return {};
+  }
+  std::vector<CollapsedIssue> issues = by_pattern_.finish(node_names_);
+  std::for_each(issues.begin(), issues.end(), count_nodes);
+  sort_for_report(issues);
+  return issues;
 }
 
 std::vector<CollapsedIssue> Collapser::finish() {

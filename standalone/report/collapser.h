@@ -15,7 +15,8 @@ namespace vond::standalone {
 /// and row ids in them, not with the findings' texts.
 class Collapser {
  public:
-  explicit Collapser(CollapseBy collapse_by = CollapseBy::PATTERN);
+  /// With `keeps_findings` finish() leaves what all findings said, however they are collapsed.
+  explicit Collapser(CollapseBy collapse_by = CollapseBy::PATTERN, bool keeps_findings = false);
   Collapser(const Collapser&) = delete;
   Collapser& operator=(const Collapser&) = delete;
 
@@ -27,6 +28,10 @@ class Collapser {
   /// Leaves the collapser without issues. Those by pattern need the collapser for their `findings`.
   std::vector<CollapsedIssue> finish();
 
+  /// Behind finish(), when findings are kept and were not collapsed by pattern: what they said, as
+  /// issues by pattern in the order of the report. Needs the collapser. Else nothing.
+  std::vector<CollapsedIssue> take_kept();
+
   std::size_t findings() const { return findings_; }
 
   /// All nodes that findings name.
@@ -36,6 +41,7 @@ class Collapser {
   std::vector<CollapsedIssue> take_issues();
 
   CollapseBy collapse_by_;
+  bool keeps_findings_;
   std::size_t findings_ = 0;
   StringInterner node_names_;
   FindingsByPattern by_pattern_;

@@ -26,6 +26,7 @@ class Examination {
   bool is_known() const { return known_; }
 
   std::size_t examined() const { return examined_.size(); }
+  std::vector<std::string> examined_names() const { return {examined_.begin(), examined_.end()}; }
   std::size_t expected() const { return expected_.size(); }
 
   /// Returns those of `nodes` that were not examined, sorted.

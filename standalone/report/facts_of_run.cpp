@@ -26,10 +26,14 @@ ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at)
 /// Takes what the inputs tell of themselves into account.
 void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
   std::map<std::string, std::size_t> parts;
+  if (!run.own_part().empty()) {
+    ++parts[run.own_part()];
+  }
   for (std::size_t i = 0; i < run.collected().size(); ++i) {
     const CollectedParts& collected = run.collected()[i];
     facts.inputs[i].is_cut_off = collected.is_cut_off();
     if (collected.oldest()) {
+      facts.collected_at = std::min(facts.collected_at, *collected.oldest());
       facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
     }
     facts.lines_rejected += collected.lines_rejected();
@@ -38,6 +42,7 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
     }
   }
   for (const auto& [part, times] : parts) {
+    facts.parts.insert(facts.parts.end(), times, part);
     if (times > 1) {
       facts.parts_twice.push_back(part);
     }
@@ -71,6 +76,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
     facts.inputs.back().is_useless = !run.complaints()[i].empty();
   }
   facts.written_at = written_at;
+  facts.collected_at = written_at;
   facts.line_width = record.data().line_width;
   facts.findings_read = run.collapser().findings();
   facts.findings_without_definition = run.findings_without_definition();
@@ -85,7 +91,8 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   facts.unknown_based_on = record.unknown_based_on();
   facts.failed = record.has_failed();
   if (examination.is_known()) {
-    facts.examination = {examination.examined(), examination.not_examined(nodes)};
+    facts.examination = {examination.examined(), examination.not_examined(nodes),
+                         examination.examined_names()};
   }
   if (examination.expected() != 0) {
     facts.expectation = facts_of_expectation(examination, nodes);

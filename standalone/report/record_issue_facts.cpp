@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "standalone/model/type_names.h"
 #include "standalone/patterns/placeholders.h"
 
 namespace vond::standalone {
@@ -74,6 +75,23 @@ std::vector<facts::Place> RecordIssueFacts::places(const Issue& issue) {
     places.push_back(fact_of(std::move(placeholder), node_names_));
   }
   return places;
+}
+
+void RecordIssueFacts::for_each_finding(
+    const std::function<void(const facts::Finding&)>& visit) const {
+  record_.for_each_source(
+      [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
+        for (OriginalTexts& original : findings.originals(node_names_)) {
+          std::vector<std::string> nodes;
+          nodes.reserve(original.nodes.size());
+          for (const std::uint32_t node : original.nodes) {
+            nodes.emplace_back(node_names_(node));
+          }
+          visit({std::string(type_name(source.type)), source.id, original.severity, source.category,
+                 std::move(original.texts[0]), std::move(original.texts[1]), source.definitions,
+                 source.based_on, std::move(nodes), std::move(original.row_ids), original.count});
+        }
+      });
 }
 
 const PatternIssue* RecordIssueFacts::findings_of(const Issue& issue) const {

@@ -21,6 +21,7 @@ class RecordIssueFacts : public IssueFacts {
 
   int severity(const postprocessor::CollapsedAnalysisOutput& issue) const override;
   facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const override;
   std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) override;
 
  private:

@@ -15,7 +15,9 @@ using postprocessor::DIAGNOSES;
 using postprocessor::FAIL_BIT;
 
 ReportRecord::ReportRecord(Collapser& collapser, const RecordOptions& options)
-    : ReportRecord(collapser.finish(), collapser.node_names(), options) {}
+    : ReportRecord(collapser.finish(), collapser.node_names(), options) {
+  take_kept(collapser.take_kept());
+}
 
 ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,
                            const RecordOptions& options)
@@ -27,6 +29,9 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
   note_severities(collapsed);
+  if (options.keeps_findings) {
+    keep_sources(collapsed);
+  }
   take_findings(collapsed);
   issues_.fill(std::move(collapsed), node_names);
 }
@@ -61,6 +66,23 @@ void ReportRecord::note_severities(const std::vector<CollapsedIssue>& collapsed)
   severities_.reserve(collapsed.size());
   for (const CollapsedIssue& issue : collapsed) {
     severities_.push_back(issue.severity);
+  }
+}
+
+/// Keeps what findings by pattern share.
+void ReportRecord::keep_sources(const std::vector<CollapsedIssue>& issues) {
+  for (const CollapsedIssue& issue : issues) {
+    if (issue.findings) {
+      sources_.push_back({issue.type, issue.id, issue.outputs[0].texts.category, issue.definitions,
+                          issue.based_on});
+    }
+  }
+}
+
+void ReportRecord::take_kept(std::vector<CollapsedIssue> kept) {
+  keep_sources(kept);
+  for (CollapsedIssue& issue : kept) {
+    kept_.push_back(std::move(*issue.findings));
   }
 }
 

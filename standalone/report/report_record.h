@@ -21,6 +21,8 @@ struct RecordOptions {
   std::string log_level;
   /// Without definitions the tree is the one that the names in the findings spell.
   std::optional<std::vector<DefinitionSpec>> definitions;
+  /// Whether to keep what all findings said; the collapser has to keep it, too.
+  bool keeps_findings = false;
 };
 
 /// What the findings come to: the data that every extension gets, and what that does not hold. A
@@ -49,6 +51,25 @@ class ReportRecord {
     return issues_.number_of(issue);
   }
 
+  /// What findings of one pattern share.
+  struct FindingSource {
+    postprocessor::TypeCode type;
+    std::string id;
+    std::string category;
+    std::vector<std::string> definitions;
+    std::vector<std::string> based_on;
+  };
+
+  /// When findings are kept: calls `visit(source, findings)`, with a FindingSource and a
+  /// PatternIssue, for each pattern.
+  template <typename Visit>
+  void for_each_source(Visit visit) const {
+    const std::vector<PatternIssue>& findings = kept_.empty() ? findings_ : kept_;
+    for (std::size_t number = 0; number < sources_.size(); ++number) {
+      visit(sources_[number], findings[number]);
+    }
+  }
+
   /// The highest severity of each issue's findings, 0 to 100, by the issues' numbers.
   const std::vector<int>& severities() const { return severities_; }
 
@@ -65,6 +86,8 @@ class ReportRecord {
   void hang_definitions(const std::vector<CollapsedIssue>& collapsed,
                         const std::optional<std::vector<DefinitionSpec>>& specs);
   void note_severities(const std::vector<CollapsedIssue>& collapsed);
+  void keep_sources(const std::vector<CollapsedIssue>& issues);
+  void take_kept(std::vector<CollapsedIssue> kept);
   void take_findings(std::vector<CollapsedIssue>& collapsed);
 
   RecordIssues issues_;
@@ -73,6 +96,9 @@ class ReportRecord {
   std::vector<std::string> unknown_based_on_;
   std::vector<int> severities_;
   std::vector<PatternIssue> findings_;
+  /// Of `findings_`, or of `kept_` where findings were not collapsed by pattern.
+  std::vector<FindingSource> sources_;
+  std::vector<PatternIssue> kept_;
 };
 
 }  // namespace vond::standalone

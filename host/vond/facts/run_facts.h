@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -48,11 +49,30 @@ struct Input {
 /// Returns the inputs in reading order.
 VOND_HOST_API std::vector<Input> inputs();
 
+/// Returns when the findings were collected, in seconds since 1970-01-01 00:00:00 UTC: the oldest
+/// of those that tell it, else the report's time.
+VOND_HOST_API std::int64_t collected_at();
+
+/// Returns the parts of the cluster that findings come from, sorted, each as often as it came.
+VOND_HOST_API std::vector<std::string> parts();
+
+/// Whether no input tells of itself that it was cut off.
+VOND_HOST_API bool has_whole_inputs();
+
+/// Returns how many findings were read: the sum of their counts.
+VOND_HOST_API std::uint64_t findings_read();
+
+/// Returns how many lines were left out, here and where findings were collapsed before.
+VOND_HOST_API std::uint64_t lines_rejected();
+
 /// Returns how many distinct nodes findings name.
 VOND_HOST_API std::size_t nodes_seen();
 
 /// Returns how many nodes were examined, nothing when nobody told.
 VOND_HOST_API std::optional<std::size_t> nodes_examined();
+
+/// Returns the nodes that were examined; none when nobody told.
+VOND_HOST_API std::vector<std::string> examined_nodes();
 
 /// Returns how many nodes should have been examined, nothing when nobody told.
 VOND_HOST_API std::optional<std::size_t> nodes_expected();
@@ -100,5 +120,29 @@ struct Place {
 /// of the remedy, from left to right; none where findings were not collapsed by pattern. Works them
 /// out at each call.
 VOND_HOST_API std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// What findings say that differ in nodes and row ids alone.
+struct Finding {
+  /// "diagnosis", "observation" or "missing_data".
+  std::string type;
+  std::string id;
+  int severity = 0;
+  std::string category;
+  std::string message;
+  std::string remedy;
+  std::vector<std::string> definitions;
+  std::vector<std::string> based_on;
+  /// Each once. One node alone when the texts name it and it said so itself.
+  std::vector<std::string> nodes;
+  /// Ascending, each once.
+  std::vector<int> row_ids;
+  /// How many findings it stands for.
+  std::uint64_t count = 0;
+};
+
+/// Calls `visit` with what all findings said, in an order that does not depend on theirs. Only
+/// where the program was asked for the output "findings": it has to keep them. Works them out at
+/// each call.
+VOND_HOST_API void for_each_finding(const std::function<void(const Finding&)>& visit);
 
 }  // namespace vond::facts

@@ -41,6 +41,8 @@ Options:
                               repeated
   --expect-file FILE          The same from a file: node sets a line, #
                               begins a comment; may be repeated
+  --part NAME                 The part of the cluster that the findings come
+                              from, for the output "findings"
   --expect-parts SET          Parts of the cluster whose collapsed findings
                               should be there; may be repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:

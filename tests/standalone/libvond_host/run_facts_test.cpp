@@ -70,6 +70,11 @@ struct SeverityIs42 : IssueFacts {
   std::vector<facts::Place> places(const CollapsedAnalysisOutput& /*issue*/) override {
     return {{"number", "C", {{"5C", {"cn1"}}}}};
   }
+  void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const override {
+    facts::Finding finding;
+    finding.count = 3;
+    visit(finding);
+  }
 };
 
 TEST_F(RunFactsTest, OfIssuesAreThoseOfTheReportInHand) {
@@ -81,10 +86,32 @@ TEST_F(RunFactsTest, OfIssuesAreThoseOfTheReportInHand) {
     EXPECT_EQ(facts::patterns(issue).message, "at <*>");
     ASSERT_EQ(facts::places(issue).size(), 1U);
     EXPECT_EQ(facts::places(issue)[0].unit, "C");
+    std::uint64_t findings = 0;
+    facts::for_each_finding([&](const facts::Finding& finding) { findings += finding.count; });
+    EXPECT_EQ(findings, 3U);
   }
   EXPECT_EQ(facts::severity(issue), -1);
   EXPECT_EQ(facts::patterns(issue).message, "");
   EXPECT_THAT(facts::places(issue), IsEmpty());
+  facts::for_each_finding([](const facts::Finding& /*finding*/) { FAIL() << "no report"; });
+}
+
+TEST_F(RunFactsTest, TellWhereFindingsWereCollapsedBefore) {
+  report_facts().inputs = {{"a.jsonl", 120, false, false}};
+  report_facts().parts = {"r1", "r2", "r2"};
+  report_facts().collected_at = 1763699300;
+  report_facts().findings_read = 42;
+  report_facts().lines_rejected = 7;
+  report_facts().examination = {
+      .nodes_examined = 1, .not_examined_with_findings = {}, .names = {"cn1"}};
+  EXPECT_THAT(facts::parts(), ElementsAre("r1", "r2", "r2"));
+  EXPECT_EQ(facts::collected_at(), 1763699300);
+  EXPECT_EQ(facts::findings_read(), 42U);
+  EXPECT_EQ(facts::lines_rejected(), 7U);
+  EXPECT_THAT(facts::examined_nodes(), ElementsAre("cn1"));
+  EXPECT_TRUE(facts::has_whole_inputs());
+  report_facts().inputs[0].is_cut_off = true;
+  EXPECT_FALSE(facts::has_whole_inputs());
 }
 
 }  // namespace

@@ -1,0 +1,205 @@
+// The law of collapsed findings: the report on parts that were collapsed by themselves, whatever
+// the split, the order and the depth, is the report on all findings at once.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <sstream>
+
+#include "tests/standalone/cli/command.h"
+#include "tests/standalone/cli/temporary_folder.h"
+
+namespace vond::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// Makes findings that differ in all that keeps issues apart, and say values and names of nodes,
+/// their own and others, in short and in full.
+class Source {
+ public:
+  explicit Source(unsigned seed) : random_(seed) {}
+
+  Lines draw(std::size_t count) {
+    Lines lines;
+    while (lines.size() < count) {
+      lines.push_back(below(12) == 0 ? R"({"examined": ["cn)" + number(9) + R"(.x", "rack 7"]})"
+                                     : finding());
+    }
+    return lines;
+  }
+
+  std::size_t below(std::size_t end) { return random_() % end; }
+
+  template <typename Item>
+  void shuffle(std::vector<Item>& items) {
+    std::shuffle(items.begin(), items.end(), random_);
+  }
+
+ private:
+  std::string number(std::size_t end) { return std::to_string(below(end)); }
+
+  const char* one_of(const std::vector<const char*>& words) { return words[below(words.size())]; }
+
+  std::string text() {
+    std::string text =
+        one_of({"at VC", "fan V of OWN", "OWN-bmc: V of V", "cn1.x is down", "cn2 is down",
+                "the disk is full", "V", "seen at 08:0V:00", "a \\\"quoted\\\" word-V", "core.aV"});
+    replace(text, "OWN", below(2) == 0 ? own_ + ".x" : own_);
+    replace(text, "V", number(below(2) == 0 ? 3 : 40));
+    return text;
+  }
+
+  static void replace(std::string& text, const std::string& mark, const std::string& by) {
+    for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at + by.size())) {
+      text.replace(at, mark.size(), by);
+    }
+  }
+
+  std::string finding() {
+    own_ = "cn" + number(6);
+    const std::string nodes = one_of({"OWN", "OWN", "OWN", "OWN", "MANY", "NONE", "ODD"});
+    std::string line = R"({"id": ")" + std::string(one_of({"a", "b", "c#1"})) +
+                       R"(", "severity": )" + one_of({"10", "24", "60", "70", "80", "99"}) +
+                       R"(, "message": ")" + text() + "\"";
+    line += nodes == "OWN"    ? R"(, "nodes": ")" + own_ + ".x\""
+            : nodes == "MANY" ? std::string(R"(, "nodes": "cn[1-2].x,cn3.x")")
+            : nodes == "ODD"  ? std::string(R"(, "nodes": ["rack 7", "it's", "a;b"])")
+                              : std::string();
+    line += below(3) == 0 ? R"(, "remedy": ")" + text() + "\"" : std::string();
+    line += below(3) == 0 ? R"(, "type": "diagnosis", "based_on": ["b", "z"])" : std::string();
+    line += below(2) == 0 ? R"(, "definitions": ["d/e", "d"])" : std::string();
+    line += below(3) == 0 ? R"(, "category": "net")" : std::string();
+    line += below(2) == 0 ? R"(, "row_ids": [)" + number(50) + "]" : std::string();
+    line += below(9) == 0 ? R"(, "count": )" + number(4) : std::string();
+    return line + "}";
+  }
+
+  std::mt19937 random_;
+  std::string own_;
+};
+
+std::string joined(const Lines& lines) {
+  std::string text;
+  for (const std::string& line : lines) {
+    text += line + "\n";
+  }
+  return text;
+}
+
+class MergingTest : public ::testing::TestWithParam<const char*> {
+ protected:
+  std::string output_on(const std::string& output, const Lines& files) {
+    std::vector<std::string> arguments = {"-e", output, "--collapse",  GetParam(),
+                                          "-w", "0",    "--log-level", "info"};
+    arguments.insert(arguments.end(), files.begin(), files.end());
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_LE(outcome.status, 1);
+    return outcome.output;
+  }
+
+  /// The report without the header's inputs.
+  std::string report_on(const Lines& files) {
+    std::istringstream lines(output_on("text", files));
+    std::string report;
+    bool is_input = false;
+    for (std::string line; std::getline(lines, line);) {
+      is_input =
+          line.rfind("  Input: ", 0) == 0 || (is_input && line.rfind("            ", 0) == 0);
+      report += is_input ? "" : line + "\n";
+    }
+    return report;
+  }
+
+  std::string collapsed(const Lines& files) {
+    return folder.write("collapsed" + std::to_string(++files_), output_on("findings", files));
+  }
+
+  TemporaryFolder folder;
+  Source source{1};
+  int files_ = 0;
+};
+
+TEST_P(MergingTest, TheReportOnPartsIsTheReportOnAllFindings) {
+  for (int round = 0; round < 12; ++round) {
+    SCOPED_TRACE(round);
+    Lines lines = source.draw(120);
+    const std::string whole = folder.write("whole", joined(lines));
+    const std::string report = report_on({whole});
+    const std::string of_whole = read_file(collapsed({whole}));
+
+    // Cut anywhere, in any order.
+    source.shuffle(lines);
+    Lines parts;
+    for (auto at = lines.begin(); at != lines.end();) {
+      const auto size = std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(1 + source.below(60)),
+                                                 lines.end() - at);
+      parts.push_back(folder.write("part" + std::to_string(parts.size()), joined({at, at + size})));
+      at += size;
+    }
+    Lines merged;
+    for (const std::string& part : parts) {
+      merged.push_back(collapsed({part}));
+    }
+    EXPECT_EQ(report_on(merged), report);
+    // Some of them once more.
+    source.shuffle(merged);
+    while (merged.size() > 1) {
+      const std::string last = merged.back();
+      merged.pop_back();
+      merged.front() = collapsed({merged.front(), last});
+      EXPECT_EQ(report_on(merged), report);
+    }
+    EXPECT_EQ(read_file(merged.front()), of_whole);
+    EXPECT_EQ(read_file(collapsed(merged)), of_whole);
+  }
+}
+
+TEST_P(MergingTest, FilesMayBePutTogetherAndTheirLinesMixed) {
+  const Lines lines = source.draw(100);
+  const std::string report = report_on({folder.write("whole", joined(lines))});
+  Lines together;
+  for (const auto& [begin, end] : {std::pair(0, 40), std::pair(40, 100)}) {
+    const std::string part =
+        collapsed({folder.write("part", joined({lines.begin() + begin, lines.begin() + end}))});
+    std::istringstream text(read_file(part));
+    for (std::string line; std::getline(text, line);) {
+      together.push_back(line);
+    }
+  }
+  source.shuffle(together);
+  EXPECT_EQ(report_on({folder.write("together", joined(together))}), report);
+}
+
+TEST_P(MergingTest, PartsAreNamedAndStayOldAndIncomplete) {
+  const std::string old = folder.write(
+      "old", R"({"begin": {"format": 1, "written": "2025-11-20T00:00:00Z", "parts": ["r2"]}})"
+             "\n"
+             R"({"end": {"findings": 1, "examined": null, "lines_rejected": 4, "complete": true}})"
+             "\n");
+  const std::string merged =
+      run({"-e", "findings", "--part", "r1", "--collapse", GetParam(), old}).output;
+  EXPECT_EQ(merged,
+            R"({"begin": {"format": 1, "written": "2025-11-20T00:00:00Z", "parts": ["r1", "r2"]}})"
+            "\n"
+            R"({"end": {"findings": 0, "examined": null, "lines_rejected": 4, "complete": false}})"
+            "\n");
+}
+
+TEST_P(MergingTest, ALineIsSplitBeforeItIsTooLong) {
+  const std::string whole = folder.write(
+      "whole",
+      R"({"id": "a", "severity": 80, "nodes": "n[1-100001]", "message": "n100001 is down"})");
+  const std::string part = collapsed({whole});
+  const std::string text = read_file(part);
+  EXPECT_NE(text.find(R"("nodes": "n[1-99999]", "count": 1})"), std::string::npos) << text;
+  EXPECT_NE(text.find(R"("nodes": "n[100000-100001]", "count": 0})"), std::string::npos) << text;
+  EXPECT_EQ(report_on({part}), report_on({whole}));
+}
+
+INSTANTIATE_TEST_SUITE_P(CollapsedBy, MergingTest, ::testing::Values("pattern", "text", "id"),
+                         [](const auto& mode) { return std::string(mode.param); });
+
+}  // namespace
+}  // namespace vond::test
