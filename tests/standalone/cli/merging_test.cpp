@@ -156,6 +156,20 @@ TEST_P(MergingTest, TheReportOnPartsIsTheReportOnAllFindings) {
   }
 }
 
+TEST_P(MergingTest, WhatANodeSaysOfItselfStaysApartFromWhatOthersSayOfIt) {
+  const auto down = [](const std::string& node, const std::string& said_by) {
+    return R"({"id": "a", "severity": 80, "message": ")" + node + R"( is down", "nodes": ")" +
+           said_by + "\"}\n";
+  };
+  // In the first part alone both say the same.
+  const std::string first = down("cn1", "cn1") + down("cn1", "cn2");
+  const std::string second = down("cn3", "cn3");
+  const std::string report = report_on({folder.write("whole", first + second)});
+  EXPECT_EQ(report_on({collapsed({folder.write("first", first)}),
+                       collapsed({folder.write("second", second)})}),
+            report);
+}
+
 TEST_P(MergingTest, FilesMayBePutTogetherAndTheirLinesMixed) {
   const Lines lines = source.draw(100);
   const std::string report = report_on({folder.write("whole", joined(lines))});
