@@ -1,6 +1,7 @@
 #include "standalone/report/record_issue_facts.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -79,6 +80,10 @@ std::vector<facts::Place> RecordIssueFacts::places(const Issue& issue) {
 
 void RecordIssueFacts::for_each_finding(
     const std::function<void(const facts::Finding&)>& visit) const {
+  if (!record_.keeps_findings()) {
+    // Findings without any would pass for those of a healthy cluster.
+    throw std::logic_error("findings are kept for the output \"findings\" alone");
+  }
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
         for (OriginalTexts& original : findings.originals(node_names_)) {

@@ -21,7 +21,7 @@ ReportRecord::ReportRecord(Collapser& collapser, const RecordOptions& options)
 
 ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,
                            const RecordOptions& options)
-    : issues_(collapsed.size()) {
+    : issues_(collapsed.size()), keeps_findings_(options.keeps_findings) {
   data_.fail_threshold = options.fail_threshold;
   data_.line_width = options.line_width;
   data_.log_level = options.log_level;
@@ -29,7 +29,7 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
   note_severities(collapsed);
-  if (options.keeps_findings) {
+  if (keeps_findings_) {
     keep_sources(collapsed);
   }
   take_findings(collapsed);

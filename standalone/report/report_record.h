@@ -60,6 +60,9 @@ class ReportRecord {
     std::vector<std::string> based_on;
   };
 
+  /// Whether what all findings said is kept.
+  bool keeps_findings() const { return keeps_findings_; }
+
   /// When findings are kept: calls `visit(source, findings)`, with a FindingSource and a
   /// PatternIssue, for each pattern.
   template <typename Visit>
@@ -94,6 +97,7 @@ class ReportRecord {
   postprocessor::PostprocessorExtensionData data_;
   std::vector<std::string> unknown_definitions_;
   std::vector<std::string> unknown_based_on_;
+  bool keeps_findings_;
   std::vector<int> severities_;
   std::vector<PatternIssue> findings_;
   /// Of `findings_`, or of `kept_` where findings were not collapsed by pattern.

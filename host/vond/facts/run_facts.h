@@ -140,9 +140,9 @@ struct Finding {
   std::uint64_t count = 0;
 };
 
-/// Calls `visit` with what all findings said, in an order that does not depend on theirs. Only
-/// where the program was asked for the output "findings": it has to keep them. Works them out at
-/// each call.
+/// Calls `visit` with what all findings said, in an order that does not depend on theirs. Works
+/// them out at each call. Throws std::logic_error unless the program was asked for the output
+/// "findings": it has to keep them.
 VOND_HOST_API void for_each_finding(const std::function<void(const Finding&)>& visit);
 
 }  // namespace vond::facts

@@ -201,6 +201,23 @@ TEST_P(MergingTest, PartsAreNamedAndStayOldAndIncomplete) {
             "\n");
 }
 
+TEST_P(MergingTest, WhatWasNotKeptDoesNotPassForNothing) {
+  std::istringstream extensions(run({"--list-extensions"}).output);
+  std::string library;
+  for (std::string line; std::getline(extensions, line);) {
+    if (line.rfind("findings\t", 0) == 0) {
+      library = line.substr(line.find('\t') + 1);
+    }
+  }
+  const std::string findings = folder.write("findings", R"({"id": "a", "severity": 80})");
+  const Outcome outcome = run({"-e", library + ":" + folder / "out", findings});
+  EXPECT_EQ(outcome.errors, "vond-report: error: " + library +
+                                ": the extension's run failed: findings are kept for the output "
+                                "\"findings\" alone\n");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(folder.names(), Lines{"findings"});
+}
+
 TEST_P(MergingTest, ALineIsSplitBeforeItIsTooLong) {
   const std::string whole = folder.write(
       "whole",
