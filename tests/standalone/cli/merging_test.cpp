@@ -113,12 +113,13 @@ class MergingTest : public ::testing::TestWithParam<const char*> {
   }
 
   std::string collapsed(const Lines& files) {
-    return folder.write("collapsed" + std::to_string(++files_), output_on("findings", files));
+    return folder.write("collapsed" + std::to_string(++collapsed_files),
+                        output_on("findings", files));
   }
 
   TemporaryFolder folder;
   Source source{1};
-  int files_ = 0;
+  int collapsed_files = 0;
 };
 
 TEST_P(MergingTest, TheReportOnPartsIsTheReportOnAllFindings) {
