@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "standalone/cli/environment.h"
 #include "standalone/cli/usage_error.h"
@@ -25,8 +26,10 @@ std::vector<std::filesystem::path> folders() {
     shown.push_back(harmless(extension));
   }
   const std::vector<std::string_view> candidates(shown.begin(), shown.end());
-  const std::string library_hint =
-      std::filesystem::exists(name) ? "; a library is named with a \"/\": ./" + harmless(name) : "";
+  std::error_code error;
+  const std::string library_hint = std::filesystem::exists(name, error)
+                                       ? "; a library is named with a \"/\": ./" + harmless(name)
+                                       : "";
   throw UsageError("--extension is \"" + harmless(name) + "\", expected " +
                    (shown.empty() ? "the path of a library, for no extension is installed"
                                   : one_of(candidates) + " or the path of a library") +
@@ -48,8 +51,9 @@ std::string library_of(const std::string& extension) {
 
 /// Where there is none, that is no mistake of the user's: loading tells what is missing.
 ChosenExtension text_report() {
-  const auto library = find_extension(TEXT_REPORT, folders());
-  const std::filesystem::path installed = folders()[1] / extension_library(TEXT_REPORT);
+  const std::vector<std::filesystem::path> searched = folders();
+  const auto library = find_extension(TEXT_REPORT, searched);
+  const std::filesystem::path installed = searched[1] / extension_library(TEXT_REPORT);
   return {library ? std::string(TEXT_REPORT) : installed.string(), library.value_or(installed), {}};
 }
 
@@ -68,9 +72,10 @@ std::vector<ChosenExtension> choose_extensions(const std::vector<ExtensionReques
 }
 
 std::string list_extensions() {
+  const std::vector<std::filesystem::path> searched = folders();
   std::string lines;
-  for (const std::string& name : extension_names(folders())) {
-    lines += harmless(name) + "\t" + harmless(find_extension(name, folders())->native()) + "\n";
+  for (const std::string& name : extension_names(searched)) {
+    lines += harmless(name) + "\t" + harmless(find_extension(name, searched)->native()) + "\n";
   }
   return lines;
 }

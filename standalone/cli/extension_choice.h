@@ -12,8 +12,8 @@ namespace vond::standalone {
 struct ChosenExtension {
   /// For messages: the extension's name, or its library as the user named it.
   std::string name;
-  /// The path of its library.
-  std::string library;
+  /// Of its library.
+  std::string path;
   /// Where its output goes alone; "-" is standard output. Nothing for standard output and all
   /// files that have no extension of their own.
   std::optional<std::string> file;

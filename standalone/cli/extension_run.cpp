@@ -29,13 +29,13 @@ void expect_no_failed_allocation_since(std::size_t failures_before) {
 
 }  // namespace
 
-void run_in_charge(const ChosenExtension& extension,
-                   postprocessor::PostprocessorExtensionData& record) {
+void run_checked(const ChosenExtension& extension,
+                 postprocessor::PostprocessorExtensionData& record) {
   const TextEndsWithMemory ending;
   const std::size_t failures_before = failed_allocations();
   const RunningExtension in_charge(extension.name);
   try {
-    run_extension(extension.library, record, extension.name);
+    run_extension(extension.path, record, extension.name);
   } catch (const ExtensionError&) {
     expect_no_failed_allocation_since(failures_before);
     throw;

@@ -35,12 +35,20 @@ void set_up_error_log(const Options& options) {
   }
 }
 
+/// Only one output needs to know what all findings said.
+bool asks_for_findings(const Options& options) {
+  return std::any_of(
+      options.extensions.begin(), options.extensions.end(),
+      [](const ExtensionRequest& request) { return request.extension == "findings"; });
+}
+
 /// Reads the definitions, too, and adds what was odd about them to `warnings`.
 RecordOptions make_record_options(const Options& options, std::vector<std::string>& warnings) {
   RecordOptions record_options;
   record_options.fail_threshold = options.fail_threshold;
   record_options.line_width = options.width ? *options.width : default_width();
   record_options.log_level = options.log_level;
+  record_options.keeps_findings = asks_for_findings(options);
   if (options.definitions) {
     DefinitionsFile file = read_definitions_with_messages(*options.definitions);
     record_options.definitions = std::move(file.roots);
@@ -57,13 +65,6 @@ std::vector<std::string> expected_nodes(const Options& options) {
     nodes.insert(nodes.end(), more.begin(), more.end());
   }
   return nodes;
-}
-
-/// Only one output needs to know what all findings said.
-bool asks_for_findings(const Options& options) {
-  return std::any_of(
-      options.extensions.begin(), options.extensions.end(),
-      [](const ExtensionRequest& request) { return request.extension == "findings"; });
 }
 
 /// Reads the files of expected nodes, too.
@@ -93,9 +94,8 @@ ExitStatus write_report(const Options& options) {
   const std::vector<ChosenExtension> extensions = choose_extensions(options.extensions);
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
-  RecordOptions record_options = make_record_options(options, warnings);
+  const RecordOptions record_options = make_record_options(options, warnings);
   const RunSources sources = make_sources(options);
-  record_options.keeps_findings = sources.keeps_findings;
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);

@@ -83,7 +83,7 @@ std::vector<log::OutputStream> ReportOutputs::streams_of(const Output& output) {
 bool ReportOutputs::run(const Output& output, postprocessor::PostprocessorExtensionData& record) {
   const OutputLogConnection connection(streams_of(output));
   try {
-    run_in_charge(output.extension, record);
+    run_checked(output.extension, record);
     return true;
   } catch (const ExtensionError& error) {
     // Whoever sees both reads the text before what is wrong with it.

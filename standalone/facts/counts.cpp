@@ -16,6 +16,16 @@ std::string count_of_silent_nodes(const ReportFacts& facts) {
   return nodes + (is_one ? " is silent" : " are silent");
 }
 
+std::vector<std::string> names_of_inputs(const ReportFacts& facts, bool ReportFacts::Input::*flag) {
+  std::vector<std::string> names;
+  for (const ReportFacts::Input& input : facts.inputs) {
+    if (input.*flag) {
+      names.push_back(input.name);
+    }
+  }
+  return names;
+}
+
 std::string count_of_rejected_lines(const ReportFacts& facts) {
   return count_of(facts.lines_rejected, "line of input was", "lines of input were") + " left out";
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "standalone/facts/report_facts.h"
 
@@ -9,6 +10,9 @@ namespace vond::standalone {
 /// Returns "1 of 48 expected nodes was not examined", or that they are silent when nobody told
 /// which nodes were examined. The report must have an expectation.
 std::string count_of_silent_nodes(const ReportFacts& facts);
+
+/// Returns the names of the inputs of which `flag`, a member of ReportFacts::Input, is true.
+std::vector<std::string> names_of_inputs(const ReportFacts& facts, bool ReportFacts::Input::*flag);
 
 /// Returns "7 lines of input were left out".
 std::string count_of_rejected_lines(const ReportFacts& facts);

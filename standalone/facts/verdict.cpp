@@ -1,7 +1,5 @@
 #include "standalone/facts/verdict.h"
 
-#include <algorithm>
-
 #include "standalone/facts/counts.h"
 #include "standalone/text/messages.h"
 
@@ -19,19 +17,12 @@ bool has_looked_at_something(const ReportFacts& facts) {
 /// Returns the inputs of several that gave nothing. A single one has its own doubts: nothing was
 /// looked at, lines were left out.
 std::vector<std::string> useless_inputs(const ReportFacts& facts) {
-  std::vector<std::string> names;
-  for (const ReportFacts::Input& input : facts.inputs) {
-    if (input.is_useless && facts.inputs.size() > 1) {
-      names.push_back(input.name);
-    }
-  }
-  return names;
+  return facts.inputs.size() > 1 ? names_of_inputs(facts, &ReportFacts::Input::is_useless)
+                                 : std::vector<std::string>();
 }
 
 void add_doubts_of_parts(const ReportFacts& facts, std::vector<std::string>& doubts) {
-  const auto cut_off = static_cast<std::size_t>(
-      std::count_if(facts.inputs.begin(), facts.inputs.end(),
-                    [](const ReportFacts::Input& input) { return input.is_cut_off; }));
+  const std::size_t cut_off = names_of_inputs(facts, &ReportFacts::Input::is_cut_off).size();
   if (cut_off != 0) {
     doubts.push_back(count_of(cut_off, "input is", "inputs are") + " cut off");
   }

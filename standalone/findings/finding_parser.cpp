@@ -27,10 +27,6 @@ namespace ondemand = simdjson::ondemand;
 
 const Finding EMPTY_FINDING;
 
-/// All whole numbers up to it are safe with every reader of JSON, and sums of some thousand of them
-/// with ours.
-constexpr std::uint64_t MOST_FINDINGS = 9'007'199'254'740'991;
-
 bool is_too_deep(std::string_view path) {
   // Most names are too short to be that deep, and need not be looked at.
   return path.size() > std::size_t{2} * MAX_DEFINITION_DEPTH &&
@@ -140,7 +136,8 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
     case FindingKey::BASED_ON:
       return read_based_on(value);
     case FindingKey::COUNT:
-      return read_count(value);
+      finding_.count = read_count(value, {name_of(key)});
+      return;
     case FindingKey::BEGIN:
       kind_ = Kind::BEGIN;
       begin_ = marks_.read_begin(value);
@@ -231,16 +228,6 @@ void FindingParser::read_based_on(ondemand::value& value) {
     const ValueName name{key, finding_.wording.based_on.size()};
     finding_.wording.based_on.push_back(strings_.read_not_empty(checked(result), name));
   }
-}
-
-void FindingParser::read_count(ondemand::value& value) {
-  const std::string_view source = source_of(value);
-  std::uint64_t count = 0;
-  if (value.get_uint64().get(count) != simdjson::SUCCESS || count > MOST_FINDINGS) {
-    refuse(source, {name_of(FindingKey::COUNT)},
-           "a whole number from 0 to " + std::to_string(MOST_FINDINGS));
-  }
-  finding_.count = count;
 }
 
 /// Behind a label a check need not know where it is.

@@ -61,7 +61,6 @@ class FindingParser {
   void read_row_ids(Value& value);
   void read_definitions(Value& value);
   void read_based_on(Value& value);
-  void read_count(Value& value);
   void read_examined(Value& value);
   void complete_finding(const char* object);
 

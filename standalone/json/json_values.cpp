@@ -85,6 +85,16 @@ void refuse_missing_key(std::string_view key, const char* where, std::string_vie
                               std::string(expected_place).append(suggestion)};
 }
 
+std::uint64_t read_count(simdjson::ondemand::value& value, const ValueName& name) {
+  constexpr std::uint64_t MOST = 9'007'199'254'740'991;
+  const std::string_view source = source_of(value);
+  std::uint64_t count = 0;
+  if (value.get_uint64().get(count) != simdjson::SUCCESS || count > MOST) {
+    refuse(source, name, "a whole number from 0 to " + std::to_string(MOST));
+  }
+  return count;
+}
+
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected) {
   const std::string_view source = source_of(value);

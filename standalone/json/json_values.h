@@ -80,6 +80,10 @@ std::string describe_source(std::string_view source);
                                      std::string_view expected_place,
                                      std::string_view suggestion = "");
 
+/// Returns the number of things that `value` tells, up to 2^53 - 1, which every reader of JSON can
+/// hold; anything else is refused in the name of `name`.
+std::uint64_t read_count(simdjson::ondemand::value& value, const ValueName& name);
+
 /// Opens the array `value`; anything else is refused in the name of `name`.
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected);

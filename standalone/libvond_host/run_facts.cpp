@@ -1,7 +1,6 @@
 #include "vond/facts/run_facts.h"
 
-#include <algorithm>
-
+#include "standalone/facts/counts.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/current_facts.h"
 #include "standalone/libvond_host/issue_facts.h"
@@ -49,9 +48,8 @@ std::int64_t collected_at() { return report_facts().collected_at; }
 std::vector<std::string> parts() { return report_facts().parts; }
 
 bool has_whole_inputs() {
-  const auto& inputs = report_facts().inputs;
-  return std::none_of(inputs.begin(), inputs.end(),
-                      [](const auto& input) { return input.is_cut_off; });
+  return standalone::names_of_inputs(report_facts(), &standalone::ReportFacts::Input::is_cut_off)
+      .empty();
 }
 
 std::uint64_t findings_read() { return report_facts().findings_read; }

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <ctime>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +20,6 @@ struct RunBegin {
 struct RunEnd {
   /// How many findings the lines stand for: the sum of their counts.
   std::uint64_t findings = 0;
-  /// How many nodes were examined; nothing where nobody told.
-  std::optional<std::uint64_t> examined;
   /// How many lines could not be used when the findings were collapsed.
   std::uint64_t lines_rejected = 0;
   /// Whether all inputs of that run had their ends.

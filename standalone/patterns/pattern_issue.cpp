@@ -180,7 +180,7 @@ void PatternIssue::merge(PatternIssue other) {
 }
 
 std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) const {
-  std::map<std::tuple<std::vector<std::string>, int, std::uint32_t>, OriginalTexts> originals;
+  std::map<std::tuple<std::vector<std::string>, int, std::string_view>, OriginalTexts> originals;
   for (const Part& part : parts_) {
     // An entry with NODE is a text for each node.
     std::map<std::pair<PatternGroup::Entry, std::uint32_t>, OriginalTexts*> known;
@@ -189,11 +189,11 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
       const std::uint32_t node = has_name ? finding.nodes[0] : NO_NODE;
       OriginalTexts*& original = known[{finding.entry, node}];
       if (original == nullptr) {
-        original =
-            &originals[{original_texts(part.pattern, values_of(part.group, finding.entry, *table_),
-                                       has_name ? node_names(node) : std::string_view()),
-                        part.group.severity(finding.entry), node}];
-        original->names_own_node = has_name;
+        const std::string_view name = has_name ? node_names(node) : std::string_view();
+        const auto values = values_of(part.group, finding.entry, *table_);
+        // By the name, for the node's number is in the order of the input.
+        original = &originals[{original_texts(part.pattern, values, name),
+                               part.group.severity(finding.entry), name}];
       }
       original->count += finding.count;
       append(original->nodes, finding.nodes);

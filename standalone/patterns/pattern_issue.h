@@ -17,8 +17,6 @@ struct OriginalTexts {
   /// As many as TextPattern::read() was given.
   std::vector<std::string> texts;
   int severity = 0;
-  /// Whether the texts name the one node that said it.
-  bool names_own_node = false;
   /// How many findings said it.
   std::uint64_t count = 0;
   /// Sorted, each once.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <optional>
 
 #include "standalone/report/alike_names.h"
 
@@ -25,6 +26,7 @@ ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at)
 
 /// Takes what the inputs tell of themselves into account.
 void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
+  std::optional<std::time_t> oldest;
   std::map<std::string, std::size_t> parts;
   if (!run.own_part().empty()) {
     ++parts[run.own_part()];
@@ -33,7 +35,7 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
     const CollectedParts& collected = run.collected()[i];
     facts.inputs[i].is_cut_off = collected.is_cut_off();
     if (collected.oldest()) {
-      facts.collected_at = std::min(facts.collected_at, *collected.oldest());
+      oldest = std::min(oldest.value_or(*collected.oldest()), *collected.oldest());
       facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
     }
     facts.lines_rejected += collected.lines_rejected();
@@ -41,6 +43,7 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
       ++parts[part];
     }
   }
+  facts.collected_at = oldest.value_or(facts.written_at);
   for (const auto& [part, times] : parts) {
     facts.parts.insert(facts.parts.end(), times, part);
     if (times > 1) {
@@ -76,7 +79,6 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
     facts.inputs.back().is_useless = !run.complaints()[i].empty();
   }
   facts.written_at = written_at;
-  facts.collected_at = written_at;
   facts.line_width = record.data().line_width;
   facts.findings_read = run.collapser().findings();
   facts.findings_without_definition = run.findings_without_definition();

@@ -28,16 +28,23 @@ std::string kind_word(Placeholder::Kind kind) {
   }
 }
 
+/// Returns the names, sorted: numbers of nodes are in the order of the input.
+std::vector<std::string> names_of(const std::vector<std::uint32_t>& nodes,
+                                  const NodeNames& node_names) {
+  std::vector<std::string> names;
+  names.reserve(nodes.size());
+  for (const std::uint32_t node : nodes) {
+    names.emplace_back(node_names(node));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
 facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
   facts::Place place{kind_word(placeholder.kind), std::move(placeholder.unit), {}};
   place.values.reserve(placeholder.values.size());
   for (auto& [text, nodes] : placeholder.values) {
-    facts::Value& value = place.values.emplace_back(facts::Value{std::move(text), {}});
-    value.nodes.reserve(nodes.size());
-    for (const std::uint32_t node : nodes) {
-      value.nodes.emplace_back(node_names(node));
-    }
-    std::sort(value.nodes.begin(), value.nodes.end());
+    place.values.push_back({std::move(text), names_of(nodes, node_names)});
   }
   return place;
 }
@@ -87,14 +94,10 @@ void RecordIssueFacts::for_each_finding(
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
         for (OriginalTexts& original : findings.originals(node_names_)) {
-          std::vector<std::string> nodes;
-          nodes.reserve(original.nodes.size());
-          for (const std::uint32_t node : original.nodes) {
-            nodes.emplace_back(node_names_(node));
-          }
           visit({std::string(type_name(source.type)), source.id, original.severity, source.category,
                  std::move(original.texts[0]), std::move(original.texts[1]), source.definitions,
-                 source.based_on, std::move(nodes), std::move(original.row_ids), original.count});
+                 source.based_on, names_of(original.nodes, node_names_),
+                 std::move(original.row_ids), original.count});
         }
       });
 }

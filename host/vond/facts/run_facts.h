@@ -132,7 +132,7 @@ struct Finding {
   std::string remedy;
   std::vector<std::string> definitions;
   std::vector<std::string> based_on;
-  /// Each once. One node alone when the texts name it and it said so itself.
+  /// Sorted, each once. One node alone when the texts name it and it said so itself.
   std::vector<std::string> nodes;
   /// Ascending, each once.
   std::vector<int> row_ids;

@@ -72,25 +72,15 @@ class ValidationWriter {
   }
 
   void write_useless_inputs() const {
-    std::vector<std::string> names;
-    for (const ReportFacts::Input& input : facts_.inputs) {
-      if (input.is_useless) {
-        names.push_back(input.name);
-      }
-    }
-    write_list(names, {"input without a line that could be used",
-                       "inputs without a line that could be used"});
+    write_list(
+        names_of_inputs(facts_, &ReportFacts::Input::is_useless),
+        {"input without a line that could be used", "inputs without a line that could be used"});
   }
 
   void write_parts() const {
-    std::vector<std::string> cut_off;
-    for (const ReportFacts::Input& input : facts_.inputs) {
-      if (input.is_cut_off) {
-        cut_off.push_back(input.name);
-      }
-    }
-    write_list(cut_off, {"input is cut off, its findings are not complete",
-                         "inputs are cut off, their findings are not complete"});
+    write_list(names_of_inputs(facts_, &ReportFacts::Input::is_cut_off),
+               {"input is cut off, its findings are not complete",
+                "inputs are cut off, their findings are not complete"});
     write_list(facts_.parts_missing,
                {"part was expected and did not come", "parts were expected and did not come"});
     write_list(facts_.parts_twice, {"part came twice, its findings count double",

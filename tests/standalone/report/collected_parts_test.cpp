@@ -19,9 +19,9 @@ TEST(CollectedParts, AreWholeWhenTheEndsCountWhatIsThereInWhateverOrder) {
   CollectedParts parts;
   parts.begin({200, {"b", "a"}});
   parts.add_findings(3);
-  parts.end({2, {}, 1, true});
+  parts.end({2, 1, true});
   parts.begin({100, {"a"}});
-  parts.end({4, {}, 2, true});
+  parts.end({4, 2, true});
   parts.add_findings(3);
   EXPECT_FALSE(parts.is_cut_off());
   EXPECT_THAT(parts.parts(), ElementsAre("b", "a", "a"));
@@ -34,7 +34,7 @@ TEST(CollectedParts, AreCutOffWithoutAnEndOrABeginning) {
   without_end.begin({0, {}});
   EXPECT_TRUE(without_end.is_cut_off());
   CollectedParts without_begin;
-  without_begin.end({0, {}, 0, true});
+  without_begin.end({0, 0, true});
   EXPECT_TRUE(without_begin.is_cut_off());
 }
 
@@ -43,7 +43,7 @@ TEST(CollectedParts, AreCutOffWhenFindingsAreMissingOrTooMany) {
     CollectedParts parts;
     parts.begin({0, {}});
     parts.add_findings(findings);
-    parts.end({3, {}, 0, true});
+    parts.end({3, 0, true});
     EXPECT_TRUE(parts.is_cut_off()) << findings;
   }
 }
@@ -51,7 +51,7 @@ TEST(CollectedParts, AreCutOffWhenFindingsAreMissingOrTooMany) {
 TEST(CollectedParts, AreCutOffWhenAnEndSaysSo) {
   CollectedParts parts;
   parts.begin({0, {}});
-  parts.end({0, {}, 0, false});
+  parts.end({0, 0, false});
   EXPECT_TRUE(parts.is_cut_off());
 }
 

@@ -137,6 +137,22 @@ TEST(FactsOfRun, CountAgesToTheTimeOfTheReport) {
   EXPECT_EQ(age_of_file_changed_at(0), 1763699400);
 }
 
+TEST(FactsOfRun, TellWhenTheOldestFindingsWereCollected) {
+  const auto begin = [](const std::string& written) {
+    return R"({"begin": {"format": 1, "written": ")" + written + "\"}}\n";
+  };
+  const TestFile raw(R"({"id": "a", "severity": 1})");
+  EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 1763699400);
+  const TestFile old(begin("2025-11-20T04:30:00Z") + begin("2025-11-19T04:30:00Z"));
+  EXPECT_EQ(read_facts({.findings = {raw.path(), old.path()}}).collected_at,
+            1763699400 - 2 * 86400);
+  // A clock that is ahead is passed on, too.
+  const TestFile future(begin("2025-11-22T04:30:00Z"));
+  const ReportFacts facts = read_facts({.findings = {future.path()}});
+  EXPECT_EQ(facts.collected_at, 1763699400 + 86400);
+  EXPECT_EQ(facts.inputs[0].age, -86400);
+}
+
 TEST(FactsOfRun, TellNoAgeOfWhatIsNoRegularFile) {
   EXPECT_FALSE(read_facts({.findings = {"/dev/null"}}).inputs.at(0).age.has_value());
 }
