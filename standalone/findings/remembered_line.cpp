@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -40,29 +39,6 @@ constexpr std::array<bool, 256> name_letters() {
 }
 
 constexpr std::array<bool, 256> NAME_LETTERS = name_letters();
-
-/// Whether `line` begins with `text`. Most texts between gaps are too short for the way to
-/// memcmp().
-bool begins_with(std::string_view line, std::string_view text) {
-  constexpr std::size_t BLOCK = sizeof(std::uint64_t);
-  constexpr std::size_t FEW_BLOCKS = 8 * BLOCK;
-  if (text.size() < BLOCK || text.size() > FEW_BLOCKS || line.size() < text.size()) {
-    return line.starts_with(text);
-  }
-  const auto is_same_block = [&](std::size_t at) {
-    std::uint64_t left = 0;
-    std::uint64_t right = 0;
-    std::memcpy(&left, line.data() + at, BLOCK);
-    std::memcpy(&right, text.data() + at, BLOCK);
-    return left == right;
-  };
-  for (std::size_t at = 0; at + BLOCK <= text.size(); at += BLOCK) {
-    if (!is_same_block(at)) {
-      return false;
-    }
-  }
-  return is_same_block(text.size() - BLOCK);
-}
 
 /// Takes the name of a node from the front of `text`; empty when there is none.
 std::string_view take_node(std::string_view& text) {
@@ -117,7 +93,7 @@ const Finding* RememberedLine::read(std::string_view line) {
   values_read_ = 0;
   has_remembered_values_ = !has_names_;
   for (Piece& piece : pieces_) {
-    if (!begins_with(line, piece.text)) {
+    if (!line.starts_with(piece.text)) {
       return nullptr;
     }
     piece.place = line.data();
