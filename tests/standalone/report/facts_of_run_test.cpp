@@ -10,32 +10,17 @@
 #include <utility>
 #include <vector>
 
+#include "tests/standalone/support/read_facts.h"
 #include "tests/standalone/support/test_input.h"
 
 namespace {
 
-using vond::standalone::CheckRun;
-using vond::standalone::facts_of_run;
-using vond::standalone::ReadingProgress;
 using vond::standalone::RecordOptions;
 using vond::standalone::ReportFacts;
-using vond::standalone::ReportRecord;
-using vond::standalone::RunSources;
+using vond::test::read_facts;
 using vond::test::TestFile;
 
 using Names = std::vector<std::string>;
-
-class NoProgress : public ReadingProgress {
- public:
-  void advance(std::size_t /*bytes_read*/, std::size_t /*findings*/) override {}
-};
-
-ReportFacts read_facts(const RunSources& sources, const RecordOptions& options = {}) {
-  NoProgress progress;
-  CheckRun run(sources, progress);
-  const ReportRecord record(run.collapser(), options);
-  return facts_of_run(run, record, 1763699400);
-}
 
 TEST(FactsOfRun, TellWhatWasRead) {
   const TestFile file(
