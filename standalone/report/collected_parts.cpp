@@ -1,13 +1,13 @@
 #include "standalone/report/collected_parts.h"
 
-#include <algorithm>
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
 void CollectedParts::begin(const RunBegin& run) {
   ++begins_;
   parts_.insert(parts_.end(), run.parts.begin(), run.parts.end());
-  oldest_ = oldest_ ? std::min(*oldest_, run.written_at) : run.written_at;
+  oldest_ = earliest(oldest_, run.written_at);
 }
 
 void CollectedParts::end(const RunEnd& run) {
