@@ -139,8 +139,8 @@ void CommandLine::add_input_options() {
             "for its\nupper bound (default: 75)");
   add_value(
       "--fail-on", "WHAT", fail_on_,
-      "With --since: exit status 1 for issues that\ncontribute to FAIL only if they are worse "
-      "than\nbefore, or only if they are new: any, worse or new\n(default: any)");
+      "With --since: which issues that contribute to\nFAIL make the exit status 1: any, worse "
+      "or new\n(default: any)");
   add_value("--collapse", "WHAT", collapse_,
             "What makes findings one issue: texts that are\nequal but for numbers and the node's "
             "name, equal\ntexts, or an equal id: pattern, text or id\n(default: pattern)");

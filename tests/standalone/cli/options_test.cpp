@@ -30,9 +30,8 @@ Options:
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
                               upper bound (default: 75)
-  --fail-on WHAT              With --since: exit status 1 for issues that
-                              contribute to FAIL only if they are worse than
-                              before, or only if they are new: any, worse or new
+  --fail-on WHAT              With --since: which issues that contribute to
+                              FAIL make the exit status 1: any, worse or new
                               (default: any)
   --collapse WHAT             What makes findings one issue: texts that are
                               equal but for numbers and the node's name, equal
