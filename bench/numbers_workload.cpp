@@ -51,21 +51,39 @@ std::string finding(const Check& check, std::size_t node_number, std::size_t row
       .line();
 }
 
-}  // namespace
-
-void write_numbers(OutputFile& findings, const NumbersSizes& sizes, std::uint64_t seed) {
-  RandomNumbers random(seed);
-  std::vector<std::string> lines;
-  lines.reserve(sizes.nodes * sizes.checks);
+std::vector<Check> make_checks(const NumbersSizes& sizes, RandomNumbers& random) {
+  std::vector<Check> checks;
+  checks.reserve(sizes.checks);
   for (std::size_t number = 0; number < sizes.checks; ++number) {
-    const Check check = {number, make_name(random, number, 3), 1 + random.below(sizes.nodes)};
-    for (std::size_t node = 1; node <= sizes.nodes; ++node) {
-      lines.push_back(finding(check, node, lines.size() + 1, random));
+    checks.push_back({number, make_name(random, number, 3), 1 + random.below(sizes.nodes)});
+  }
+  return checks;
+}
+
+/// Every node reports every check; `row_id` is that of the last finding.
+void write_round(OutputFile& findings, const std::vector<Check>& checks, std::size_t nodes,
+                 std::size_t& row_id, RandomNumbers& random) {
+  std::vector<std::string> lines;
+  lines.reserve(nodes * checks.size());
+  for (const Check& check : checks) {
+    for (std::size_t node = 1; node <= nodes; ++node) {
+      lines.push_back(finding(check, node, ++row_id, random));
     }
   }
   random.shuffle(lines);
   for (const std::string& line : lines) {
     findings << line;
+  }
+}
+
+}  // namespace
+
+void write_numbers(OutputFile& findings, const NumbersSizes& sizes, std::uint64_t seed) {
+  RandomNumbers random(seed);
+  const std::vector<Check> checks = make_checks(sizes, random);
+  std::size_t row_id = 0;
+  for (std::size_t round = 0; round < sizes.rounds; ++round) {
+    write_round(findings, checks, sizes.nodes, row_id, random);
   }
 }
 

@@ -204,10 +204,12 @@ void write_wide(OutputFile& findings, const WideSizes& sizes, Format format, std
   }
   const std::size_t width = digits_of(sizes.nodes).size();
   std::size_t row_id = 0;
-  for (const std::size_t node : shuffled_numbers(sizes.nodes, random)) {
-    const std::string name = "node" + padded(node, width);
-    for (const CheckText& check : checks) {
-      write_finding(findings, check, name, ++row_id, format);
+  for (std::size_t round = 0; round < sizes.rounds; ++round) {
+    for (const std::size_t node : shuffled_numbers(sizes.nodes, random)) {
+      const std::string name = "node" + padded(node, width);
+      for (const CheckText& check : checks) {
+        write_finding(findings, check, name, ++row_id, format);
+      }
     }
   }
 }
