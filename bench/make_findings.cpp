@@ -37,6 +37,7 @@ void add_node_options(CLI::App& workload, Sizes& sizes) {
   workload.add_option("--checks", sizes.checks)->capture_default_str();
   workload.add_option("--rounds", sizes.rounds, "How often every node reports every check")
       ->capture_default_str();
+  workload.add_flag_callback("--no-row-ids", [&sizes] { sizes.have_row_ids = false; });
 }
 
 void add_issue_options(CLI::App& workload, Options& options, IssueSizes& sizes) {
@@ -64,6 +65,9 @@ int run(int argc, char** argv) {
       "Write `node: text` lines instead of JSON");
   CLI::App& numbers = *app.add_subcommand("numbers", "Messages that hold what was measured");
   add_node_options(numbers, options.numbers);
+  numbers.add_flag_callback(
+      "--no-names", [&options] { options.numbers.have_names = false; },
+      "Write localhost in place of the node in messages");
   CLI::App& many = *app.add_subcommand("many", "Distinct issues, few definitions");
   add_issue_options(many, options, options.many);
   CLI::App& deep = *app.add_subcommand("deep", "As many definitions as issues, in deep trees");

@@ -12,6 +12,10 @@ struct NumbersSizes {
   std::size_t nodes = 10'000;
   std::size_t checks = 40;
   std::size_t rounds = 1;
+  /// What a database gives and a check on a node does not.
+  bool have_row_ids = true;
+  /// Whether messages name their node; else they say localhost.
+  bool have_names = true;
 };
 
 /// Findings on one node each, in no order within their round, whose messages name the node and hold

@@ -13,6 +13,8 @@ struct WideSizes {
   std::size_t nodes = 10'000;
   std::size_t checks = 100;
   std::size_t rounds = 1;
+  /// What a database gives and a check on a node does not.
+  bool have_row_ids = true;
 };
 
 /// Issues, and the definitions that they name.
