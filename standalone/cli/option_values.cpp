@@ -45,6 +45,9 @@ Value parse_word(const std::string& option, const std::string& text,
   refuse(option, text, one_of(names), names);
 }
 
+const std::map<std::string_view, FailOn> FAIL_ON = {
+    {"any", FailOn::ANY}, {"worse", FailOn::WORSE}, {"new", FailOn::NEW}};
+
 }  // namespace
 
 int parse_threshold(const std::string& option, const std::string& text) {
@@ -67,6 +70,10 @@ int parse_width(const std::string& option, const std::string& text) {
 
 ColorMode parse_color_mode(const std::string& option, const std::string& text) {
   return parse_word(option, text, COLOR_MODES);
+}
+
+FailOn parse_fail_on(const std::string& option, const std::string& text) {
+  return parse_word(option, text, FAIL_ON);
 }
 
 CollapseBy parse_collapse_mode(const std::string& option, const std::string& text) {

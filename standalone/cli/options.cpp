@@ -73,9 +73,14 @@ void refuse_to_share_standard_input(const Options& options) {
   const auto count_in = [](const std::vector<std::string>& paths) {
     return std::count(paths.begin(), paths.end(), "-");
   };
-  if (count_in(options.expect_files) != 0 &&
-      count_in(options.expect_files) + count_in(options.inputs) > 1) {
-    throw UsageError("--expect-file is \"-\", but standard input is read by something else, too");
+  std::ptrdiff_t readers = count_in(options.inputs);
+  for (const auto& [option, paths] :
+       {std::pair("--expect-file", &options.expect_files), std::pair("--since", &options.since)}) {
+    readers += count_in(*paths);
+    if (count_in(*paths) != 0 && readers > 1) {
+      throw UsageError(std::string(option) +
+                       " is \"-\", but standard input is read by something else, too");
+    }
   }
 }
 
@@ -103,7 +108,7 @@ class CommandLine {
   CLI::App app_{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   /// What needs no understanding.
   Options taken_as_is_;
-  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, part_;
+  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, fail_on_, part_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
@@ -132,6 +137,10 @@ void CommandLine::add_input_options() {
   add_value("-t,--fail-threshold", "N", fail_threshold_,
             "Issues of bands that reach up to N contribute\nto FAIL: 0 to 100, or a band's name "
             "for its\nupper bound (default: 75)");
+  add_value(
+      "--fail-on", "WHAT", fail_on_,
+      "With --since: exit status 1 for issues that\ncontribute to FAIL only if they are worse "
+      "than\nbefore, or only if they are new: any, worse or new\n(default: any)");
   add_value("--collapse", "WHAT", collapse_,
             "What makes findings one issue: texts that are\nequal but for numbers and the node's "
             "name, equal\ntexts, or an equal id: pattern, text or id\n(default: pattern)");
@@ -146,6 +155,8 @@ void CommandLine::add_input_options() {
             "The part of the cluster that the findings come\nfrom, for the output \"findings\"");
   add_list("--expect-parts", "SET", expected_parts_,
            "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
+  add_list("--since", "EARLIER", taken_as_is_.since,
+           "Findings of an earlier run, to tell what has\nchanged; may be repeated");
 }
 
 void CommandLine::add_report_options() {
@@ -191,6 +202,7 @@ Options CommandLine::understand() const {
   Options options = taken_as_is_;
   refuse_empty_paths("FINDINGS", options.inputs);
   refuse_empty_paths("--expect-file", options.expect_files);
+  refuse_empty_paths("--since", options.since);
   refuse_empty_paths("--output", options.outputs);
   refuse_standard_output(options.outputs);
   if (is_given("--definitions")) {
@@ -211,6 +223,12 @@ Options CommandLine::understand() const {
   }
   if (is_given("--collapse")) {
     options.collapse_by = parse_collapse_mode("--collapse", collapse_);
+  }
+  if (is_given("--fail-on")) {
+    options.fail_on = parse_fail_on("--fail-on", fail_on_);
+    if (options.since.empty()) {
+      throw UsageError("--fail-on needs --since: without an earlier run nothing is new or worse");
+    }
   }
   if (is_given("--part")) {
     refuse_empty_paths("--part", {part_});

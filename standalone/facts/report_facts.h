@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/facts/changes.h"
+
 namespace vond::standalone {
 
 /// What the host's report blocks tell beyond the record: where the report comes from and how far it
@@ -87,6 +89,9 @@ struct ReportFacts {
     std::vector<std::pair<std::string, std::string>> alike;
   };
   std::optional<Expectation> expectation;
+
+  /// What has changed, where there are earlier runs to compare with.
+  std::optional<Changes> changes;
 
   /// Whether any issue contributes to FAIL.
   bool failed = false;

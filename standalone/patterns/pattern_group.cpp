@@ -29,6 +29,10 @@ bool stands_before(const PatternGroup::Occurrence& a, const PatternGroup::Occurr
                                       b.nodes.end());
 }
 
+std::optional<std::uint32_t> first_of(std::span<const std::uint32_t> nodes) {
+  return nodes.empty() ? std::nullopt : std::optional(nodes.front());
+}
+
 }  // namespace
 
 PatternGroup::PatternGroup(std::string_view pattern)
@@ -178,6 +182,17 @@ void PatternGroup::append(Entry entry, std::span<const std::uint32_t> nodes,
   for (const int row_id : row_ids) {
     findings_data_.push_back(static_cast<std::uint32_t>(row_id));
   }
+}
+
+void PatternGroup::note_first_seen(Entry entry, std::span<const std::uint32_t> nodes,
+                                   std::time_t time) {
+  const auto [known, is_new] = first_seen_.try_emplace({entry, first_of(nodes)}, time);
+  known->second = std::min(known->second, time);
+}
+
+std::optional<std::time_t> PatternGroup::first_seen(const Occurrence& occurrence) const {
+  const auto known = first_seen_.find({occurrence.entry, first_of(occurrence.nodes)});
+  return known == first_seen_.end() ? std::nullopt : std::optional(known->second);
 }
 
 PatternGroup::Shape PatternGroup::shape_of(std::size_t nodes, std::size_t row_ids,

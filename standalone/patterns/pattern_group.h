@@ -2,8 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
+#include <map>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "standalone/patterns/value_table.h"
@@ -25,6 +29,8 @@ class PatternGroup {
     std::span<const int> row_ids;
     /// How many findings it stands for.
     std::uint64_t count;
+    /// When the first of those was seen that have its entry and first node, where that is known.
+    std::optional<std::time_t> first_seen = std::nullopt;
   };
 
   /// `pattern` is what TextPattern::pattern() gives.
@@ -40,6 +46,10 @@ class PatternGroup {
   /// else they may be any.
   void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids,
            std::uint64_t count = 1);
+
+  /// Tells when the first of those findings was seen that were, or will be, added with these; the
+  /// earliest time counts.
+  void note_first_seen(Entry entry, std::span<const std::uint32_t> nodes, std::time_t time);
 
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
@@ -59,7 +69,11 @@ class PatternGroup {
   void for_each(Visit visit) const {
     for (const std::uint32_t* at = findings_data_.data();
          at != findings_data_.data() + findings_data_.size();) {
-      visit(take_occurrence(at));
+      Occurrence occurrence = take_occurrence(at);
+      if (!first_seen_.empty()) {
+        occurrence.first_seen = first_seen(occurrence);
+      }
+      visit(occurrence);
     }
   }
 
@@ -90,6 +104,7 @@ class PatternGroup {
   static Occurrence take_occurrence(const std::uint32_t*& at);
   static Occurrence occurrence_at(const std::uint32_t* at) { return take_occurrence(at); }
   static std::vector<const std::uint32_t*> sorted_findings(const std::vector<std::uint32_t>& words);
+  std::optional<std::time_t> first_seen(const Occurrence& occurrence) const;
   std::size_t first_cell(Entry entry) const { return entry * (width_ + 1); }
   bool is(Entry entry, std::span<const ValueTable::Id> values, int severity) const;
   std::size_t hash_of(Entry entry) const;
@@ -113,6 +128,8 @@ class PatternGroup {
   std::vector<std::uint32_t> findings_data_;
   /// The size of `findings_data_` from which on it is tried to join findings.
   std::size_t words_to_join_ = FEWEST_WORDS_TO_JOIN;
+  /// By entry and first node, which is none of a finding without nodes. Few findings tell.
+  std::map<std::pair<Entry, std::optional<std::uint32_t>>, std::time_t> first_seen_;
   /// By hash: linear probing, a power of two in size; empty while there are few entries.
   std::vector<Entry> index_;
 };

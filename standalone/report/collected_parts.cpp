@@ -1,6 +1,6 @@
 #include "standalone/report/collected_parts.h"
 
-#include <algorithm>
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 

@@ -8,6 +8,7 @@
 
 #include "standalone/model/type_names.h"
 #include "standalone/patterns/placeholders.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
@@ -51,9 +52,11 @@ facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
 
 }  // namespace
 
-RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names)
+RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
+                                   const RunHistory* history)
     : record_(record),
-      node_names_([&node_names](auto node) -> std::string_view { return node_names[node]; }) {}
+      node_names_([&node_names](auto node) -> std::string_view { return node_names[node]; }),
+      history_(history) {}
 
 int RecordIssueFacts::severity(const Issue& issue) const {
   const std::optional<std::size_t> number = record_.number_of(issue);
@@ -85,6 +88,15 @@ std::vector<facts::Place> RecordIssueFacts::places(const Issue& issue) {
   return places;
 }
 
+std::optional<facts::Change> RecordIssueFacts::change(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  return number && history_ != nullptr ? std::optional(history_->change(*number)) : std::nullopt;
+}
+
+std::optional<facts::Since> RecordIssueFacts::since() const {
+  return history_ != nullptr ? std::optional(history_->since()) : std::nullopt;
+}
+
 void RecordIssueFacts::for_each_finding(
     const std::function<void(const facts::Finding&)>& visit) const {
   if (!record_.keeps_findings()) {
@@ -94,10 +106,23 @@ void RecordIssueFacts::for_each_finding(
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
         for (OriginalTexts& original : findings.originals(node_names_)) {
-          visit({std::string(type_name(source.type)), source.id, original.severity, source.category,
-                 std::move(original.texts[0]), std::move(original.texts[1]), source.definitions,
-                 source.based_on, names_of(original.nodes, node_names_),
-                 std::move(original.row_ids), original.count});
+          facts::Finding finding{std::string(type_name(source.type)),
+                                 source.id,
+                                 original.severity,
+                                 source.category,
+                                 std::move(original.texts[0]),
+                                 std::move(original.texts[1]),
+                                 source.definitions,
+                                 source.based_on,
+                                 names_of(original.nodes, node_names_),
+                                 std::move(original.row_ids),
+                                 original.count,
+                                 original.first_seen};
+          if (history_ != nullptr) {
+            finding.first_seen = earliest(
+                finding.first_seen, history_->first_seen(source.type, source.id, finding.nodes));
+          }
+          visit(finding);
         }
       });
 }

@@ -9,18 +9,23 @@
 #include "standalone/patterns/pattern_summaries.h"
 #include "standalone/patterns/place_summary.h"
 #include "standalone/report/report_record.h"
+#include "standalone/report/run_history.h"
 
 namespace vond::standalone {
 
 /// What the issues of a record were made of.
 class RecordIssueFacts : public IssueFacts {
  public:
-  /// Keeps references to both; the names are those of the record's collapser, which must be there,
-  /// too.
-  RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names);
+  /// Keeps references to all; the names are those of the record's collapser, which must be there,
+  /// too. `history` has compared the record's run with others, or is null.
+  RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
+                   const RunHistory* history = nullptr);
 
   int severity(const postprocessor::CollapsedAnalysisOutput& issue) const override;
   facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  std::optional<facts::Change> change(
+      const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  std::optional<facts::Since> since() const override;
   void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const override;
   std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) override;
 
@@ -30,6 +35,7 @@ class RecordIssueFacts : public IssueFacts {
 
   const ReportRecord& record_;
   const NodeNames node_names_;
+  const RunHistory* history_;
   /// Made when it is first needed, for its memory grows with all values.
   std::optional<PatternSummaries> summaries_;
 };

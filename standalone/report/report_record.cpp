@@ -6,6 +6,7 @@
 
 #include "standalone/report/decided_definitions.h"
 #include "standalone/report/issue_masks.h"
+#include "standalone/report/issue_sightings.h"
 #include "standalone/report/related_issues.h"
 
 namespace vond::standalone {
@@ -31,6 +32,9 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   note_severities(collapsed);
   if (keeps_findings_) {
     keep_sources(collapsed);
+  }
+  if (options.seen_names != nullptr) {
+    sightings_ = sightings_of(collapsed, node_names, *options.seen_names);
   }
   take_findings(collapsed);
   issues_.fill(std::move(collapsed), node_names);

@@ -2,10 +2,13 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "standalone/comparison/sightings.h"
 #include "standalone/model/definition_spec.h"
 #include "standalone/report/collapser.h"
+#include "standalone/report/issue_masks.h"
 #include "standalone/report/record_issues.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 
@@ -23,6 +26,8 @@ struct RecordOptions {
   std::optional<std::vector<DefinitionSpec>> definitions;
   /// Whether to keep what all findings said; the collapser has to keep it, too.
   bool keeps_findings = false;
+  /// Numbers what the record's issues say was seen, which the record then keeps; null: it does not.
+  SeenNames* seen_names = nullptr;
 };
 
 /// What the findings come to: the data that every extension gets, and what that does not hold. A
@@ -38,6 +43,17 @@ class ReportRecord {
 
   /// Whether any issue contributes to FAIL.
   bool has_failed() const;
+
+  /// Whether any issue that contributes to FAIL has a number for which `is_one` returns true.
+  template <typename IsOne>
+  bool any_fails(IsOne is_one) const {
+    for (std::size_t number = 0; number < severities_.size(); ++number) {
+      if (contributes_to_fail(severities_[number], data_.fail_threshold) && is_one(number)) {
+        return true;
+      }
+    }
+    return false;
+  }
 
   /// Names that findings use and the definitions lack; sorted.
   const std::vector<std::string>& unknown_definitions() const { return unknown_definitions_; }
@@ -76,6 +92,10 @@ class ReportRecord {
   /// The highest severity of each issue's findings, 0 to 100, by the issues' numbers.
   const std::vector<int>& severities() const { return severities_; }
 
+  /// What was seen, an item for each issue by number; nothing without RecordOptions::seen_names.
+  /// Leaves the record without it.
+  std::vector<SeenIssue> take_sightings() { return std::exchange(sightings_, {}); }
+
   /// When collapsed by pattern: what the findings of each issue said, in the order of the report,
   /// which is that of the issues' addresses. Its texts are message and remedy, its nodes numbers of
   /// the collapser's node names. Needs the collapser. Else empty.
@@ -103,6 +123,7 @@ class ReportRecord {
   /// Of `findings_`, or of `kept_` where findings were not collapsed by pattern.
   std::vector<FindingSource> sources_;
   std::vector<PatternIssue> kept_;
+  std::vector<SeenIssue> sightings_;
 };
 
 }  // namespace vond::standalone

@@ -12,7 +12,7 @@
 
 /// The version of these functions. It is raised when functions are added and when what one returns
 /// changes its meaning; what is declared here never changes its layout.
-#define VOND_FACTS_VERSION 1
+#define VOND_FACTS_VERSION 2
 
 /// What the record cannot carry: where a report comes from, how far it can be trusted, and what its
 /// issues were made of. The stand-alone host exports these functions; other hosts need not have
@@ -121,6 +121,46 @@ struct Place {
 /// out at each call.
 VOND_HOST_API std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue);
 
+/// What has become of an issue since the earlier runs that it was compared with.
+struct Change {
+  /// "new", "worse", "reworded", "same" or "better".
+  std::string change;
+  /// Nodes that did not have its type and id.
+  std::vector<std::string> nodes_added;
+  /// Nodes that had its type and id, were examined, and have them no more.
+  std::vector<std::string> nodes_healed;
+  /// When its type and id were first seen on one of its nodes, in seconds since 1970-01-01 00:00:00
+  /// UTC, where that is known.
+  std::optional<std::int64_t> first_seen;
+};
+
+/// Returns what has become of the issue; nothing when there was no earlier run.
+VOND_HOST_API std::optional<Change> change(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// A type and id that an earlier run has seen and this one has not.
+struct PastIssue {
+  /// "diagnosis", "observation" or "missing_data".
+  std::string type;
+  std::string id;
+  std::vector<std::string> nodes;
+};
+
+/// What has changed since earlier runs, beside the changes of issues.
+struct Since {
+  /// When the newest earlier run was, in seconds since 1970-01-01 00:00:00 UTC, where that is
+  /// known.
+  std::optional<std::int64_t> time;
+  /// All of their nodes were examined; the worst first.
+  std::vector<PastIssue> gone;
+  /// Not all of their nodes were examined; the worst first.
+  std::vector<PastIssue> not_looked_at;
+  /// Nodes that had something of which nobody knows whether they still have it.
+  std::vector<std::string> nodes_not_looked_at;
+};
+
+/// Returns what has changed; nothing when there was no earlier run.
+VOND_HOST_API std::optional<Since> since();
+
 /// What findings say that differ in nodes and row ids alone.
 struct Finding {
   /// "diagnosis", "observation" or "missing_data".
@@ -138,6 +178,9 @@ struct Finding {
   std::vector<int> row_ids;
   /// How many findings it stands for.
   std::uint64_t count = 0;
+  /// When the first of them was seen, in seconds since 1970-01-01 00:00:00 UTC, where that is
+  /// known.
+  std::optional<std::int64_t> first_seen = std::nullopt;
 };
 
 /// Calls `visit` with what all findings said, in an order that does not depend on theirs. Works

@@ -1,0 +1,96 @@
+#include "standalone/comparison/earlier_sightings.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace vond::standalone {
+namespace {
+
+/// Whether `left` is the newer run; one without a time is the oldest.
+bool is_newer(const RunSightings& left, const RunSightings& right) {
+  if (left.time == UNKNOWN_TIME || right.time == UNKNOWN_TIME) {
+    return left.time != UNKNOWN_TIME && right.time == UNKNOWN_TIME;
+  }
+  return left.time > right.time;
+}
+
+bool is_before(const EarlierSightings::Entry& left, const EarlierSightings::Entry& right) {
+  return left.node < right.node;
+}
+
+}  // namespace
+
+EarlierSightings::EarlierSightings(std::vector<RunSightings> runs) {
+  std::stable_sort(runs.begin(), runs.end(), is_newer);
+  if (!runs.empty()) {
+    newest_ = runs.front().time;
+  }
+  for (RunSightings& run : runs) {
+    add(run);
+    settle(run);
+    run = {};
+  }
+  for (std::vector<Entry>& entries : entries_) {
+    std::sort(entries.begin(), entries.end(), is_before);
+  }
+}
+
+void EarlierSightings::add(const RunSightings& run) {
+  for (const SeenIssue& issue : run.issues) {
+    add(issue, run.time);
+  }
+}
+
+void EarlierSightings::add(const SeenIssue& issue, std::time_t run_time) {
+  if (issue.condition >= entries_.size()) {
+    entries_.resize(issue.condition + std::size_t{1});
+  }
+  for (const auto& [node, pattern, first_seen] : issue.sightings) {
+    if (!is_settled(node)) {
+      const bool is_known = first_seen != UNKNOWN_TIME;
+      entries_[issue.condition].push_back(
+          {node, pattern, issue.band, is_known ? first_seen : run_time});
+    }
+  }
+}
+
+void EarlierSightings::settle(const RunSightings& run) {
+  if (run.examined) {
+    for (const SeenNames::Number node : *run.examined) {
+      settle(node);
+    }
+    return;
+  }
+  for (const SeenIssue& issue : run.issues) {
+    for (const Sighting& sighting : issue.sightings) {
+      settle(sighting.node);
+    }
+  }
+}
+
+void EarlierSightings::settle(SeenNames::Number node) {
+  if (node >= settled_.size()) {
+    settled_.resize(std::max<std::size_t>(node + std::size_t{1}, 2 * settled_.size()));
+  }
+  settled_[node] = 1;
+}
+
+std::span<const EarlierSightings::Entry> EarlierSightings::of(SeenNames::Number condition) const {
+  return condition < entries_.size() ? std::span<const Entry>(entries_[condition])
+                                     : std::span<const Entry>();
+}
+
+std::time_t EarlierSightings::first_seen(SeenNames::Number condition,
+                                         SeenNames::Number node) const {
+  const std::span<const Entry> entries = of(condition);
+  const auto [begin, end] =
+      std::equal_range(entries.begin(), entries.end(), Entry{node, 0, 0, UNKNOWN_TIME}, is_before);
+  std::time_t earliest = UNKNOWN_TIME;
+  for (auto entry = begin; entry != end; ++entry) {
+    earliest = std::min(earliest, entry->first_seen);
+  }
+  return earliest;
+}
+
+}  // namespace vond::standalone
