@@ -16,7 +16,7 @@ namespace {
 constexpr char EXIT_STATUSES[] =
     "Exit status:\n"
     "  0  report written, PASS\n"
-    "  1  report written, FAIL or UNKNOWN\n"
+    "  1  report written, FAIL (see --fail-on) or UNKNOWN\n"
     "  2  usage or input error, nothing reported\n"
     "  3  the report could not be completed\n";
 

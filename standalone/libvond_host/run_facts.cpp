@@ -99,6 +99,10 @@ std::optional<Change> change(const postprocessor::CollapsedAnalysisOutput& issue
   return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->change(issue);
 }
 
+std::optional<std::int64_t> first_seen(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->first_seen(issue);
+}
+
 std::optional<Since> since() {
   return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->since();
 }

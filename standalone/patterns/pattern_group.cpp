@@ -190,6 +190,13 @@ void PatternGroup::note_first_seen(Entry entry, std::span<const std::uint32_t> n
   known->second = std::min(known->second, time);
 }
 
+std::optional<std::time_t> PatternGroup::first_seen() const {
+  const auto first = std::min_element(
+      first_seen_.begin(), first_seen_.end(),
+      [](const auto& left, const auto& right) { return left.second < right.second; });
+  return first == first_seen_.end() ? std::nullopt : std::optional(first->second);
+}
+
 std::optional<std::time_t> PatternGroup::first_seen(const Occurrence& occurrence) const {
   const auto known = first_seen_.find({occurrence.entry, first_of(occurrence.nodes)});
   return known == first_seen_.end() ? std::nullopt : std::optional(known->second);

@@ -51,6 +51,9 @@ class PatternGroup {
   /// earliest time counts.
   void note_first_seen(Entry entry, std::span<const std::uint32_t> nodes, std::time_t time);
 
+  /// Returns the earliest time that was noted, if any was.
+  std::optional<std::time_t> first_seen() const;
+
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
   std::size_t places() const { return places_; }

@@ -213,6 +213,14 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
   return sorted;
 }
 
+std::optional<std::time_t> PatternIssue::first_seen() const {
+  std::optional<std::time_t> first;
+  for (const Part& part : parts_) {
+    first = earliest(first, part.group.first_seen());
+  }
+  return first;
+}
+
 std::vector<std::uint32_t> PatternIssue::nodes() const {
   std::vector<std::uint32_t> nodes;
   for (const Part& part : parts_) {

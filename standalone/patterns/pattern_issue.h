@@ -79,6 +79,9 @@ class PatternIssue {
     }
   }
 
+  /// Returns when the first finding was seen, where that is known.
+  std::optional<std::time_t> first_seen() const;
+
   /// Returns the distinct nodes of all findings, sorted.
   std::vector<std::uint32_t> nodes() const;
   bool has_several_nodes() const;

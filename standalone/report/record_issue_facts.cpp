@@ -93,6 +93,14 @@ std::optional<facts::Change> RecordIssueFacts::change(const Issue& issue) const 
   return number && history_ != nullptr ? std::optional(history_->change(*number)) : std::nullopt;
 }
 
+std::optional<std::int64_t> RecordIssueFacts::first_seen(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  if (!number) {
+    return std::nullopt;
+  }
+  return history_ != nullptr ? history_->first_seen(*number) : record_.first_seen(*number);
+}
+
 std::optional<facts::Since> RecordIssueFacts::since() const {
   return history_ != nullptr ? std::optional(history_->since()) : std::nullopt;
 }

@@ -25,6 +25,8 @@ class RecordIssueFacts : public IssueFacts {
   facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const override;
   std::optional<facts::Change> change(
       const postprocessor::CollapsedAnalysisOutput& issue) const override;
+  std::optional<std::int64_t> first_seen(
+      const postprocessor::CollapsedAnalysisOutput& issue) const override;
   std::optional<facts::Since> since() const override;
   void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const override;
   std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) override;

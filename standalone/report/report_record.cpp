@@ -8,6 +8,7 @@
 #include "standalone/report/issue_masks.h"
 #include "standalone/report/issue_sightings.h"
 #include "standalone/report/related_issues.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
@@ -30,6 +31,7 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
   note_severities(collapsed);
+  note_first_seen(collapsed);
   if (keeps_findings_) {
     keep_sources(collapsed);
   }
@@ -70,6 +72,19 @@ void ReportRecord::note_severities(const std::vector<CollapsedIssue>& collapsed)
   severities_.reserve(collapsed.size());
   for (const CollapsedIssue& issue : collapsed) {
     severities_.push_back(issue.severity);
+  }
+}
+
+void ReportRecord::note_first_seen(const std::vector<CollapsedIssue>& collapsed) {
+  for (std::size_t number = 0; number < collapsed.size(); ++number) {
+    const CollapsedIssue& issue = collapsed[number];
+    std::optional<std::time_t> first = issue.findings ? issue.findings->first_seen() : std::nullopt;
+    for (const CollapsedOutput& output : issue.outputs) {
+      first = earliest(first, output.first_seen);
+    }
+    if (first) {
+      first_seen_.emplace(number, *first);
+    }
   }
 }
 

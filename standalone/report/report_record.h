@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ctime>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -96,6 +98,13 @@ class ReportRecord {
   /// Leaves the record without it.
   std::vector<SeenIssue> take_sightings() { return std::exchange(sightings_, {}); }
 
+  /// Returns when the first finding of an issue was seen, by the issue's number, as far as findings
+  /// tell.
+  std::optional<std::time_t> first_seen(std::size_t number) const {
+    const auto found = first_seen_.find(number);
+    return found == first_seen_.end() ? std::nullopt : std::optional(found->second);
+  }
+
   /// When collapsed by pattern: what the findings of each issue said, in the order of the report,
   /// which is that of the issues' addresses. Its texts are message and remedy, its nodes numbers of
   /// the collapser's node names. Needs the collapser. Else empty.
@@ -108,6 +117,7 @@ class ReportRecord {
   void file_issues(const std::vector<CollapsedIssue>& collapsed);
   void hang_definitions(const std::vector<CollapsedIssue>& collapsed,
                         const std::optional<std::vector<DefinitionSpec>>& specs);
+  void note_first_seen(const std::vector<CollapsedIssue>& collapsed);
   void note_severities(const std::vector<CollapsedIssue>& collapsed);
   void keep_sources(const std::vector<CollapsedIssue>& issues);
   void take_kept(std::vector<CollapsedIssue> kept);
@@ -119,6 +129,8 @@ class ReportRecord {
   std::vector<std::string> unknown_based_on_;
   bool keeps_findings_;
   std::vector<int> severities_;
+  /// By the issues' numbers. Few findings tell.
+  std::map<std::size_t, std::time_t> first_seen_;
   std::vector<PatternIssue> findings_;
   /// Of `findings_`, or of `kept_` where findings were not collapsed by pattern.
   std::vector<FindingSource> sources_;

@@ -104,12 +104,23 @@ std::vector<std::string> RunHistory::node_names(const Numbers& nodes) const {
 
 facts::Change RunHistory::change(std::size_t number) const {
   const auto& [change, added, healed, first_seen] = comparison_.issues[number];
-  return {std::string(word_of(change)), node_names(added), node_names(healed), known(first_seen)};
+  return {std::string(word_of(change)), node_names(added), node_names(healed)};
+}
+
+std::optional<std::time_t> RunHistory::first_seen(std::size_t number) const {
+  return known(comparison_.issues[number].first_seen);
 }
 
 facts::Since RunHistory::since() const {
-  return {known(earlier_->newest()), past_issues(comparison_.gone),
-          past_issues(comparison_.not_looked_at), node_names(comparison_.nodes_not_looked_at)};
+  return {known(earlier_->newest()),
+          count_issues(Change::NEW),
+          count_issues(Change::WORSE),
+          count_issues(Change::REWORDED),
+          count_issues(Change::SAME),
+          count_issues(Change::BETTER),
+          past_issues(comparison_.gone),
+          past_issues(comparison_.not_looked_at),
+          node_names(comparison_.nodes_not_looked_at)};
 }
 
 std::vector<facts::PastIssue> RunHistory::past_issues(

@@ -30,6 +30,9 @@ class RunHistory {
   /// Returns what has become of the issue of this number.
   facts::Change change(std::size_t number) const;
 
+  /// Returns when the issue of this number was first seen on one of its nodes, where that is known.
+  std::optional<std::time_t> first_seen(std::size_t number) const;
+
   facts::Since since() const;
 
   Changes summary() const;

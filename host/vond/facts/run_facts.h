@@ -129,13 +129,15 @@ struct Change {
   std::vector<std::string> nodes_added;
   /// Nodes that had its type and id, were examined, and have them no more.
   std::vector<std::string> nodes_healed;
-  /// When its type and id were first seen on one of its nodes, in seconds since 1970-01-01 00:00:00
-  /// UTC, where that is known.
-  std::optional<std::int64_t> first_seen;
 };
 
 /// Returns what has become of the issue; nothing when there was no earlier run.
 VOND_HOST_API std::optional<Change> change(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// Returns when the type and id of the issue were first seen on one of its nodes, in seconds since
+/// 1970-01-01 00:00:00 UTC; nothing where that is not known.
+VOND_HOST_API std::optional<std::int64_t> first_seen(
+    const postprocessor::CollapsedAnalysisOutput& issue);
 
 /// A type and id that an earlier run has seen and this one has not.
 struct PastIssue {
@@ -150,6 +152,12 @@ struct Since {
   /// When the newest earlier run was, in seconds since 1970-01-01 00:00:00 UTC, where that is
   /// known.
   std::optional<std::int64_t> time;
+  /// How many issues there are of each kind.
+  std::size_t new_issues = 0;
+  std::size_t worse = 0;
+  std::size_t reworded = 0;
+  std::size_t same = 0;
+  std::size_t better = 0;
   /// All of their nodes were examined; the worst first.
   std::vector<PastIssue> gone;
   /// Not all of their nodes were examined; the worst first.

@@ -94,7 +94,7 @@ class KindWriter {
     const std::string indent(lead.size() + 2, ' ');
     lead += cut_text(item.id, MOST_ID_COLUMNS) + ", " + band_name(item.band);
     if (item.first_seen) {
-      lead += " for " + format_duration(age_at(facts_.written_at, *item.first_seen));
+      lead += ", for " + format_duration(age_at(facts_.written_at, *item.first_seen));
     }
     if (item.nodes_added.empty() && item.nodes_healed.empty()) {
       write_line(OutputLog::NONE, lead, facts_.line_width, indent);

@@ -30,6 +30,10 @@ Options:
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
                               upper bound (default: 75)
+  --fail-on WHAT              With --since: exit status 1 for issues that
+                              contribute to FAIL only if they are worse than
+                              before, or only if they are new: any, worse or new
+                              (default: any)
   --collapse WHAT             What makes findings one issue: texts that are
                               equal but for numbers and the node's name, equal
                               texts, or an equal id: pattern, text or id
@@ -45,6 +49,8 @@ Options:
                               from, for the output "findings"
   --expect-parts SET          Parts of the cluster whose collapsed findings
                               should be there; may be repeated
+  --since EARLIER             Findings of an earlier run, to tell what has
+                              changed; may be repeated
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
@@ -60,7 +66,7 @@ Options:
 
 Exit status:
   0  report written, PASS
-  1  report written, FAIL or UNKNOWN
+  1  report written, FAIL (see --fail-on) or UNKNOWN
   2  usage or input error, nothing reported
   3  the report could not be completed
 

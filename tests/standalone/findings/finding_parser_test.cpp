@@ -101,7 +101,7 @@ TEST(FindingParser, ForgetsEverythingThatTheLineBeforeTold) {
 TEST(FindingParser, RefusesWhatIsNoTimeThatAFindingWasFirstSeen) {
   for (const char* time : {R"("2025-11-21")", R"("2025-02-30T00:00:00Z")", "5", "true"}) {
     EXPECT_EQ(fault_of(R"({"id":"a","severity":1,"first_seen":)" + std::string(time) + "}"),
-              "first_seen is " + std::string(time) +
+              "36: first_seen is " + std::string(time) +
                   ", expected a time such as \"2025-11-21T04:30:00Z\"");
   }
 }
