@@ -11,7 +11,7 @@ namespace vond::standalone {
 namespace {
 
 ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at) {
-  ReportFacts::Input facts{input.name, {}, false, false};
+  ReportFacts::Input facts{.name = input.name};
   if (input.changed_at) {
     facts.age = age_at(written_at, *input.changed_at);
   }
@@ -33,8 +33,11 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
       facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
     }
     facts.lines_rejected += collected.lines_rejected();
-    for (const std::string& part : collected.parts()) {
-      ++parts[part];
+    for (const RunBegin& begin : collected.begins()) {
+      facts.inputs[i].parts.push_back({begin.parts, age_at(facts.written_at, begin.written_at)});
+      for (const std::string& part : begin.parts) {
+        ++parts[part];
+      }
     }
   }
   facts.collected_at = oldest.value_or(facts.written_at);
