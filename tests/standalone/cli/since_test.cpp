@@ -137,14 +137,15 @@ TEST_P(SinceTest, ManyNodesAreCutOnEachSide) {
   }
   const std::string now = finding("a", "login1" + others) + examined("login1,cn[1-99]");
   const std::string before = finding("a", "login1" + thirds) + examined("login1,cn[1-99]");
-  EXPECT_EQ(block(now, {earlier(before)}),
-            "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 1 worse, 0 same, 0 better, 0 gone\n"
-            "    worse     a, CRITICAL, for 6 hours: "
-            "+cn[1-2,4-5,7-8,10-11,13-14,16-17,19-20,22-23,25-26,28-29,31-\n"
-            "                32,34-35,37-38,40-41,43-44,46-47,49-50,52-53,55-56,58-59,61-62,64-65] "
-            "and 10 more\n"
-            "                -cn[3,6,9,12,15,18,21,24,27,30,33,36,39,42,45,48,51,54,57,60,63,66,69,"
-            "72,75,78]\n");
+  EXPECT_EQ(
+      block(now, {earlier(before)}),
+      "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 1 worse, 0 same, 0 better, 0 gone\n"
+      "    worse     a, CRITICAL, for 6 hours: "
+      "+cn[1-2,4-5,7-8,10-11,13-14,16-17,19-20,22-23,25-26,28-29,\n"
+      "                31-32,34-35,37-38,40-41,43-44,46-47,49-50,52-53,55-56,58-59,61-62,64-65] "
+      "and 9 more\n"
+      "                -cn[3,6,9,12,15,18,21,24,27,30,33,36,39,42,45,48,51,54,57,60,63,66,69,"
+      "72,75,78]\n");
 }
 
 TEST_P(SinceTest, ANodeThatWasDownForANightIsComparedWithTheNightBefore) {
