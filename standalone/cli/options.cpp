@@ -73,9 +73,12 @@ void refuse_to_share_standard_input(const Options& options) {
   const auto count_in = [](const std::vector<std::string>& paths) {
     return std::count(paths.begin(), paths.end(), "-");
   };
-  if (count_in(options.expect_files) != 0 &&
-      count_in(options.expect_files) + count_in(options.inputs) > 1) {
-    throw UsageError("--expect-file is \"-\", but standard input is read by something else, too");
+  const auto of_expected = count_in(options.expect_files);
+  const auto of_acknowledged = options.acknowledged == "-" ? 1 : 0;
+  const auto all = count_in(options.inputs) + of_expected + of_acknowledged;
+  if (all > 1 && of_expected + of_acknowledged != 0) {
+    const std::string option = of_expected != 0 ? "--expect-file" : "--acknowledged";
+    throw UsageError(option + " is \"-\", but standard input is read by something else, too");
   }
 }
 
@@ -90,6 +93,7 @@ class CommandLine {
  private:
   void add_informing_options();
   void add_input_options();
+  void add_acknowledged_options();
   void add_report_options();
   void add_output_options();
   void add_value(const std::string& name, const std::string& type, std::string& word,
@@ -98,12 +102,14 @@ class CommandLine {
   void add_list(const std::string& name, const std::string& type, std::vector<std::string>& words,
                 const std::string& description);
   bool is_given(const std::string& name) const { return app_.count(name) != 0; }
+  void understand_acknowledged(Options& options) const;
   Options understand() const;
 
   CLI::App app_{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   /// What needs no understanding.
   Options taken_as_is_;
   std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, part_;
+  std::string acknowledged_, acknowledge_at_most_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
@@ -146,6 +152,16 @@ void CommandLine::add_input_options() {
             "The part of the cluster that the findings come\nfrom, for the output \"findings\"");
   add_list("--expect-parts", "SET", expected_parts_,
            "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
+  add_acknowledged_options();
+}
+
+void CommandLine::add_acknowledged_options() {
+  add_value("--acknowledged", "FILE", acknowledged_,
+            "What is known and not to be told until some day,\nJSON Lines");
+  add_value("--acknowledge-at-most", "DAYS", acknowledge_at_most_,
+            "How far such a day may lie ahead (default: 90)");
+  add_flag("--ignore-acknowledged", taken_as_is_.ignores_acknowledged,
+           "Tell what is acknowledged all the same; errors\nin its file become warnings");
 }
 
 void CommandLine::add_report_options() {
@@ -216,6 +232,7 @@ Options CommandLine::understand() const {
     refuse_empty_paths("--part", {part_});
     options.part = part_;
   }
+  understand_acknowledged(options);
   options.examined = parse_node_sets("--examined", examined_);
   options.expected = parse_node_sets("--expect", expected_);
   options.expected_parts = parse_node_sets("--expect-parts", expected_parts_);
@@ -223,6 +240,21 @@ Options CommandLine::understand() const {
     options.extensions.push_back(parse_extension("--extension", extension));
   }
   return options;
+}
+
+void CommandLine::understand_acknowledged(Options& options) const {
+  if (is_given("--acknowledged")) {
+    refuse_empty_paths("--acknowledged", {acknowledged_});
+    options.acknowledged = acknowledged_;
+  }
+  for (const std::string option : {"--acknowledge-at-most", "--ignore-acknowledged"}) {
+    if (is_given(option) && !options.acknowledged) {
+      throw UsageError(option + " is given without --acknowledged FILE");
+    }
+  }
+  if (is_given("--acknowledge-at-most")) {
+    options.acknowledge_at_most = parse_days("--acknowledge-at-most", acknowledge_at_most_);
+  }
 }
 
 Request CommandLine::parse(int argc, const char* const* argv) {

@@ -39,6 +39,12 @@ struct Options {
   std::string part;
   /// Names of parts of the cluster whose findings should be there.
   std::vector<std::string> expected_parts;
+  /// The file of what is acknowledged, "-" for standard input.
+  std::optional<std::string> acknowledged;
+  /// How many days an acknowledgement may reach ahead.
+  int acknowledge_at_most = 90;
+  /// Whether the report is to show what is acknowledged all the same.
+  bool ignores_acknowledged = false;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.
   std::optional<int> width;
   /// A name of the log level table.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -67,6 +68,19 @@ std::vector<std::string> expected_nodes(const Options& options) {
   return nodes;
 }
 
+/// Reads what is acknowledged, and adds what is wrong with it to `warnings` where it is ignored.
+std::optional<std::vector<Acknowledgement>> acknowledged_at(std::time_t now, const Options& options,
+                                                            std::vector<std::string>& warnings) {
+  if (!options.acknowledged) {
+    return std::nullopt;
+  }
+  AcknowledgementsFile file = read_acknowledgements_with_messages(
+      *options.acknowledged, {.now = now, .days = options.acknowledge_at_most},
+      options.ignores_acknowledged ? FaultyLines::LEFT_OUT : FaultyLines::REFUSED);
+  warnings.insert(warnings.end(), file.faults.begin(), file.faults.end());
+  return options.ignores_acknowledged ? std::nullopt : std::optional(std::move(file.entries));
+}
+
 /// Reads the files of expected nodes, too.
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
@@ -95,14 +109,19 @@ ExitStatus write_report(const Options& options) {
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
   const RecordOptions record_options = make_record_options(options, warnings);
-  const RunSources sources = make_sources(options);
+  RunSources sources = make_sources(options);
+  sources.time = written_at;
+  sources.acknowledged = acknowledged_at(written_at, options, warnings);
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
-  ReportRecord record(run->collapser(), record_options);
+  ReportRecord record(run->collapser(), record_options, run->everything());
   report_facts() = facts_of_run(*run, record, written_at);
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
-  RecordIssueFacts issue_facts(record, run->collapser().node_names());
+  if (options.ignores_acknowledged) {
+    report_facts().acknowledged.emplace().is_ignored = true;
+  }
+  RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept());
   const IssueFactsConnection connection(issue_facts);
   if (!outputs.write(record.data())) {
     return NO_REPORT;

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 
+#include "standalone/report/acknowledged_facts.h"
 #include "standalone/report/alike_names.h"
 
 namespace vond::standalone {
@@ -80,7 +81,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   }
   facts.written_at = written_at;
   facts.line_width = record.data().line_width;
-  facts.findings_read = run.collapser().findings();
+  facts.findings_read = run.findings_read();
   facts.findings_without_definition = run.findings_without_definition();
   facts.lines_rejected = run.rejected_lines().count;
   for (const InputError& error : run.rejected_lines().errors) {
@@ -99,6 +100,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   if (examination.expected() != 0) {
     facts.expectation = facts_of_expectation(examination, nodes);
   }
+  add_facts_of_acknowledged(facts, run);
   return facts;
 }
 

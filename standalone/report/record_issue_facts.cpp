@@ -28,6 +28,10 @@ std::string kind_word(Placeholder::Kind kind) {
   }
 }
 
+NodeNames names_in(const StringInterner& interner) {
+  return [&interner](auto node) -> std::string_view { return interner[node]; };
+}
+
 /// Returns the names, sorted: numbers of nodes are in the order of the input.
 std::vector<std::string> names_of(const std::vector<std::uint32_t>& nodes,
                                   const NodeNames& node_names) {
@@ -51,9 +55,9 @@ facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
 
 }  // namespace
 
-RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names)
-    : record_(record),
-      node_names_([&node_names](auto node) -> std::string_view { return node_names[node]; }) {}
+RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
+                                   const StringInterner& names_of_kept)
+    : record_(record), node_names_(names_in(node_names)), names_of_kept_(names_in(names_of_kept)) {}
 
 int RecordIssueFacts::severity(const Issue& issue) const {
   const std::optional<std::size_t> number = record_.number_of(issue);
@@ -93,10 +97,10 @@ void RecordIssueFacts::for_each_finding(
   }
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
-        for (OriginalTexts& original : findings.originals(node_names_)) {
+        for (OriginalTexts& original : findings.originals(names_of_kept_)) {
           visit({std::string(type_name(source.type)), source.id, original.severity, source.category,
                  std::move(original.texts[0]), std::move(original.texts[1]), source.definitions,
-                 source.based_on, names_of(original.nodes, node_names_),
+                 source.based_on, names_of(original.nodes, names_of_kept_),
                  std::move(original.row_ids), original.count});
         }
       });

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "node_lists.h"
 #include "vond/extension/issue_order.h"
 #include "vond/extension/node_summaries.h"
 #include "vond/extension/words.h"
@@ -24,9 +25,6 @@ using vond::vocabulary::SeverityBand;
 namespace facts = vond::facts;
 
 namespace {
-
-/// Of longer lists the folded form has to do.
-constexpr std::size_t MOST_LISTED_NODES = 100'000;
 
 /// Where an issue stands in the report.
 struct Heading {
