@@ -35,6 +35,8 @@ struct ReportFacts {
   std::size_t findings_read = 0;
   /// How many of these are acknowledged on all of their nodes.
   std::size_t findings_acknowledged = 0;
+  /// The number of the others, which the verdict goes by.
+  std::size_t findings_left() const { return findings_read - findings_acknowledged; }
   /// Findings, not issues, that name no definition.
   std::size_t findings_without_definition = 0;
   /// Lines that could not be used and are left out.

@@ -11,7 +11,7 @@ bool has_silent_nodes(const ReportFacts& facts) {
 }
 
 bool has_looked_at_something(const ReportFacts& facts) {
-  return facts.findings_read != facts.findings_acknowledged ||
+  return facts.findings_left() != 0 ||
          (facts.examination && facts.examination->nodes_examined != 0);
 }
 

@@ -32,7 +32,7 @@ std::string format_end(std::time_t until) {
   const bool is_end_of_day = (until + 1) % DAY == 0;
   char text[64];
   const std::size_t length =
-      std::strftime(text, sizeof text, is_end_of_day ? "%Y-%m-%d" : "%Y-%m-%d %H:%M:%S UTC", &utc);
+      std::strftime(text, sizeof text, is_end_of_day ? "%Y-%m-%d" : "%Y-%m-%d %H:%M UTC", &utc);
   return {text, length};
 }
 
@@ -48,10 +48,31 @@ std::string format_nodes(const std::vector<std::string>& nodes) {
              : count_of(nodes.size(), "node", "nodes");
 }
 
-std::string format_entry(const Entry& entry) {
-  return entry.id + " on " + format_nodes(entry.nodes) + " until " + format_end(entry.until) +
-         ": " + entry.reason + (entry.by.empty() ? "" : " (" + entry.by + ")");
-}
+/// An entry in words; of its reason as much is left out as there is no room for.
+class EntryText {
+ public:
+  /// `lead` stands before the rest.
+  EntryText(const std::string& lead, const Entry& entry)
+      : head_(lead + entry.id + " on " + format_nodes(entry.nodes) + " until " +
+              format_end(entry.until) + ": "),
+        reason_(entry.reason),
+        tail_(entry.by.empty() ? "" : " (" + entry.by + ")") {}
+
+  std::string whole() const { return head_ + reason_ + tail_; }
+
+  /// Returns the text with at most so many columns.
+  std::string cut(std::size_t columns) const {
+    constexpr std::size_t LEAST_REASON = 4;
+    const std::size_t around = count_columns(head_) + count_columns(tail_);
+    return around + LEAST_REASON <= columns ? head_ + cut_text(reason_, columns - around) + tail_
+                                            : cut_text(whole(), columns);
+  }
+
+ private:
+  std::string head_;
+  std::string reason_;
+  std::string tail_;
+};
 
 /// Returns "12 issues on 34 nodes".
 std::string format_count(const ReportFacts::Acknowledged& acknowledged) {
@@ -74,7 +95,7 @@ class AcknowledgedLines {
     }
     write_group(select([](const Entry& entry) { return entry.is_back; }), "Expired and back");
     write_group(select([](const Entry& entry) { return entry.state == State::UNUSED; }),
-                "Acknowledged and not found");
+                "Acknowledged, but not found");
   }
 
  private:
@@ -114,10 +135,12 @@ class AcknowledgedLines {
 
   void write_entry(const Entry& entry, OutputLog::Colors color) const {
     const bool ends_soon = entry.state == State::ACTIVE && entry.until - now_ < WARNING_TIME;
+    const EntryText text(ends_soon ? time_left(entry) + ": " : "", entry);
     const ListLayout layout{.lead = "    ", .indent = "      ", .width = width_};
-    write_unwrapped_line(
-        ends_soon ? OutputLog::YELLOW : color,
-        limited_list(layout, {(ends_soon ? time_left(entry) + ": " : "") + format_entry(entry)}));
+    write_unwrapped_line(ends_soon ? OutputLog::YELLOW : color,
+                         limited_list(
+                             layout, 1, [&](std::size_t /*count*/) { return text.whole(); },
+                             [&](std::size_t columns) { return text.cut(columns); }));
   }
 
   std::string time_left(const Entry& entry) const {
@@ -137,7 +160,7 @@ void write_acknowledged(const ReportFacts& facts, int width) {
     return;
   }
   if (facts.acknowledged->is_ignored) {
-    write_line(OutputLog::NONE, "  Acknowledged: ignored, as it was asked for", width);
+    write_line(OutputLog::NONE, "  Acknowledgements: ignored (--ignore-acknowledged)", width);
   } else {
     AcknowledgedLines(facts, width).write();
   }

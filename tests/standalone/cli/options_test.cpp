@@ -45,6 +45,11 @@ Options:
                               from, for the output "findings"
   --expect-parts SET          Parts of the cluster whose collapsed findings
                               should be there; may be repeated
+  --acknowledged FILE         What is known and not to be told until some day,
+                              JSON Lines
+  --acknowledge-at-most DAYS  How far such a day may lie ahead (default: 90)
+  --ignore-acknowledged       Tell what is acknowledged all the same; errors
+                              in its file become warnings
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
