@@ -75,10 +75,13 @@ bool AcknowledgementFilter::has_to_wait(const Finding& finding) const {
 }
 
 void AcknowledgementFilter::part(const Finding& finding) {
+  const std::string_view id = finding.wording.id;
+  const Candidates candidates = {coverage_.holding(id), coverage_.expired(id)};
   covered_nodes_.clear();
   left_nodes_.clear();
   for_each_node(finding, [&](std::string_view node) {
-    (take_note(finding.wording, node) ? covered_nodes_ : left_nodes_).push_back(node);
+    const bool is_covered = take_note(candidates, finding.wording, node);
+    (is_covered ? covered_nodes_ : left_nodes_).push_back(node);
   });
   if (covered_nodes_.empty()) {
     take_left_(finding);
@@ -91,10 +94,11 @@ void AcknowledgementFilter::part(const Finding& finding) {
 }
 
 /// Returns whether the pair is covered, and notes which entries do that or would.
-bool AcknowledgementFilter::take_note(const Wording& wording, std::string_view node) {
+bool AcknowledgementFilter::take_note(const Candidates& candidates, const Wording& wording,
+                                      std::string_view node) {
   const std::vector<Acknowledgement>& entries = acknowledged_.entries();
   bool is_covered = false;
-  for (const std::size_t number : coverage_.holding(wording.id)) {
+  for (const std::size_t number : candidates.holding) {
     if (entries[number].covers(wording.severity, node)) {
       acknowledged_.note_use(number);
       is_covered = true;
@@ -104,7 +108,7 @@ bool AcknowledgementFilter::take_note(const Wording& wording, std::string_view n
                      coverage_.covers_with_diagnosis(wording.id, wording.severity, node))) {
     return true;
   }
-  for (const std::size_t number : coverage_.expired(wording.id)) {
+  for (const std::size_t number : candidates.expired) {
     if (entries[number].covers(wording.severity, node)) {
       acknowledged_.note_return(number);
     }

@@ -20,8 +20,8 @@ using State = Entry::State;
 
 constexpr std::size_t MOST_LINES = 5;
 constexpr std::time_t DAY = 24 * 60 * 60;
-/// How long before its end an entry warns.
-constexpr std::time_t WARNING_TIME = 7 * DAY;
+/// How many days before its end an entry warns.
+constexpr std::time_t WARNING_DAYS = 7;
 
 /// Returns the time of an end, without the time of day for the end of a day.
 std::string format_end(std::time_t until) {
@@ -134,7 +134,7 @@ class AcknowledgedLines {
   }
 
   void write_entry(const Entry& entry, OutputLog::Colors color) const {
-    const bool ends_soon = entry.state == State::ACTIVE && entry.until - now_ < WARNING_TIME;
+    const bool ends_soon = entry.state == State::ACTIVE && days_left(entry) <= WARNING_DAYS;
     const EntryText text(ends_soon ? time_left(entry) + ": " : "", entry);
     const ListLayout layout{.lead = "    ", .indent = "      ", .width = width_};
     write_unwrapped_line(ends_soon ? OutputLog::YELLOW : color,
@@ -144,9 +144,11 @@ class AcknowledgedLines {
   }
 
   std::string time_left(const Entry& entry) const {
-    const auto days = static_cast<std::size_t>((entry.until - now_) / DAY);
+    const auto days = static_cast<std::size_t>(days_left(entry));
     return days == 0 ? "ends within a day" : "ends in " + count_of(days, "day", "days");
   }
+
+  std::time_t days_left(const Entry& entry) const { return (entry.until - now_) / DAY; }
 
   const ReportFacts::Acknowledged& acknowledged_;
   std::time_t now_;

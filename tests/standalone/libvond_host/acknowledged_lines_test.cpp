@@ -80,8 +80,8 @@ TEST_F(AcknowledgedLinesTest, TellTheTimeOfAnEndWithinADay) {
 }
 
 TEST_F(AcknowledgedLinesTest, WarnSevenDaysBeforeTheEnd) {
-  add("e", NOW + 7 * DAY);
-  add("d", NOW + 7 * DAY - 1);
+  add("e", NOW + 8 * DAY);
+  add("d", TONIGHT + 7 * DAY);
   add("b", TONIGHT + DAY);
   add("c", TONIGHT + 2 * DAY);
   add("a", TONIGHT);
@@ -90,8 +90,8 @@ TEST_F(AcknowledgedLinesTest, WarnSevenDaysBeforeTheEnd) {
             "    ends within a day: a on cn[001-002] until 2025-11-21: RMA 4711 (mh)\n"
             "    ends in 1 day: b on cn[001-002] until 2025-11-22: RMA 4711 (mh)\n"
             "    ends in 2 days: c on cn[001-002] until 2025-11-23: RMA 4711 (mh)\n"
-            "    ends in 6 days: d on cn[001-002] until 2025-11-28 04:29 UTC: RMA 4711 (mh)\n"
-            "    e on cn[001-002] until 2025-11-28 04:30 UTC: RMA 4711 (mh)\n");
+            "    ends in 7 days: d on cn[001-002] until 2025-11-28: RMA 4711 (mh)\n"
+            "    e on cn[001-002] until 2025-11-29 04:30 UTC: RMA 4711 (mh)\n");
 }
 
 TEST_F(AcknowledgedLinesTest, TellWhatIsBackAndWhatIsNotFound) {

@@ -17,8 +17,11 @@ class RandomAcknowledgements {
   static constexpr char DAY_BEHIND[] = "2025-11-22";
 
   explicit RandomAcknowledgements(unsigned seed) : random_(seed) {
-    for (unsigned count = 1 + below(12); count != 0; --count) {
+    for (unsigned count = 1 + below(16); count != 0; --count) {
       findings_.push_back(make_finding());
+      if (below(2) == 0) {
+        say_again(findings_[below(static_cast<unsigned>(findings_.size()))]);
+      }
     }
     for (unsigned count = 1 + below(4); count != 0; --count) {
       entries_.push_back(make_entry());
@@ -101,6 +104,15 @@ class RandomAcknowledgements {
       finding.based_on.push_back(some_id());
     }
     return finding;
+  }
+
+  /// What is said of node after node is read in another way.
+  void say_again(Finding finding) {
+    for (unsigned count = 1 + below(4); count != 0; --count) {
+      finding.row_id = below(3);
+      finding.nodes = {"n" + std::to_string(1 + below(4))};
+      findings_.push_back(finding);
+    }
   }
 
   Entry make_entry() {
