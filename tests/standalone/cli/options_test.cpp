@@ -50,6 +50,11 @@ Options:
                               should be there; may be repeated
   --since EARLIER             Findings of an earlier run, to tell what has
                               changed; may be repeated
+  --acknowledged FILE         What is known and not to be told until some day,
+                              JSON Lines
+  --acknowledge-at-most DAYS  How far such a day may lie ahead (default: 90)
+  --ignore-acknowledged       Tell what is acknowledged all the same; errors
+                              in its file become warnings
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show
