@@ -74,6 +74,14 @@ DefinitionsFile read_definitions_with_messages(const std::string& path) {
   return file;
 }
 
+AcknowledgementsFile read_acknowledgements_with_messages(const std::string& path,
+                                                         LongestAcknowledgement longest,
+                                                         FaultyLines faulty_lines) {
+  AcknowledgementsFile file = read_acknowledgements(path, longest, faulty_lines);
+  print_warnings(file.faults);
+  return file;
+}
+
 std::unique_ptr<CheckRun> read_run_with_messages(const RunSources& sources) {
   std::unique_ptr<CheckRun> run = read_run_with_progress(sources);
   print_warnings(run->warnings());

@@ -48,6 +48,17 @@ Value parse_word(const std::string& option, const std::string& text,
 const std::map<std::string_view, FailOn> FAIL_ON = {
     {"any", FailOn::ANY}, {"worse", FailOn::WORSE}, {"new", FailOn::NEW}};
 
+/// Returns the number that up to nine digits say, nothing for any other text.
+std::optional<int> parse_whole_number(const std::string& text) {
+  constexpr std::string_view DIGITS = "0123456789";
+  constexpr std::size_t MOST_DIGITS = 9;
+  if (text.empty() || text.size() > MOST_DIGITS ||
+      text.find_first_not_of(DIGITS) != std::string::npos) {
+    return std::nullopt;
+  }
+  return std::stoi(text);
+}
+
 }  // namespace
 
 int parse_threshold(const std::string& option, const std::string& text) {
@@ -59,13 +70,20 @@ int parse_threshold(const std::string& option, const std::string& text) {
 }
 
 int parse_width(const std::string& option, const std::string& text) {
-  constexpr std::string_view DIGITS = "0123456789";
-  constexpr std::size_t MOST_DIGITS = 9;
-  if (text.empty() || text.size() > MOST_DIGITS ||
-      text.find_first_not_of(DIGITS) != std::string::npos) {
+  const std::optional<int> columns = parse_whole_number(text);
+  if (!columns) {
     refuse(option, text, "a number of columns, 0 for no wrapping", {});
   }
-  return std::stoi(text);
+  return *columns;
+}
+
+int parse_days(const std::string& option, const std::string& text) {
+  constexpr int MOST_DAYS = 3650;
+  const std::optional<int> days = parse_whole_number(text);
+  if (!days || *days > MOST_DAYS) {
+    refuse(option, text, "a number of days from 0 to " + std::to_string(MOST_DAYS), {});
+  }
+  return *days;
 }
 
 ColorMode parse_color_mode(const std::string& option, const std::string& text) {

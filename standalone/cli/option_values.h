@@ -16,6 +16,9 @@ int parse_threshold(const std::string& option, const std::string& text);
 /// Returns a number of columns, 0 for no wrapping.
 int parse_width(const std::string& option, const std::string& text);
 
+/// Returns a number of days.
+int parse_days(const std::string& option, const std::string& text);
+
 ColorMode parse_color_mode(const std::string& option, const std::string& text);
 FailOn parse_fail_on(const std::string& option, const std::string& text);
 CollapseBy parse_collapse_mode(const std::string& option, const std::string& text);

@@ -73,9 +73,12 @@ void refuse_to_share_standard_input(const Options& options) {
   const auto count_in = [](const std::vector<std::string>& paths) {
     return std::count(paths.begin(), paths.end(), "-");
   };
+  const std::vector<std::string> acknowledged =
+      options.acknowledged ? std::vector{*options.acknowledged} : std::vector<std::string>();
   std::ptrdiff_t readers = count_in(options.inputs);
   for (const auto& [option, paths] :
-       {std::pair("--expect-file", &options.expect_files), std::pair("--since", &options.since)}) {
+       {std::pair("--expect-file", &options.expect_files), std::pair("--since", &options.since),
+        std::pair("--acknowledged", &acknowledged)}) {
     readers += count_in(*paths);
     if (count_in(*paths) != 0 && readers > 1) {
       throw UsageError(std::string(option) +
@@ -95,6 +98,7 @@ class CommandLine {
  private:
   void add_informing_options();
   void add_input_options();
+  void add_acknowledged_options();
   void add_report_options();
   void add_output_options();
   void add_value(const std::string& name, const std::string& type, std::string& word,
@@ -103,12 +107,14 @@ class CommandLine {
   void add_list(const std::string& name, const std::string& type, std::vector<std::string>& words,
                 const std::string& description);
   bool is_given(const std::string& name) const { return app_.count(name) != 0; }
+  void understand_acknowledged(Options& options) const;
   Options understand() const;
 
   CLI::App app_{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   /// What needs no understanding.
   Options taken_as_is_;
   std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, fail_on_, part_;
+  std::string acknowledged_, acknowledge_at_most_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
@@ -139,8 +145,8 @@ void CommandLine::add_input_options() {
             "for its\nupper bound (default: 75)");
   add_value(
       "--fail-on", "WHAT", fail_on_,
-      "With --since: exit status 1 for issues that\ncontribute to FAIL only if they are worse "
-      "than\nbefore, or only if they are new: any, worse or new\n(default: any)");
+      "With --since: which issues that contribute to\nFAIL make the exit status 1: any, worse "
+      "or new\n(default: any)");
   add_value("--collapse", "WHAT", collapse_,
             "What makes findings one issue: texts that are\nequal but for numbers and the node's "
             "name, equal\ntexts, or an equal id: pattern, text or id\n(default: pattern)");
@@ -157,6 +163,16 @@ void CommandLine::add_input_options() {
            "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
   add_list("--since", "EARLIER", taken_as_is_.since,
            "Findings of an earlier run, to tell what has\nchanged; may be repeated");
+  add_acknowledged_options();
+}
+
+void CommandLine::add_acknowledged_options() {
+  add_value("--acknowledged", "FILE", acknowledged_,
+            "What is known and not to be told until some day,\nJSON Lines");
+  add_value("--acknowledge-at-most", "DAYS", acknowledge_at_most_,
+            "How far such a day may lie ahead (default: 90)");
+  add_flag("--ignore-acknowledged", taken_as_is_.ignores_acknowledged,
+           "Tell what is acknowledged all the same; errors\nin its file become warnings");
 }
 
 void CommandLine::add_report_options() {
@@ -234,6 +250,7 @@ Options CommandLine::understand() const {
     refuse_empty_paths("--part", {part_});
     options.part = part_;
   }
+  understand_acknowledged(options);
   options.examined = parse_node_sets("--examined", examined_);
   options.expected = parse_node_sets("--expect", expected_);
   options.expected_parts = parse_node_sets("--expect-parts", expected_parts_);
@@ -241,6 +258,21 @@ Options CommandLine::understand() const {
     options.extensions.push_back(parse_extension("--extension", extension));
   }
   return options;
+}
+
+void CommandLine::understand_acknowledged(Options& options) const {
+  if (is_given("--acknowledged")) {
+    refuse_empty_paths("--acknowledged", {acknowledged_});
+    options.acknowledged = acknowledged_;
+  }
+  for (const std::string option : {"--acknowledge-at-most", "--ignore-acknowledged"}) {
+    if (is_given(option) && !options.acknowledged) {
+      throw UsageError(option + " is given without --acknowledged FILE");
+    }
+  }
+  if (is_given("--acknowledge-at-most")) {
+    options.acknowledge_at_most = parse_days("--acknowledge-at-most", acknowledge_at_most_);
+  }
 }
 
 Request CommandLine::parse(int argc, const char* const* argv) {

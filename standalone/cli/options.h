@@ -51,6 +51,12 @@ struct Options {
   /// Files of findings of earlier runs; "-" is standard input.
   std::vector<std::string> since;
   FailOn fail_on = FailOn::ANY;
+  /// The file of what is acknowledged, "-" for standard input.
+  std::optional<std::string> acknowledged;
+  /// How many days an acknowledgement may reach ahead.
+  int acknowledge_at_most = 90;
+  /// Whether the report is to show what is acknowledged all the same.
+  bool ignores_acknowledged = false;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.
   std::optional<int> width;
   /// A name of the log level table.

@@ -28,6 +28,9 @@ std::vector<std::string> input_files(const Options& options) {
   if (options.definitions) {
     inputs.push_back(*options.definitions);
   }
+  if (options.acknowledged) {
+    inputs.push_back(*options.acknowledged);
+  }
   inputs.insert(inputs.end(), options.expect_files.begin(), options.expect_files.end());
   return inputs;
 }

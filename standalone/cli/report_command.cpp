@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -68,6 +69,19 @@ std::vector<std::string> expected_nodes(const Options& options) {
   return nodes;
 }
 
+/// Reads what is acknowledged, and adds what is wrong with it to `warnings` where it is ignored.
+std::optional<std::vector<Acknowledgement>> acknowledged_at(std::time_t now, const Options& options,
+                                                            std::vector<std::string>& warnings) {
+  if (!options.acknowledged) {
+    return std::nullopt;
+  }
+  AcknowledgementsFile file = read_acknowledgements_with_messages(
+      *options.acknowledged, {.now = now, .days = options.acknowledge_at_most},
+      options.ignores_acknowledged ? FaultyLines::LEFT_OUT : FaultyLines::REFUSED);
+  warnings.insert(warnings.end(), file.faults.begin(), file.faults.end());
+  return options.ignores_acknowledged ? std::nullopt : std::optional(std::move(file.entries));
+}
+
 /// Reads the files of expected nodes, too.
 RunSources make_sources(const Options& options) {
   return {.findings = options.inputs,
@@ -82,19 +96,19 @@ RunSources make_sources(const Options& options) {
 }
 
 /// Reads the earlier runs, if any, in the way that `sources` are read.
-std::unique_ptr<RunHistory> read_history(const Options& options, const RunSources& sources,
-                                         std::time_t written_at) {
+std::unique_ptr<RunHistory> read_history(const Options& options, const RunSources& sources) {
   if (options.since.empty()) {
     return nullptr;
   }
-  auto history = std::make_unique<RunHistory>();
+  auto history = std::make_unique<RunHistory>(
+      sources.acknowledged.value_or(std::vector<Acknowledgement>()), sources.time);
   for (const std::string& path : options.since) {
     const std::unique_ptr<CheckRun> run =
         read_run_with_messages({.findings = {path},
                                 .is_strict = sources.is_strict,
                                 .definitions_are_paths = sources.definitions_are_paths,
                                 .collapse_by = sources.collapse_by});
-    history->add_earlier(*run, written_at);
+    history->add_earlier(*run);
   }
   return history;
 }
@@ -125,20 +139,26 @@ ExitStatus write_report(const Options& options) {
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
   RecordOptions record_options = make_record_options(options, warnings);
-  const RunSources sources = make_sources(options);
+  RunSources sources = make_sources(options);
+  sources.time = written_at;
+  sources.acknowledged = acknowledged_at(written_at, options, warnings);
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
-  const std::unique_ptr<RunHistory> history = read_history(options, sources, written_at);
+  const std::unique_ptr<RunHistory> history = read_history(options, sources);
   record_options.seen_names = history ? &history->names() : nullptr;
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
-  ReportRecord record(run->collapser(), record_options);
+  ReportRecord record(run->collapser(), record_options, run->everything());
   report_facts() = facts_of_run(*run, record, written_at);
   if (history) {
-    history->compare(*run, record, written_at);
+    history->compare(*run, record);
     report_facts().changes = history->summary();
   }
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
-  RecordIssueFacts issue_facts(record, run->collapser().node_names(), history.get());
+  if (options.ignores_acknowledged) {
+    report_facts().acknowledged.emplace().is_ignored = true;
+  }
+  RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept(),
+                               history.get());
   const IssueFactsConnection connection(issue_facts);
   if (!outputs.write(record.data())) {
     return NO_REPORT;

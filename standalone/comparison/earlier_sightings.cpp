@@ -31,25 +31,30 @@ EarlierSightings::EarlierSightings(std::vector<RunSightings> runs) {
     settle(run);
     run = {};
   }
-  for (std::vector<Entry>& entries : entries_) {
-    std::sort(entries.begin(), entries.end(), is_before);
+  for (Table* const table : {&entries_, &acknowledged_}) {
+    for (std::vector<Entry>& entries : *table) {
+      std::sort(entries.begin(), entries.end(), is_before);
+    }
   }
 }
 
 void EarlierSightings::add(const RunSightings& run) {
   for (const SeenIssue& issue : run.issues) {
-    add(issue, run.time);
+    add(issue, run.time, entries_);
+  }
+  for (const SeenIssue& issue : run.acknowledged) {
+    add(issue, run.time, acknowledged_);
   }
 }
 
-void EarlierSightings::add(const SeenIssue& issue, std::time_t run_time) {
-  if (issue.condition >= entries_.size()) {
-    entries_.resize(issue.condition + std::size_t{1});
+void EarlierSightings::add(const SeenIssue& issue, std::time_t run_time, Table& table) const {
+  if (issue.condition >= table.size()) {
+    table.resize(issue.condition + std::size_t{1});
   }
   for (const auto& [node, pattern, first_seen] : issue.sightings) {
     if (!is_settled(node)) {
       const bool is_known = first_seen != UNKNOWN_TIME;
-      entries_[issue.condition].push_back(
+      table[issue.condition].push_back(
           {node, pattern, issue.band, is_known ? first_seen : run_time});
     }
   }
@@ -62,9 +67,11 @@ void EarlierSightings::settle(const RunSightings& run) {
     }
     return;
   }
-  for (const SeenIssue& issue : run.issues) {
-    for (const Sighting& sighting : issue.sightings) {
-      settle(sighting.node);
+  for (const auto* issues : {&run.issues, &run.acknowledged}) {
+    for (const SeenIssue& issue : *issues) {
+      for (const Sighting& sighting : issue.sightings) {
+        settle(sighting.node);
+      }
     }
   }
 }
@@ -76,19 +83,22 @@ void EarlierSightings::settle(SeenNames::Number node) {
   settled_[node] = 1;
 }
 
-std::span<const EarlierSightings::Entry> EarlierSightings::of(SeenNames::Number condition) const {
-  return condition < entries_.size() ? std::span<const Entry>(entries_[condition])
-                                     : std::span<const Entry>();
+std::span<const EarlierSightings::Entry> EarlierSightings::find(const Table& table,
+                                                                SeenNames::Number condition) {
+  return condition < table.size() ? std::span<const Entry>(table[condition])
+                                  : std::span<const Entry>();
 }
 
 std::time_t EarlierSightings::first_seen(SeenNames::Number condition,
                                          SeenNames::Number node) const {
-  const std::span<const Entry> entries = of(condition);
-  const auto [begin, end] =
-      std::equal_range(entries.begin(), entries.end(), Entry{node, 0, 0, UNKNOWN_TIME}, is_before);
   std::time_t earliest = UNKNOWN_TIME;
-  for (auto entry = begin; entry != end; ++entry) {
-    earliest = std::min(earliest, entry->first_seen);
+  for (const Table* const table : {&entries_, &acknowledged_}) {
+    const std::span<const Entry> entries = find(*table, condition);
+    const auto [begin, end] = std::equal_range(entries.begin(), entries.end(),
+                                               Entry{node, 0, 0, UNKNOWN_TIME}, is_before);
+    for (auto entry = begin; entry != end; ++entry) {
+      earliest = std::min(earliest, entry->first_seen);
+    }
   }
   return earliest;
 }

@@ -25,27 +25,32 @@ class EarlierSightings {
   /// Of a run that does not tell whom it examined, these are the nodes on which it saw something.
   explicit EarlierSightings(std::vector<RunSightings> runs);
 
-  /// Returns the sightings of a condition, sorted by node; a node may have several.
-  std::span<const Entry> of(SeenNames::Number condition) const;
+  /// Returns the sightings of a condition, sorted by node; a node may have several. What was
+  /// acknowledged is not among them.
+  std::span<const Entry> of(SeenNames::Number condition) const { return find(entries_, condition); }
 
-  /// Returns when a condition was first seen on the node; UNKNOWN_TIME when it was not, or when
-  /// nothing tells.
+  /// Returns when a condition was first seen on the node, acknowledged or not; UNKNOWN_TIME when it
+  /// was not, or when nothing tells.
   std::time_t first_seen(SeenNames::Number condition, SeenNames::Number node) const;
 
   /// Returns the time of the newest run of those that have a time, else UNKNOWN_TIME.
   std::time_t newest() const { return newest_; }
 
  private:
+  /// By condition.
+  using Table = std::vector<std::vector<Entry>>;
+
   void add(const RunSightings& run);
-  void add(const SeenIssue& issue, std::time_t run_time);
+  void add(const SeenIssue& issue, std::time_t run_time, Table& table) const;
+  static std::span<const Entry> find(const Table& table, SeenNames::Number condition);
   void settle(const RunSightings& run);
   void settle(SeenNames::Number node);
   bool is_settled(SeenNames::Number node) const {
     return node < settled_.size() && settled_[node] != 0;
   }
 
-  /// By condition.
-  std::vector<std::vector<Entry>> entries_;
+  Table entries_;
+  Table acknowledged_;
   /// By node: whether a newer run tells all about it.
   std::vector<char> settled_;
   std::time_t newest_ = UNKNOWN_TIME;

@@ -31,7 +31,7 @@ struct SeenIssue {
 struct RunSightings {
   /// Worst first.
   std::vector<SeenIssue> issues = {};
-  /// What would be issues but for an acknowledgement.
+  /// What would be, or have been, issues but for an acknowledgement.
   std::vector<SeenIssue> acknowledged = {};
   /// Those that were looked at, each once; NO_NODE among them when what names no node would have
   /// been seen. Nothing when the run does not tell.

@@ -10,7 +10,7 @@ std::string count_of_silent_nodes(const ReportFacts& facts) {
                             count_of(expectation.nodes_expected, "expected node", "expected nodes");
   const bool is_one = expectation.silent.size() == 1;
   // A node without findings may have been examined all the same, unless there are no findings.
-  if (facts.examination || facts.findings_read == 0) {
+  if (facts.examination || facts.findings_left() == 0) {
     return nodes + (is_one ? " was not examined" : " were not examined");
   }
   return nodes + (is_one ? " is silent" : " are silent");

@@ -44,6 +44,10 @@ struct ReportFacts {
   int line_width = 0;
 
   std::size_t findings_read = 0;
+  /// How many of these are acknowledged on all of their nodes.
+  std::size_t findings_acknowledged = 0;
+  /// The number of the others, which the verdict goes by.
+  std::size_t findings_left() const { return findings_read - findings_acknowledged; }
   /// Findings, not issues, that name no definition.
   std::size_t findings_without_definition = 0;
   /// Lines that could not be used and are left out.
@@ -92,6 +96,34 @@ struct ReportFacts {
 
   /// What has changed, where there are earlier runs to compare with.
   std::optional<Changes> changes;
+  /// What the user has acknowledged.
+  struct Acknowledgement {
+    /// See vond::facts::Acknowledgement.
+    enum class State { ACTIVE, EXPIRED, UNUSED };
+
+    std::string id;
+    /// Empty for every node.
+    std::vector<std::string> nodes;
+    /// The last second in which it holds.
+    std::time_t until = 0;
+    std::string reason;
+    /// "" when nobody is named.
+    std::string by;
+    State state = State::ACTIVE;
+    /// It has expired, and what it covered is there.
+    bool is_back = false;
+  };
+  struct Acknowledged {
+    /// The user wants to see all the same what is acknowledged; nothing else is known then.
+    bool is_ignored = false;
+    /// How many issues there would be of what is acknowledged, and on how many nodes.
+    std::size_t issues = 0;
+    std::size_t nodes = 0;
+    /// In the order of the file.
+    std::vector<Acknowledgement> entries = {};
+  };
+  /// Without a value when nothing may be acknowledged.
+  std::optional<Acknowledged> acknowledged;
 
   /// Whether any issue contributes to FAIL.
   bool failed = false;

@@ -11,7 +11,8 @@ bool has_silent_nodes(const ReportFacts& facts) {
 }
 
 bool has_looked_at_something(const ReportFacts& facts) {
-  return facts.findings_read != 0 || (facts.examination && facts.examination->nodes_examined != 0);
+  return facts.findings_left() != 0 ||
+         (facts.examination && facts.examination->nodes_examined != 0);
 }
 
 /// Returns the inputs of several that gave nothing. A single one has its own doubts: nothing was

@@ -12,6 +12,17 @@ namespace {
 
 IssueFacts* current_issue_facts = nullptr;
 
+std::string word_of(ReportFacts::Acknowledgement::State state) {
+  switch (state) {
+    case ReportFacts::Acknowledgement::State::EXPIRED:
+      return "expired";
+    case ReportFacts::Acknowledgement::State::UNUSED:
+      return "unused";
+    default:
+      return "active";
+  }
+}
+
 }  // namespace
 
 IssueFactsConnection::IssueFactsConnection(IssueFacts& facts) { current_issue_facts = &facts; }
@@ -81,6 +92,24 @@ std::vector<std::string> nodes_not_examined() {
 std::vector<std::string> nodes_not_expected() {
   const auto& expectation = report_facts().expectation;
   return expectation ? expectation->not_expected : std::vector<std::string>();
+}
+
+std::vector<Acknowledgement> acknowledgements() {
+  const auto& acknowledged = report_facts().acknowledged;
+  std::vector<Acknowledgement> entries;
+  if (acknowledged) {
+    for (const auto& entry : acknowledged->entries) {
+      entries.push_back({entry.id, entry.nodes, entry.until, entry.reason, entry.by,
+                         standalone::word_of(entry.state)});
+    }
+  }
+  return entries;
+}
+
+std::optional<std::size_t> issues_acknowledged() {
+  const auto& acknowledged = report_facts().acknowledged;
+  return acknowledged && !acknowledged->is_ignored ? std::optional(acknowledged->issues)
+                                                   : std::nullopt;
 }
 
 int severity(const postprocessor::CollapsedAnalysisOutput& issue) {

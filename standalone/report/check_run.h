@@ -1,11 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
+#include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "standalone/acknowledged/acknowledgement.h"
 #include "standalone/findings/findings_reader.h"
+#include "standalone/report/acknowledged_findings.h"
 #include "standalone/report/collapser.h"
 #include "standalone/report/collected_parts.h"
 #include "standalone/report/examination.h"
@@ -32,6 +37,10 @@ struct RunSources {
   std::vector<std::string> expected_parts = {};
   /// The part of the cluster that this run is about, "" when nobody named it.
   std::string own_part = {};
+  /// What is taken out of the findings at the report's time; without a value, nothing may be.
+  std::optional<std::vector<Acknowledgement>> acknowledged = std::nullopt;
+  /// The report's time.
+  std::time_t time = 0;
 };
 
 /// Is told how far the reading of a run has come.
@@ -52,10 +61,26 @@ class CheckRun {
   /// In reading order.
   const std::vector<RunInput>& inputs() const { return inputs_; }
 
+  /// The findings, without what is acknowledged.
   Collapser& collapser() { return collapser_; }
   const Collapser& collapser() const { return collapser_; }
 
-  /// Number of findings that name no definition.
+  /// What is acknowledged; null when nothing may be.
+  const AcknowledgedFindings* acknowledged() const { return acknowledged_.get(); }
+
+  /// All findings, by pattern, where they are kept and are more than those of collapser(); else
+  /// null.
+  Collapser* everything() { return everything_.get(); }
+
+  /// The nodes of all findings, where these are kept.
+  const StringInterner& names_of_kept() const {
+    return (everything_ ? *everything_ : collapser_).node_names();
+  }
+
+  /// How many findings were read, whatever became of them.
+  std::size_t findings_read() const { return findings_read_; }
+
+  /// Number of findings that name no definition, without what is acknowledged.
   std::size_t findings_without_definition() const { return findings_without_definition_; }
 
   const Examination& examination() const { return examination_; }
@@ -83,8 +108,13 @@ class CheckRun {
   bool is_useless() const { return usable_lines_ == 0 && rejected_lines_.count != 0; }
 
  private:
+  void read(const RunSources& sources, ReadingProgress& progress);
+
   std::vector<RunInput> inputs_;
+  std::unique_ptr<AcknowledgedFindings> acknowledged_;
+  std::unique_ptr<Collapser> everything_;
   Collapser collapser_;
+  std::size_t findings_read_ = 0;
   std::size_t findings_without_definition_ = 0;
   Examination examination_;
   std::vector<std::string> warnings_;

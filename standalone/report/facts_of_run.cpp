@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 
+#include "standalone/report/acknowledged_facts.h"
 #include "standalone/report/alike_names.h"
 #include "standalone/text/utc_time.h"
 
@@ -76,7 +77,7 @@ ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at) {
     facts.inputs.back().is_useless = !run.complaints()[i].empty();
   }
   facts.written_at = written_at;
-  facts.findings_read = run.collapser().findings();
+  facts.findings_read = run.findings_read();
   facts.findings_without_definition = run.findings_without_definition();
   facts.lines_rejected = run.rejected_lines().count;
   for (const InputError& error : run.rejected_lines().errors) {
@@ -92,6 +93,7 @@ ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at) {
   if (examination.expected() != 0) {
     facts.expectation = facts_of_expectation(examination, nodes);
   }
+  add_facts_of_acknowledged(facts, run);
   return facts;
 }
 

@@ -29,6 +29,10 @@ std::string kind_word(Placeholder::Kind kind) {
   }
 }
 
+NodeNames names_in(const StringInterner& interner) {
+  return [&interner](auto node) -> std::string_view { return interner[node]; };
+}
+
 /// Returns the names, sorted: numbers of nodes are in the order of the input.
 std::vector<std::string> names_of(const std::vector<std::uint32_t>& nodes,
                                   const NodeNames& node_names) {
@@ -53,9 +57,10 @@ facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
 }  // namespace
 
 RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
-                                   const RunHistory* history)
+                                   const StringInterner& names_of_kept, const RunHistory* history)
     : record_(record),
-      node_names_([&node_names](auto node) -> std::string_view { return node_names[node]; }),
+      node_names_(names_in(node_names)),
+      names_of_kept_(names_in(names_of_kept)),
       history_(history) {}
 
 int RecordIssueFacts::severity(const Issue& issue) const {
@@ -113,7 +118,7 @@ void RecordIssueFacts::for_each_finding(
   }
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
-        for (OriginalTexts& original : findings.originals(node_names_)) {
+        for (OriginalTexts& original : findings.originals(names_of_kept_)) {
           facts::Finding finding{std::string(type_name(source.type)),
                                  source.id,
                                  original.severity,
@@ -122,7 +127,7 @@ void RecordIssueFacts::for_each_finding(
                                  std::move(original.texts[1]),
                                  source.definitions,
                                  source.based_on,
-                                 names_of(original.nodes, node_names_),
+                                 names_of(original.nodes, names_of_kept_),
                                  std::move(original.row_ids),
                                  original.count,
                                  original.first_seen};

@@ -16,10 +16,13 @@ namespace vond::standalone {
 /// What the issues of a record were made of.
 class RecordIssueFacts : public IssueFacts {
  public:
-  /// Keeps references to all; the names are those of the record's collapser, which must be there,
-  /// too. `history` has compared the record's run with others, or is null.
+  /// Keeps references to all. The names are those of the record's collapser, and those of the
+  /// collapser of all findings that are kept, where that is another one. Both must be there, too.
+  /// `history` has compared the record's run with others, or is null.
   RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
-                   const RunHistory* history = nullptr);
+                   const StringInterner& names_of_kept, const RunHistory* history = nullptr);
+  RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names)
+      : RecordIssueFacts(record, node_names, node_names) {}
 
   int severity(const postprocessor::CollapsedAnalysisOutput& issue) const override;
   facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const override;
@@ -37,6 +40,7 @@ class RecordIssueFacts : public IssueFacts {
 
   const ReportRecord& record_;
   const NodeNames node_names_;
+  const NodeNames names_of_kept_;
   const RunHistory* history_;
   /// Made when it is first needed, for its memory grows with all values.
   std::optional<PatternSummaries> summaries_;

@@ -16,9 +16,15 @@ using postprocessor::ALL_OBSERVATIONS;
 using postprocessor::DIAGNOSES;
 using postprocessor::FAIL_BIT;
 
-ReportRecord::ReportRecord(Collapser& collapser, const RecordOptions& options)
+ReportRecord::ReportRecord(Collapser& collapser, const RecordOptions& options,
+                           Collapser* everything)
     : ReportRecord(collapser.finish(), collapser.node_names(), options) {
-  take_kept(collapser.take_kept());
+  if (everything == nullptr) {
+    take_kept(collapser.take_kept());
+  } else {
+    sources_.clear();
+    take_kept(everything->finish());
+  }
 }
 
 ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringInterner& node_names,

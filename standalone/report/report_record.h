@@ -37,8 +37,10 @@ struct RecordOptions {
 /// they are related to.
 class ReportRecord {
  public:
-  /// Takes the issues out of `collapser`. Throws InputError for definitions that cannot be.
-  ReportRecord(Collapser& collapser, const RecordOptions& options);
+  /// Takes the issues out of `collapser`. `everything` holds, by pattern, all findings that are to
+  /// be kept where these are more; else it is null. Throws InputError for definitions that cannot
+  /// be.
+  ReportRecord(Collapser& collapser, const RecordOptions& options, Collapser* everything = nullptr);
 
   postprocessor::PostprocessorExtensionData& data() { return data_; }
   const postprocessor::PostprocessorExtensionData& data() const { return data_; }

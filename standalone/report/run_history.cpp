@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "standalone/acknowledged/acknowledgement_coverage.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/model/type_names.h"
 #include "standalone/report/facts_of_run.h"
@@ -46,8 +47,8 @@ std::string_view word_of(Change change) {
 
 }  // namespace
 
-void RunHistory::add_earlier(CheckRun& run, std::time_t written_at) {
-  const ReportFacts facts = facts_of_reading(run, written_at);
+void RunHistory::add_earlier(CheckRun& run) {
+  const ReportFacts facts = facts_of_reading(run, written_at_);
   for (const ReportFacts::Input& input : facts.inputs) {
     if (input.is_cut_off) {
       remarks_.push_back(input.name + " is cut off");
@@ -57,14 +58,47 @@ void RunHistory::add_earlier(CheckRun& run, std::time_t written_at) {
                          count_of(facts.lines_rejected, "line was", "lines were") + " left out");
     }
   }
-  RunSightings sightings = sightings_of_run(run, written_at);
-  // Its nodes are numbered only now.
-  sightings.issues = sightings_of(run.collapser().finish(), run.collapser().node_names(), names_);
+  RunSightings sightings = sightings_of_run(run);
+  const std::vector<CollapsedIssue> issues = run.collapser().finish();
+  sightings.issues = sightings_of(issues, run.collapser().node_names(), names_);
+  set_acknowledged_apart(issues, sightings);
   runs_.push_back(std::move(sightings));
 }
 
+/// Sets apart what was acknowledged at the time of the run: where it still is, it takes no part,
+/// and where it no longer is, it counts as new. `issues` are those of the run.
+void RunHistory::set_acknowledged_apart(const std::vector<CollapsedIssue>& issues,
+                                        RunSightings& run) const {
+  AcknowledgementCoverage coverage(acknowledged_,
+                                   run.time == UNKNOWN_TIME ? written_at_ : run.time);
+  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
+    if (issues[number].type == postprocessor::DIAGNOSES) {
+      const std::vector<std::string_view> based_on(issues[number].based_on.begin(),
+                                                   issues[number].based_on.end());
+      for (const Sighting& sighting : run.issues[number].sightings) {
+        coverage.add_diagnosis(issues[number].id, run.issues[number].band,
+                               names_.node_name(sighting.node), based_on);
+      }
+    }
+  }
+  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
+    const auto& [type, id] = names_.condition(run.issues[number].condition);
+    const int band = run.issues[number].band;
+    auto& sightings = run.issues[number].sightings;
+    const auto covered =
+        std::stable_partition(sightings.begin(), sightings.end(), [&](const Sighting& sighting) {
+          const std::string& node = names_.node_name(sighting.node);
+          return !coverage.covers(id, band, node) &&
+                 (type == postprocessor::DIAGNOSES ||
+                  !coverage.covers_with_diagnosis(id, band, node));
+        });
+    run.acknowledged.push_back({run.issues[number].condition, band, {covered, sightings.end()}});
+    sightings.erase(covered, sightings.end());
+  }
+}
+
 /// Returns what a run tells beside its issues.
-RunSightings RunHistory::sightings_of_run(const CheckRun& run, std::time_t written_at) {
+RunSightings RunHistory::sightings_of_run(const CheckRun& run) {
   RunSightings sightings;
   sightings.time = time_of(run);
   if (run.examination().is_known()) {
@@ -72,17 +106,21 @@ RunSightings RunHistory::sightings_of_run(const CheckRun& run, std::time_t writt
     for (const std::string& node : run.examination().examined_names()) {
       sightings.examined->push_back(names_.node(node));
     }
-    if (verdict_doubts(facts_of_reading(run, written_at)).empty()) {
+    if (verdict_doubts(facts_of_reading(run, written_at_)).empty()) {
       sightings.examined->push_back(SeenNames::NO_NODE);
     }
   }
   return sightings;
 }
 
-void RunHistory::compare(const CheckRun& run, ReportRecord& record, std::time_t written_at) {
+void RunHistory::compare(const CheckRun& run, ReportRecord& record) {
   earlier_.emplace(std::exchange(runs_, {}));
-  RunSightings sightings = sightings_of_run(run, written_at);
+  RunSightings sightings = sightings_of_run(run);
   sightings.issues = record.take_sightings();
+  if (const AcknowledgedFindings* const acknowledged = run.acknowledged()) {
+    sightings.acknowledged =
+        sightings_of(acknowledged->issues(), acknowledged->node_names(), names_);
+  }
   comparison_ = standalone::compare(*earlier_, sightings, names_);
   issues_ = std::move(sightings.issues);
   for (SeenIssue& issue : issues_) {

@@ -4,8 +4,10 @@
 #include <ctime>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "standalone/acknowledged/acknowledgement.h"
 #include "standalone/comparison/comparison.h"
 #include "standalone/facts/changes.h"
 #include "standalone/report/check_run.h"
@@ -17,15 +19,19 @@ namespace vond::standalone {
 /// The earlier runs that a run is compared with, and what differs.
 class RunHistory {
  public:
-  /// Takes the issues out of an earlier run. `written_at` is the report's time.
-  void add_earlier(CheckRun& run, std::time_t written_at);
+  /// `acknowledged` holds, or held, at times; `written_at` is the report's time.
+  RunHistory(std::vector<Acknowledgement> acknowledged, std::time_t written_at)
+      : acknowledged_(std::move(acknowledged)), written_at_(written_at) {}
+
+  /// Takes the issues out of an earlier run, which was read with all that is acknowledged.
+  void add_earlier(CheckRun& run);
 
   /// To number what the run's record says was seen.
   SeenNames& names() { return names_; }
 
   /// Compares `run`, whose record took sightings with names(), with all earlier ones. To be called
   /// once; everything below needs it.
-  void compare(const CheckRun& run, ReportRecord& record, std::time_t written_at);
+  void compare(const CheckRun& run, ReportRecord& record);
 
   /// Returns what has become of the issue of this number.
   facts::Change change(std::size_t number) const;
@@ -50,7 +56,8 @@ class RunHistory {
  private:
   using Numbers = std::vector<SeenNames::Number>;
 
-  RunSightings sightings_of_run(const CheckRun& run, std::time_t written_at);
+  RunSightings sightings_of_run(const CheckRun& run);
+  void set_acknowledged_apart(const std::vector<CollapsedIssue>& issues, RunSightings& run) const;
   std::vector<std::string> node_names(const Numbers& nodes) const;
   std::vector<facts::PastIssue> past_issues(const std::vector<PastCondition>& conditions) const;
   Changes::Item item_of_issue(std::size_t number) const;
@@ -58,6 +65,8 @@ class RunHistory {
   Changes::Kind gone() const;
   std::size_t count_issues(Change change) const;
 
+  std::vector<Acknowledgement> acknowledged_;
+  std::time_t written_at_;
   SeenNames names_;
   std::vector<RunSightings> runs_;
   std::vector<std::string> remarks_;

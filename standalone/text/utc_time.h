@@ -13,6 +13,15 @@ namespace vond::standalone {
 /// nothing for any other text and for days and hours that there are not.
 std::optional<std::time_t> parse_utc_time(std::string_view text);
 
+/// Returns the first second, UTC, of the day that `text` says as `2025-11-21`; nothing for any
+/// other text and for days that there are not.
+std::optional<std::time_t> parse_utc_date(std::string_view text);
+
+/// Returns the second in which the instant lies that `text` says in any form of RFC 3339: with `Z`
+/// or an offset, with or without a fraction, `T` and `Z` in either case, a leap second at the end
+/// of a day. Nothing for any other text and for days and hours that there are not.
+std::optional<std::time_t> parse_instant(std::string_view text);
+
 /// Returns how long before `now` it was, in seconds; less than 0 for what lies ahead.
 inline std::int64_t age_at(std::time_t now, std::time_t time) {
   // Any number may be a file's time; half of the range leaves room for the subtraction.

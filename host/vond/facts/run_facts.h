@@ -84,6 +84,28 @@ VOND_HOST_API std::vector<std::string> nodes_not_examined();
 /// Returns the nodes that were examined and not expected.
 VOND_HOST_API std::vector<std::string> nodes_not_expected();
 
+/// What the user has acknowledged: findings of an id that are known on some nodes until some day.
+struct Acknowledgement {
+  std::string id;
+  /// None for every node.
+  std::vector<std::string> nodes;
+  /// The last second in which it holds, in seconds since 1970-01-01 00:00:00 UTC.
+  std::int64_t until = 0;
+  std::string reason;
+  /// Who says so, "" when nobody is named.
+  std::string by;
+  /// "active"; "expired", when it holds no more; "unused", when it holds, its nodes were examined,
+  /// and there is nothing that it covers.
+  std::string state;
+};
+
+/// Returns what the user has acknowledged, in the order of the file. What an active entry covers is
+/// no part of the record.
+VOND_HOST_API std::vector<Acknowledgement> acknowledgements();
+
+/// Returns how many issues there would be of what is acknowledged; nothing when nothing may be.
+VOND_HOST_API std::optional<std::size_t> issues_acknowledged();
+
 /// Returns the issue's severity, 0 to 100, of which the record knows the band alone: the highest of
 /// its findings; -1 for an issue that is none of the record's.
 VOND_HOST_API int severity(const postprocessor::CollapsedAnalysisOutput& issue);

@@ -4,6 +4,7 @@
 
 #include "standalone/facts/counts.h"
 #include "standalone/facts/verdict.h"
+#include "standalone/libvond_host/blocks/acknowledged_lines.h"
 #include "standalone/libvond_host/blocks/band_table.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
 #include "standalone/libvond_host/blocks/change_lines.h"
@@ -66,6 +67,7 @@ void write_summary(const ReportFacts& facts, const PostprocessorExtensionData& d
   write_verdict(facts, bands, data.line_width);
   write_band_table(rows_of(bands), data.line_width);
   write_failing_definitions(facts, data);
+  write_acknowledged(facts, data.line_width);
   write_changes(facts);
   write_rule();
 }

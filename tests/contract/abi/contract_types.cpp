@@ -29,6 +29,7 @@ VOND_HOST_API void take_values(postprocessor::Severity& /**/, postprocessor::Typ
                                nodelist_method_t& /**/, ScaleType& /**/) {}
 
 VOND_HOST_API void take_facts(facts::Input& /**/, facts::Patterns& /**/, facts::Value& /**/,
-                              facts::Place& /**/, facts::Finding& /**/) {}
+                              facts::Place& /**/, facts::Finding& /**/,
+                              facts::Acknowledgement& /**/) {}
 
 }  // namespace vond

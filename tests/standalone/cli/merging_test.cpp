@@ -253,10 +253,9 @@ TEST_P(MergingTest, TheEarliestTimeStaysThatSomethingWasSeen) {
       times.push_back(line.substr(line.find("first_seen")));
     }
   }
-  EXPECT_EQ(times,
-            (Lines{R"(first_seen": "2025-11-13T04:30:00Z", "nodes": "cn1", "count": 1})",
-                   R"(first_seen": "2025-11-09T04:30:00Z", "nodes": "cn2", "count": 1})",
-                   R"(first_seen": "2025-11-10T04:30:00Z", "nodes": "cn[1-4]", "count": 4})"}));
+  EXPECT_EQ(times, (Lines{R"(first_seen": "2025-11-10T04:30:00Z", "nodes": "cn[1-4]", "count": 4})",
+                          R"(first_seen": "2025-11-13T04:30:00Z", "nodes": "cn1", "count": 1})",
+                          R"(first_seen": "2025-11-09T04:30:00Z", "nodes": "cn2", "count": 1})"}));
 }
 
 TEST_P(MergingTest, ALineIsSplitBeforeItIsTooLong) {

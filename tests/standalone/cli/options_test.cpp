@@ -30,9 +30,8 @@ Options:
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
                               upper bound (default: 75)
-  --fail-on WHAT              With --since: exit status 1 for issues that
-                              contribute to FAIL only if they are worse than
-                              before, or only if they are new: any, worse or new
+  --fail-on WHAT              With --since: which issues that contribute to
+                              FAIL make the exit status 1: any, worse or new
                               (default: any)
   --collapse WHAT             What makes findings one issue: texts that are
                               equal but for numbers and the node's name, equal
@@ -51,6 +50,11 @@ Options:
                               should be there; may be repeated
   --since EARLIER             Findings of an earlier run, to tell what has
                               changed; may be repeated
+  --acknowledged FILE         What is known and not to be told until some day,
+                              JSON Lines
+  --acknowledge-at-most DAYS  How far such a day may lie ahead (default: 90)
+  --ignore-acknowledged       Tell what is acknowledged all the same; errors
+                              in its file become warnings
   -w,--width N                Columns of the report, 0: no wrapping (default:
                               the terminal's, else COLUMNS, else 80)
   --log-level NAME            Level of error reports; "info" and "debug" show

@@ -98,8 +98,7 @@ TEST_P(SinceTest, NodesThatWereNotLookedAtDidNotHeal) {
   const std::string before = finding("a", "cn[1-5]") + finding("b", "cn3") + examined("cn[1-5]");
   EXPECT_EQ(block(finding("a", "cn1") + examined("cn[1,5]"), {earlier(before)}),
             "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 0 worse, 0 same, 1 better, 0 gone; 3 nodes "
-            "not\n"
-            "    looked at\n"
+            "not looked at\n"
             "    not looked at: cn[2-4]\n");
 }
 
@@ -112,8 +111,7 @@ TEST_P(SinceTest, WhatNamesNoNodeIsNotLookedAtWhereThereIsADoubt) {
             "    gone      a, CRITICAL, for 6 hours\n");
   EXPECT_EQ(block_of(report(examined("cn1"), {earlier(before)}, {"--expect", "cn[1-2]"}).output),
             "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 0 worse, 0 same, 0 better, 0 gone; 1 not "
-            "looked\n"
-            "    at\n");
+            "looked at\n");
 }
 
 TEST_P(SinceTest, AtMostFiveLinesAreShownOfAKind) {
@@ -132,21 +130,20 @@ TEST_P(SinceTest, AtMostFiveLinesAreShownOfAKind) {
 }
 
 TEST_P(SinceTest, ManyNodesAreCutOnEachSide) {
-  std::string odd;
-  std::string even;
+  std::string thirds;
+  std::string others;
   for (int node = 1; node < 80; ++node) {
-    (node % 3 == 0 ? odd : even) += (node < 3 ? "cn" : ",cn") + std::to_string(node);
+    (node % 3 == 0 ? thirds : others) += ",cn" + std::to_string(node);
   }
-  const std::string now = finding("a", "login1," + even) + examined("login1,cn[1-99]");
-  const std::string before = finding("a", "login1" + odd) + examined("login1,cn[1-99]");
+  const std::string now = finding("a", "login1" + others) + examined("login1,cn[1-99]");
+  const std::string before = finding("a", "login1" + thirds) + examined("login1,cn[1-99]");
   EXPECT_EQ(
       block(now, {earlier(before)}),
       "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 1 worse, 0 same, 0 better, 0 gone\n"
       "    worse     a, CRITICAL, for 6 hours: "
-      "+cn[1-2,4-5,7-8,10-11,13-14,16-17,19-20,22-23,25-26,28-29,31-\n"
-      "                32,34-35,37-38,40-41,43-44,46-47,49-50,52-53,55-56,58-59,61-62,64-65,67"
-      "-68,70-71,73-\n"
-      "                74,76-77,79]\n"
+      "+cn[1-2,4-5,7-8,10-11,13-14,16-17,19-20,22-23,25-26,28-29,\n"
+      "                31-32,34-35,37-38,40-41,43-44,46-47,49-50,52-53,55-56,58-59,61-62,64-65] "
+      "and 9 more\n"
       "                -cn[3,6,9,12,15,18,21,24,27,30,33,36,39,42,45,48,51,54,57,60,63,66,69,"
       "72,75,78]\n");
 }
@@ -289,8 +286,9 @@ TEST_F(SinceErrorsTest, AFileThatCannotBeReadEndsEverything) {
   const Outcome outcome = run_on(folder / "none");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.output, "");
-  EXPECT_EQ(outcome.errors, "vond-report: error: " + folder / "none" +
-                                ": cannot open: No such file or directory\n");
+  EXPECT_EQ(outcome.errors,
+            "vond-report: error: " + folder / "none" +
+                ": cannot be opened (No such file or directory), expected a file of findings\n");
 }
 
 TEST_F(SinceErrorsTest, AFileOfWhichNothingCanBeUsedEndsEverything) {
@@ -321,7 +319,7 @@ TEST_F(SinceErrorsTest, FailOnNeedsAnEarlierRunAndKnowsThreeWords) {
             "worse; see vond-report --help\n");
   EXPECT_EQ(run({"--fail-on", "newer", "--since", "f", "f"}).errors,
             "vond-report: error: --fail-on is \"newer\", expected one of \"any\", \"new\", "
-            "\"worse\"; did you mean \"new\"?; see vond-report --help\n");
+            "\"worse\"; see vond-report --help\n");
 }
 
 }  // namespace

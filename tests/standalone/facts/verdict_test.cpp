@@ -109,5 +109,14 @@ TEST(Verdict, DoesNotGoByAgeNorByNodesThatWereNotExpected) {
   EXPECT_EQ(verdict_of(facts), Verdict::PASS);
 }
 
+TEST(Verdict, FindingsThatAreAllAcknowledgedAreNoLook) {
+  ReportFacts facts;
+  facts.findings_read = 2;
+  facts.findings_acknowledged = 1;
+  EXPECT_EQ(verdict_of(facts), Verdict::PASS);
+  facts.findings_acknowledged = 2;
+  EXPECT_EQ(verdict_doubts(facts), Doubts{"nothing was looked at"});
+}
+
 }  // namespace
 }  // namespace vond::standalone

@@ -50,6 +50,33 @@ TEST_F(RunFactsTest, WhatNobodyToldIsNotKnown) {
   EXPECT_EQ(facts::verdict(), "UNKNOWN");
 }
 
+TEST_F(RunFactsTest, TellWhatIsAcknowledged) {
+  using State = vond::standalone::ReportFacts::Acknowledgement::State;
+  EXPECT_THAT(facts::acknowledgements(), IsEmpty());
+  EXPECT_EQ(facts::issues_acknowledged(), std::nullopt);
+  auto& acknowledged = report_facts().acknowledged.emplace();
+  acknowledged.issues = 7;
+  acknowledged.entries = {{"a#1", {"n1", "n2"}, 1763699400, "RMA", "mh", State::ACTIVE, false},
+                          {"b", {}, 0, "r", "", State::EXPIRED, true},
+                          {"c", {}, 0, "r", "", State::UNUSED, false}};
+  EXPECT_EQ(facts::issues_acknowledged(), 7U);
+  const auto entries = facts::acknowledgements();
+  ASSERT_EQ(entries.size(), 3U);
+  EXPECT_EQ(entries[0].id, "a#1");
+  EXPECT_THAT(entries[0].nodes, ElementsAre("n1", "n2"));
+  EXPECT_EQ(entries[0].until, 1763699400);
+  EXPECT_EQ(entries[0].reason, "RMA");
+  EXPECT_EQ(entries[0].by, "mh");
+  EXPECT_EQ(entries[0].state, "active");
+  EXPECT_EQ(entries[1].state, "expired");
+  EXPECT_EQ(entries[2].state, "unused");
+}
+
+TEST_F(RunFactsTest, WhatIsIgnoredIsNotAcknowledged) {
+  report_facts().acknowledged.emplace().is_ignored = true;
+  EXPECT_EQ(facts::issues_acknowledged(), std::nullopt);
+}
+
 TEST_F(RunFactsTest, TellWhoWasLookedAt) {
   report_facts().examination = {.nodes_examined = 5, .not_examined_with_findings = {}};
   report_facts().expectation = {

@@ -1,9 +1,10 @@
 #include "run_members.h"
-#include "node_lists.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "node_lists.h"
 #include "vond/extension/utc_time.h"
 #include "vond/facts/run_facts.h"
 
@@ -84,6 +85,27 @@ void write_since(JsonWriter& json, const facts::Since& since) {
   json.end_object();
 }
 
+void write_acknowledged(JsonWriter& json) {
+  json.key("acknowledged").begin_array();
+  for (const facts::Acknowledgement& entry : facts::acknowledgements()) {
+    json.break_line();
+    json.begin_object();
+    json.key("id").value(entry.id);
+    json.key("nodes");
+    if (entry.nodes.empty()) {
+      json.value("*");
+    } else {
+      write_names_or_set(json, entry.nodes);
+    }
+    json.key("until").value(vond::extension::utc_time(entry.until));
+    json.key("reason").value(entry.reason);
+    json.key("by").value(entry.by.empty() ? std::nullopt : std::optional(entry.by));
+    json.key("state").value(entry.state);
+    json.end_object();
+  }
+  json.end_array();
+}
+
 }  // namespace
 
 void write_run(JsonWriter& json, const vond::postprocessor::PostprocessorExtensionData& data) {
@@ -113,7 +135,7 @@ void write_comparison(JsonWriter& json) {
     json.null();
   }
   json.break_line();
-  json.key("acknowledged").array(std::vector<std::string>());
+  write_acknowledged(json);
 }
 
 }  // namespace vond_json

@@ -54,6 +54,10 @@ void VondMetrics::write_issues(MetricWriter& out) const {
              {"contributes", contributes ? "true" : "false"}},
             static_cast<std::int64_t>(issues));
   }
+  if (const auto acknowledged = facts::issues_acknowledged()) {
+    out.begin("vond_issues_acknowledged", "Issues that are acknowledged and counted nowhere else.");
+    out.add({}, static_cast<std::int64_t>(*acknowledged));
+  }
 }
 
 void VondMetrics::write_definitions(MetricWriter& out) const {

@@ -1,0 +1,61 @@
+#include "standalone/report/acknowledged_facts.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <set>
+#include <string>
+
+namespace vond::standalone {
+namespace {
+
+using State = ReportFacts::Acknowledgement::State;
+
+/// Whether all nodes that the entry names were looked at, so that what it covers would be there.
+bool was_examined(const Acknowledgement& entry, const ReportFacts& facts) {
+  if (!facts.examination) {
+    return false;
+  }
+  if (entry.is_everywhere) {
+    return !facts.expectation || facts.expectation->silent.empty();
+  }
+  const std::vector<std::string>& examined = facts.examination->names;
+  return std::includes(examined.begin(), examined.end(), entry.nodes.begin(), entry.nodes.end());
+}
+
+State state_of(const Acknowledgement& entry, bool is_used, const ReportFacts& facts) {
+  if (!entry.holds_at(facts.written_at)) {
+    return State::EXPIRED;
+  }
+  return is_used || !was_examined(entry, facts) ? State::ACTIVE : State::UNUSED;
+}
+
+/// An id that is acknowledged was reported.
+void forget_acknowledged_ids(std::vector<std::string>& ids,
+                             const AcknowledgedFindings& acknowledged) {
+  const std::set<std::string, std::less<>> reported = acknowledged.ids_of_observations();
+  ids.erase(std::remove_if(ids.begin(), ids.end(),
+                           [&](const std::string& id) { return reported.contains(id); }),
+            ids.end());
+}
+
+}  // namespace
+
+void add_facts_of_acknowledged(ReportFacts& facts, const CheckRun& run) {
+  if (run.acknowledged() == nullptr) {
+    return;
+  }
+  const AcknowledgedFindings& acknowledged = *run.acknowledged();
+  facts.findings_acknowledged = run.findings_read() - run.collapser().findings();
+  forget_acknowledged_ids(facts.unknown_based_on, acknowledged);
+  ReportFacts::Acknowledged& told = facts.acknowledged.emplace();
+  told.issues = acknowledged.issues().size();
+  told.nodes = acknowledged.node_names().size();
+  for (std::size_t number = 0; number < acknowledged.entries().size(); ++number) {
+    const Acknowledgement& entry = acknowledged.entries()[number];
+    told.entries.push_back({entry.id, entry.nodes, entry.until, entry.reason, entry.by,
+                            state_of(entry, acknowledged.is_used(number), facts),
+                            acknowledged.is_back(number)});
+  }
+}
+
+}  // namespace vond::standalone
