@@ -24,6 +24,11 @@ if(NOT VOND_HOST_LIBRARIES)
   foreach(document IN ITEMS json junit metrics outputs)
     install(FILES ${PROJECT_SOURCE_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
   endforeach()
+  set(nightly ${PROJECT_SOURCE_DIR}/examples/nightly)
+  install(PROGRAMS ${nightly}/vond-nightly DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/nightly)
+  install(FILES ${nightly}/README.md ${nightly}/nightly.conf ${nightly}/vond-nightly.service
+                ${nightly}/vond-nightly.timer
+          DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/nightly)
 endif()
 
 install(EXPORT vond_targets

@@ -1,6 +1,6 @@
 #include "standalone/report/collected_parts.h"
 
-#include "standalone/text/utc_time.h"
+#include <algorithm>
 
 namespace vond::standalone {
 
