@@ -178,7 +178,7 @@ void AcknowledgementParser::add_nodes(Value& value, const ValueName& name,
 
 /// Returns the last second of what the value names.
 std::time_t AcknowledgementParser::read_until(Value& value) {
-  constexpr std::time_t DAY = 24 * 60 * 60;
+  constexpr std::time_t DAY = std::time_t{24} * 60 * 60;
   constexpr std::string_view EXPECTATION =
       "a day such as \"2026-01-31\" or a time such as \"2026-01-31T12:00:00Z\"";
   const std::string_view source = source_of(value);

@@ -27,7 +27,7 @@ class AcknowledgedLinesTest : public ReportBlocks {
   AcknowledgedLinesTest() {
     facts.written_at = NOW;
     facts.findings_read = 1;
-    facts.acknowledged.emplace();
+    facts.acknowledged = ReportFacts::Acknowledged{};
     set_width(80);
   }
 
