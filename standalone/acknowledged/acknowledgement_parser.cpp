@@ -43,15 +43,6 @@ constexpr std::string_view EVERYWHERE = "*";
                               suggestion_for(key, known)};
 }
 
-bool read_truth(ondemand::value& value, std::string_view key) {
-  const std::string_view source = source_of(value);
-  bool truth = false;
-  if (value.get_bool().get(truth) != simdjson::SUCCESS) {
-    refuse(source, {key}, "true or false");
-  }
-  return truth;
-}
-
 }  // namespace
 
 Acknowledgement AcknowledgementParser::parse(std::string_view line) {
@@ -112,7 +103,7 @@ bool AcknowledgementParser::read_value(std::string_view key, Value& value, Ackno
   } else if (key == UP_TO) {
     entry.up_to = read_band(value);
   } else {
-    entry.with_observations = read_truth(value, key);
+    entry.with_observations = read_truth(value, {key});
   }
   return true;
 }

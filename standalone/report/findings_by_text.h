@@ -6,8 +6,7 @@
 
 #include "standalone/model/finding.h"
 #include "standalone/report/collapsed_issue.h"
-#include "standalone/report/known_by_number.h"
-#include "standalone/report/wording_table.h"
+#include "standalone/report/wording_numbers.h"
 
 namespace vond::standalone {
 
@@ -28,12 +27,9 @@ class FindingsByText {
     std::vector<int> row_ids;
   };
 
-  WordingTable::Number number_of(const Finding& finding);
-
-  WordingTable wordings_;
+  WordingNumbers wordings_;
   /// By the numbers of wordings.
   std::vector<Places> places_;
-  KnownByNumber<WordingTable::Number> known_wordings_;
 };
 
 }  // namespace vond::standalone

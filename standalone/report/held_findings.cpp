@@ -9,16 +9,8 @@ void HeldFindings::add(const Finding& finding) {
     nodes_.push_back(node_names_.id_of(node));
   }
   row_ids_.insert(row_ids_.end(), finding.row_ids.begin(), finding.row_ids.end());
-  findings_.push_back({number_of(finding), {nodes_.size(), row_ids_.size()}, finding.count});
-}
-
-WordingTable::Number HeldFindings::number_of(const Finding& finding) {
-  if (const WordingTable::Number* const known = known_wordings_.find(finding.wording_number)) {
-    return *known;
-  }
-  const WordingTable::Number number = wordings_.number_of(finding.wording);
-  known_wordings_.remember(finding.wording_number, number);
-  return number;
+  findings_.push_back(
+      {wordings_.number_of(finding), {nodes_.size(), row_ids_.size()}, finding.count});
 }
 
 void HeldFindings::restore(const Held& held, const OwnedWording& wording, const Ends& begin,

@@ -6,8 +6,7 @@
 
 #include "standalone/model/finding.h"
 #include "standalone/model/string_interner.h"
-#include "standalone/report/known_by_number.h"
-#include "standalone/report/wording_table.h"
+#include "standalone/report/wording_numbers.h"
 
 namespace vond::standalone {
 
@@ -45,17 +44,15 @@ class HeldFindings {
     std::uint64_t count;
   };
 
-  WordingTable::Number number_of(const Finding& finding);
   void restore(const Held& held, const OwnedWording& wording, const Ends& begin,
                Finding& finding) const;
 
   std::vector<Held> findings_;
-  WordingTable wordings_;
+  WordingNumbers wordings_;
   StringInterner node_names_;
   /// Of all findings, one behind the other.
   std::vector<StringInterner::Id> nodes_;
   std::vector<int> row_ids_;
-  KnownByNumber<WordingTable::Number> known_wordings_;
 };
 
 }  // namespace vond::standalone
