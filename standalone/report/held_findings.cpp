@@ -1,5 +1,6 @@
 #include "standalone/report/held_findings.h"
 
+#include <limits>
 #include <string_view>
 
 namespace vond::standalone {
@@ -29,6 +30,8 @@ void HeldFindings::restore(const Held& held, const OwnedWording& wording, const 
   finding.row_ids.assign(row_ids_.begin() + static_cast<std::ptrdiff_t>(begin.row_ids),
                          row_ids_.begin() + static_cast<std::ptrdiff_t>(held.ends.row_ids));
   finding.count = held.count;
+  // Readers count from the lowest number, so that these meet none of theirs.
+  finding.wording_number = std::numeric_limits<std::uint64_t>::max() - held.wording;
 }
 
 }  // namespace vond::standalone

@@ -18,7 +18,8 @@ class HeldFindings {
   void add(const Finding& finding);
 
   /// Calls `visit` with each finding, in their order, and forgets them. They are as they came, but
-  /// that sets are sorted and that their reader's numbers are gone.
+  /// that sets are sorted, that patterns have no number, and that wordings have others, which may
+  /// stand beside those of the reader. These are good for one release.
   template <typename Visit>
   void release(const Visit& visit) {
     const std::vector<OwnedWording> wordings = wordings_.take();
