@@ -95,7 +95,7 @@ class AcknowledgedLines {
     }
     write_group(select([](const Entry& entry) { return entry.is_back; }), "Expired and back");
     write_group(select([](const Entry& entry) { return entry.state == State::UNUSED; }),
-                "Acknowledged, but not found");
+                "Acknowledgements that cover nothing");
   }
 
  private:
