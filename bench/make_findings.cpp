@@ -31,6 +31,15 @@ void write_issue_workload(OutputFile& file, const Options& options, const IssueS
   definitions.finish();
 }
 
+template <typename Sizes>
+void add_node_options(CLI::App& workload, Sizes& sizes) {
+  workload.add_option("--nodes", sizes.nodes)->capture_default_str();
+  workload.add_option("--checks", sizes.checks)->capture_default_str();
+  workload.add_option("--rounds", sizes.rounds, "How often every node reports every check")
+      ->capture_default_str();
+  workload.add_flag_callback("--no-row-ids", [&sizes] { sizes.have_row_ids = false; });
+}
+
 void add_issue_options(CLI::App& workload, Options& options, IssueSizes& sizes) {
   workload.add_option("--definitions", options.definitions, "The definitions file to write")
       ->required();
@@ -50,14 +59,15 @@ int run(int argc, char** argv) {
   app.add_option("-o,--output", options.output, "Where to write")->capture_default_str();
 
   CLI::App& wide = *app.add_subcommand("wide", "Every node reports every check");
-  wide.add_option("--nodes", options.wide.nodes)->capture_default_str();
-  wide.add_option("--checks", options.wide.checks)->capture_default_str();
+  add_node_options(wide, options.wide);
   wide.add_flag_callback(
       "--node-lines", [&options] { options.format = Format::NODE_LINES; },
       "Write `node: text` lines instead of JSON");
   CLI::App& numbers = *app.add_subcommand("numbers", "Messages that hold what was measured");
-  numbers.add_option("--nodes", options.numbers.nodes)->capture_default_str();
-  numbers.add_option("--checks", options.numbers.checks)->capture_default_str();
+  add_node_options(numbers, options.numbers);
+  numbers.add_flag_callback(
+      "--no-names", [&options] { options.numbers.have_names = false; },
+      "Write localhost in place of the node in messages");
   CLI::App& many = *app.add_subcommand("many", "Distinct issues, few definitions");
   add_issue_options(many, options, options.many);
   CLI::App& deep = *app.add_subcommand("deep", "As many definitions as issues, in deep trees");

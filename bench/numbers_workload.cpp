@@ -33,39 +33,60 @@ std::string disk(const std::string& node, bool stands_out, RandomNumbers& random
 }
 
 std::string finding(const Check& check, std::size_t node_number, std::size_t row_id,
-                    RandomNumbers& random) {
-  const std::string node = "node" + padded(node_number, 5);
+                    const NumbersSizes& sizes, RandomNumbers& random) {
+  const std::string name = "node" + padded(node_number, 5);
+  const std::string node = sizes.have_names ? name : "localhost";
   const bool is_temperature = check.number % 2 == 0;
   const bool stands_out = node_number == check.worst_node;
-  return FindingText()
-      .add("id", check.id)
+  FindingText text;
+  text.add("id", check.id)
       .add("severity", is_temperature ? 80U : 50U)
       .add("category", is_temperature ? "gpu" : "storage")
       .add("message",
            is_temperature ? temperature(node, stands_out, random) : disk(node, stands_out, random))
       .add("remedy", is_temperature ? "Look at the fans of " + node + " and at its air filters."
                                     : "Remove what nobody needs from /scratch of " + node + ".")
-      .add("nodes", std::vector<std::string>{node})
-      .add("row_ids", std::vector<std::size_t>{row_id})
-      .add("definitions", std::vector<std::string>{"area/" + check.id})
-      .line();
+      .add("nodes", std::vector<std::string>{name})
+      .add("definitions", std::vector<std::string>{"area/" + check.id});
+  if (sizes.have_row_ids) {
+    text.add("row_ids", std::vector<std::size_t>{row_id});
+  }
+  return text.line();
+}
+
+std::vector<Check> make_checks(const NumbersSizes& sizes, RandomNumbers& random) {
+  std::vector<Check> checks;
+  checks.reserve(sizes.checks);
+  for (std::size_t number = 0; number < sizes.checks; ++number) {
+    checks.push_back({number, make_name(random, number, 3), 1 + random.below(sizes.nodes)});
+  }
+  return checks;
+}
+
+/// Every node reports every check; `row_id` is that of the last finding.
+void write_round(OutputFile& findings, const std::vector<Check>& checks, const NumbersSizes& sizes,
+                 std::size_t& row_id, RandomNumbers& random) {
+  std::vector<std::string> lines;
+  lines.reserve(sizes.nodes * checks.size());
+  for (const Check& check : checks) {
+    for (std::size_t node = 1; node <= sizes.nodes; ++node) {
+      lines.push_back(finding(check, node, ++row_id, sizes, random));
+    }
+  }
+  random.shuffle(lines);
+  for (const std::string& line : lines) {
+    findings << line;
+  }
 }
 
 }  // namespace
 
 void write_numbers(OutputFile& findings, const NumbersSizes& sizes, std::uint64_t seed) {
   RandomNumbers random(seed);
-  std::vector<std::string> lines;
-  lines.reserve(sizes.nodes * sizes.checks);
-  for (std::size_t number = 0; number < sizes.checks; ++number) {
-    const Check check = {number, make_name(random, number, 3), 1 + random.below(sizes.nodes)};
-    for (std::size_t node = 1; node <= sizes.nodes; ++node) {
-      lines.push_back(finding(check, node, lines.size() + 1, random));
-    }
-  }
-  random.shuffle(lines);
-  for (const std::string& line : lines) {
-    findings << line;
+  const std::vector<Check> checks = make_checks(sizes, random);
+  std::size_t row_id = 0;
+  for (std::size_t round = 0; round < sizes.rounds; ++round) {
+    write_round(findings, checks, sizes, row_id, random);
   }
 }
 

@@ -39,7 +39,8 @@ struct CheckText {
   std::string end;
 };
 
-CheckText make_check(std::size_t number, Format format, RandomNumbers& random) {
+CheckText make_check(std::size_t number, const WideSizes& sizes, Format format,
+                     RandomNumbers& random) {
   constexpr std::size_t CHECKS_PER_AREA = 10;
   constexpr std::size_t MESSAGE_LENGTH = 80;
   constexpr std::size_t REMEDY_LENGTH = 85;
@@ -62,17 +63,17 @@ CheckText make_check(std::size_t number, Format format, RandomNumbers& random) {
                          .line();
   head.resize(head.size() - 2);
   const std::string definition = "area-" + padded(number / CHECKS_PER_AREA, 2) + "/" + id;
-  return {head + R"(, "nodes": [")", R"("], "row_ids": [)",
-          "], \"definitions\": [\"" + definition + "\"]}\n"};
+  const std::string end = ", \"definitions\": [\"" + definition + "\"]}\n";
+  head += R"(, "nodes": [")";
+  if (!sizes.have_row_ids) {
+    return {head, "\"]", end};
+  }
+  return {head, R"("], "row_ids": [)", "]" + end};
 }
 
 void write_finding(OutputFile& file, const CheckText& check, const std::string& node,
-                   std::size_t row_id, Format format) {
-  file << check.before_node << node << check.before_row_id;
-  if (format == Format::JSON) {
-    file << digits_of(row_id);
-  }
-  file << check.end;
+                   const std::string& row_id) {
+  file << check.before_node << node << check.before_row_id << row_id << check.end;
 }
 
 // Many and deep.
@@ -200,14 +201,17 @@ void write_wide(OutputFile& findings, const WideSizes& sizes, Format format, std
   RandomNumbers random(seed);
   std::vector<CheckText> checks;
   for (std::size_t number = 0; number < sizes.checks; ++number) {
-    checks.push_back(make_check(number, format, random));
+    checks.push_back(make_check(number, sizes, format, random));
   }
   const std::size_t width = digits_of(sizes.nodes).size();
+  const bool has_row_ids = format == Format::JSON && sizes.have_row_ids;
   std::size_t row_id = 0;
-  for (const std::size_t node : shuffled_numbers(sizes.nodes, random)) {
-    const std::string name = "node" + padded(node, width);
-    for (const CheckText& check : checks) {
-      write_finding(findings, check, name, ++row_id, format);
+  for (std::size_t round = 0; round < sizes.rounds; ++round) {
+    for (const std::size_t node : shuffled_numbers(sizes.nodes, random)) {
+      const std::string name = "node" + padded(node, width);
+      for (const CheckText& check : checks) {
+        write_finding(findings, check, name, has_row_ids ? digits_of(++row_id) : "");
+      }
     }
   }
 }

@@ -8,10 +8,13 @@
 
 namespace vond::bench {
 
-/// Few issues, each on every node: every node reports every check.
+/// Few issues, each on every node: every node reports every check in each round.
 struct WideSizes {
   std::size_t nodes = 10'000;
   std::size_t checks = 100;
+  std::size_t rounds = 1;
+  /// What a database gives and a check on a node does not.
+  bool have_row_ids = true;
 };
 
 /// Issues, and the definitions that they name.
@@ -27,7 +30,8 @@ inline constexpr IssueSizes DEEP_SIZES = {20'000, 20'000};
 enum class Format { JSON, NODE_LINES };
 
 /// Findings with 80 characters of message and 85 of remedy on one node, which name one definition
-/// each; the nodes report in no order. The names of the definitions spell a tree of two levels.
+/// each; the nodes report in no order, in another one each round. The names of the definitions
+/// spell a tree of two levels.
 void write_wide(OutputFile& findings, const WideSizes& sizes, Format format, std::uint64_t seed);
 
 /// Distinct issues on 1 to 40 nodes that name two definitions each; every other one is a diagnosis

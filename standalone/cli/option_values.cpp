@@ -45,6 +45,9 @@ Value parse_word(const std::string& option, const std::string& text,
   refuse(option, text, one_of(names), names);
 }
 
+const std::map<std::string_view, FailOn> FAIL_ON = {
+    {"any", FailOn::ANY}, {"worse", FailOn::WORSE}, {"new", FailOn::NEW}};
+
 /// Returns the number that up to nine digits say, nothing for any other text.
 std::optional<int> parse_whole_number(const std::string& text) {
   constexpr std::string_view DIGITS = "0123456789";
@@ -85,6 +88,10 @@ int parse_days(const std::string& option, const std::string& text) {
 
 ColorMode parse_color_mode(const std::string& option, const std::string& text) {
   return parse_word(option, text, COLOR_MODES);
+}
+
+FailOn parse_fail_on(const std::string& option, const std::string& text) {
+  return parse_word(option, text, FAIL_ON);
 }
 
 CollapseBy parse_collapse_mode(const std::string& option, const std::string& text) {

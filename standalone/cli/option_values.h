@@ -20,6 +20,7 @@ int parse_width(const std::string& option, const std::string& text);
 int parse_days(const std::string& option, const std::string& text);
 
 ColorMode parse_color_mode(const std::string& option, const std::string& text);
+FailOn parse_fail_on(const std::string& option, const std::string& text);
 CollapseBy parse_collapse_mode(const std::string& option, const std::string& text);
 
 /// Returns `text` when it is a name of the log level table.

@@ -16,7 +16,7 @@ namespace {
 constexpr char EXIT_STATUSES[] =
     "Exit status:\n"
     "  0  report written, PASS\n"
-    "  1  report written, FAIL or UNKNOWN\n"
+    "  1  report written, FAIL (see --fail-on) or UNKNOWN\n"
     "  2  usage or input error, nothing reported\n"
     "  3  the report could not be completed\n";
 
@@ -73,12 +73,17 @@ void refuse_to_share_standard_input(const Options& options) {
   const auto count_in = [](const std::vector<std::string>& paths) {
     return std::count(paths.begin(), paths.end(), "-");
   };
-  const auto of_expected = count_in(options.expect_files);
-  const auto of_acknowledged = options.acknowledged == "-" ? 1 : 0;
-  const auto all = count_in(options.inputs) + of_expected + of_acknowledged;
-  if (all > 1 && of_expected + of_acknowledged != 0) {
-    const std::string option = of_expected != 0 ? "--expect-file" : "--acknowledged";
-    throw UsageError(option + " is \"-\", but standard input is read by something else, too");
+  const std::vector<std::string> acknowledged =
+      options.acknowledged ? std::vector{*options.acknowledged} : std::vector<std::string>();
+  std::ptrdiff_t readers = count_in(options.inputs);
+  for (const auto& [option, paths] :
+       {std::pair("--expect-file", &options.expect_files), std::pair("--since", &options.since),
+        std::pair("--acknowledged", &acknowledged)}) {
+    readers += count_in(*paths);
+    if (count_in(*paths) != 0 && readers > 1) {
+      throw UsageError(std::string(option) +
+                       " is \"-\", but standard input is read by something else, too");
+    }
   }
 }
 
@@ -108,7 +113,7 @@ class CommandLine {
   CLI::App app_{"Reports on the health of a cluster from findings about its nodes.", "vond-report"};
   /// What needs no understanding.
   Options taken_as_is_;
-  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, part_;
+  std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, fail_on_, part_;
   std::string acknowledged_, acknowledge_at_most_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
@@ -138,6 +143,10 @@ void CommandLine::add_input_options() {
   add_value("-t,--fail-threshold", "N", fail_threshold_,
             "Issues of bands that reach up to N contribute\nto FAIL: 0 to 100, or a band's name "
             "for its\nupper bound (default: 75)");
+  add_value(
+      "--fail-on", "WHAT", fail_on_,
+      "With --since: which issues that contribute to\nFAIL make the exit status 1: any, worse "
+      "or new\n(default: any)");
   add_value("--collapse", "WHAT", collapse_,
             "What makes findings one issue: texts that are\nequal but for numbers and the node's "
             "name, equal\ntexts, or an equal id: pattern, text or id\n(default: pattern)");
@@ -152,6 +161,8 @@ void CommandLine::add_input_options() {
             "The part of the cluster that the findings come\nfrom, for the output \"findings\"");
   add_list("--expect-parts", "SET", expected_parts_,
            "Parts of the cluster whose collapsed findings\nshould be there; may be repeated");
+  add_list("--since", "EARLIER", taken_as_is_.since,
+           "Findings of an earlier run, to tell what has\nchanged; may be repeated");
   add_acknowledged_options();
 }
 
@@ -207,6 +218,7 @@ Options CommandLine::understand() const {
   Options options = taken_as_is_;
   refuse_empty_paths("FINDINGS", options.inputs);
   refuse_empty_paths("--expect-file", options.expect_files);
+  refuse_empty_paths("--since", options.since);
   refuse_empty_paths("--output", options.outputs);
   refuse_standard_output(options.outputs);
   if (is_given("--definitions")) {
@@ -227,6 +239,12 @@ Options CommandLine::understand() const {
   }
   if (is_given("--collapse")) {
     options.collapse_by = parse_collapse_mode("--collapse", collapse_);
+  }
+  if (is_given("--fail-on")) {
+    options.fail_on = parse_fail_on("--fail-on", fail_on_);
+    if (options.since.empty()) {
+      throw UsageError("--fail-on needs --since: without an earlier run nothing is new or worse");
+    }
   }
   if (is_given("--part")) {
     refuse_empty_paths("--part", {part_});

@@ -9,6 +9,15 @@
 
 namespace vond::standalone {
 
+/// Which issues that contribute to FAIL make the exit status 1.
+enum class FailOn {
+  ANY,
+  /// Those that are new, worse or reworded.
+  WORSE,
+  /// Those that are new.
+  NEW,
+};
+
 enum class ColorMode { AUTO, ALWAYS, NEVER };
 
 /// An output extension that is asked for.
@@ -39,6 +48,9 @@ struct Options {
   std::string part;
   /// Names of parts of the cluster whose findings should be there.
   std::vector<std::string> expected_parts;
+  /// Files of findings of earlier runs; "-" is standard input.
+  std::vector<std::string> since;
+  FailOn fail_on = FailOn::ANY;
   /// The file of what is acknowledged, "-" for standard input.
   std::optional<std::string> acknowledged;
   /// How many days an acknowledgement may reach ahead.

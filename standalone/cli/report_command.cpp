@@ -22,6 +22,7 @@
 #include "standalone/report/node_list_file.h"
 #include "standalone/report/record_issue_facts.h"
 #include "standalone/report/report_record.h"
+#include "standalone/report/run_history.h"
 #include "vond/log/error_log.h"
 #include "vond/vocabulary/tables.h"
 
@@ -94,9 +95,38 @@ RunSources make_sources(const Options& options) {
           .own_part = options.part};
 }
 
-/// Returns the status of a report that is complete.
-ExitStatus status_of(const ReportFacts& facts) {
-  return verdict_of(facts) == Verdict::PASS ? PASSED : FAILED;
+/// Reads the earlier runs, if any, in the way that `sources` are read.
+std::unique_ptr<RunHistory> read_history(const Options& options, const RunSources& sources) {
+  if (options.since.empty()) {
+    return nullptr;
+  }
+  auto history = std::make_unique<RunHistory>(
+      sources.acknowledged.value_or(std::vector<Acknowledgement>()), sources.time);
+  for (const std::string& path : options.since) {
+    const std::unique_ptr<CheckRun> run =
+        read_run_with_messages({.findings = {path},
+                                .is_strict = sources.is_strict,
+                                .definitions_are_paths = sources.definitions_are_paths,
+                                .collapse_by = sources.collapse_by});
+    history->add_earlier(*run);
+  }
+  return history;
+}
+
+/// Whether an issue that contributes to FAIL is one of those that `fail_on` asks for.
+bool has_failed(const ReportRecord& record, const RunHistory& history, FailOn fail_on) {
+  return record.any_fails([&](std::size_t number) {
+    return fail_on == FailOn::NEW ? history.is_new(number) : !history.is_known(number);
+  });
+}
+
+/// Returns the status of a report that is complete. `history` may be null.
+ExitStatus status_of(const ReportFacts& facts, const ReportRecord& record,
+                     const RunHistory* history, FailOn fail_on) {
+  if (history == nullptr || fail_on == FailOn::ANY || !verdict_doubts(facts).empty()) {
+    return verdict_of(facts) == Verdict::PASS ? PASSED : FAILED;
+  }
+  return has_failed(record, *history, fail_on) ? FAILED : PASSED;
 }
 
 }  // namespace
@@ -108,26 +138,33 @@ ExitStatus write_report(const Options& options) {
   const std::vector<ChosenExtension> extensions = choose_extensions(options.extensions);
   const std::time_t written_at = report_time();
   std::vector<std::string> warnings;
-  const RecordOptions record_options = make_record_options(options, warnings);
+  RecordOptions record_options = make_record_options(options, warnings);
   RunSources sources = make_sources(options);
   sources.time = written_at;
   sources.acknowledged = acknowledged_at(written_at, options, warnings);
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
+  const std::unique_ptr<RunHistory> history = read_history(options, sources);
+  record_options.seen_names = history ? &history->names() : nullptr;
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
   ReportRecord record(run->collapser(), record_options, run->everything());
   report_facts() = facts_of_run(*run, record, written_at);
+  if (history) {
+    history->compare(*run, record);
+    report_facts().changes = history->summary();
+  }
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
   if (options.ignores_acknowledged) {
     report_facts().acknowledged = ReportFacts::Acknowledged{.is_ignored = true};
   }
-  RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept());
+  RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept(),
+                               history.get());
   const IssueFactsConnection connection(issue_facts);
   if (!outputs.write(record.data())) {
     return NO_REPORT;
   }
   log_notice("verdict: " + verdict_word(verdict_of(report_facts())));
-  return status_of(report_facts());
+  return status_of(report_facts(), record, history.get(), options.fail_on);
 }
 
 }  // namespace vond::standalone

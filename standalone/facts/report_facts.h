@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "standalone/facts/changes.h"
+
 namespace vond::standalone {
 
 /// What the host's report blocks tell beyond the record: where the report comes from and how far it
@@ -19,11 +21,20 @@ struct ReportFacts {
     /// From the file's last change to the report's time, in seconds; less than 0 when it is from
     /// the future; without a value for what is no regular file. Of findings that were collapsed
     /// before, from when the oldest of them were collected.
-    std::optional<std::int64_t> age;
+    std::optional<std::int64_t> age = {};
     /// Not one of its lines could be used, although there are some.
     bool is_useless = false;
     /// It holds findings that were collapsed before, and not all of them.
     bool is_cut_off = false;
+    /// Findings that were collapsed together before.
+    struct Part {
+      /// The parts of the cluster that they come from; none where they do not tell.
+      std::vector<std::string> names;
+      /// From when the oldest of them were collected, in seconds, as that of the input.
+      std::int64_t age = 0;
+    };
+    /// In reading order.
+    std::vector<Part> parts = {};
   };
   /// In reading order.
   std::vector<Input> inputs;
@@ -83,6 +94,8 @@ struct ReportFacts {
   };
   std::optional<Expectation> expectation;
 
+  /// What has changed, where there are earlier runs to compare with.
+  std::optional<Changes> changes;
   /// What the user has acknowledged.
   struct Acknowledgement {
     /// See vond::facts::Acknowledgement.

@@ -22,6 +22,7 @@ enum class FindingKey {
   DEFINITIONS,
   BASED_ON,
   COUNT,
+  FIRST_SEEN,
   // The last ones: keys of lines of their own.
   BEGIN,
   END,
@@ -30,9 +31,9 @@ enum class FindingKey {
 
 /// How findings spell the keys, in the order of FindingKey.
 inline constexpr std::array<std::string_view, static_cast<std::size_t>(FindingKey::EXAMINED) + 1>
-    FINDING_KEY_NAMES = {"id",     "severity", "type",    "category",    "message",
-                         "remedy", "nodes",    "row_ids", "definitions", "based_on",
-                         "count",  "begin",    "end",     "examined"};
+    FINDING_KEY_NAMES = {"id",     "severity",   "type",    "category",    "message",
+                         "remedy", "nodes",      "row_ids", "definitions", "based_on",
+                         "count",  "first_seen", "begin",   "end",         "examined"};
 
 static_assert(std::none_of(FINDING_KEY_NAMES.begin(), FINDING_KEY_NAMES.end(),
                            [](std::string_view name) { return name.empty(); }),

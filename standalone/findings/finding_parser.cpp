@@ -138,6 +138,9 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
     case FindingKey::COUNT:
       finding_.count = read_count(value, {name_of(key)});
       return;
+    case FindingKey::FIRST_SEEN:
+      finding_.first_seen = strings_.read_time(value, {name_of(key)});
+      return;
     case FindingKey::BEGIN:
       kind_ = Kind::BEGIN;
       begin_ = marks_.read_begin(value);

@@ -299,7 +299,8 @@ RememberedLine::Place RememberedLine::place_of(const char* at) const {
 void RememberedLine::keep_texts(const Finding& finding) {
   finding_ = finding;
   // Whatever else a finding has: does it differ from node to node, or is it a view to be kept?
-  auto& [wording, nodes, row_ids, count, wording_number, pattern_number, values] = finding_;
+  auto& [wording, nodes, row_ids, count, first_seen, wording_number, pattern_number, values] =
+      finding_;
   std::size_t size = 0;
   for_each_text(wording, [&size](std::string_view text) { size += text.size(); });
   // Views look into it from here on: it must not move.

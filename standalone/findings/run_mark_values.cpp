@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "standalone/text/utc_time.h"
-
 namespace vond::standalone {
 
 namespace ondemand = simdjson::ondemand;
@@ -55,13 +53,7 @@ RunBegin RunMarkValues::read_begin(Value& value) {
       read_format(member);
       has_format = true;
     } else if (name == "written") {
-      const std::string_view source = source_of(member);
-      const std::string expectation = "a time such as \"2025-11-21T04:30:00Z\"";
-      const auto time = parse_utc_time(strings_.read(member, {"begin.written"}, expectation));
-      if (!time) {
-        refuse(source, {"begin.written"}, expectation);
-      }
-      begin.written_at = *time;
+      begin.written_at = strings_.read_time(member, {"begin.written"});
       has_time = true;
     } else if (name == "parts") {
       read_parts(member, begin.parts);

@@ -5,6 +5,7 @@
 
 #include "standalone/json/json_fault.h"
 #include "standalone/text/messages.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
@@ -142,6 +143,16 @@ std::string_view JsonStrings::key(simdjson::ondemand::field& field) const {
   }
   check_escapes(source);
   return field.unescaped_key();
+}
+
+std::time_t JsonStrings::read_time(simdjson::ondemand::value& value, const ValueName& name) {
+  const std::string expectation = "a time such as \"2025-11-21T04:30:00Z\"";
+  const std::string_view source = source_of(value);
+  const auto time = parse_utc_time(read(value, name, expectation));
+  if (!time) {
+    refuse(source, name, expectation);
+  }
+  return *time;
 }
 
 std::string_view JsonStrings::read_with_care(simdjson::ondemand::value& value,

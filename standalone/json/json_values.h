@@ -3,6 +3,7 @@
 #include <simdjson.h>
 
 #include <cstddef>
+#include <ctime>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -129,6 +130,10 @@ class JsonStrings {
     }
     return text;
   }
+
+  /// Returns the time that the string `value` says; anything but a time in the form of
+  /// parse_utc_time() is refused in the name of `name`.
+  std::time_t read_time(simdjson::ondemand::value& value, const ValueName& name);
 
  private:
   std::string_view read_with_care(simdjson::ondemand::value& value, std::string_view source,

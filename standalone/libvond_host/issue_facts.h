@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "vond/facts/run_facts.h"
@@ -16,6 +17,11 @@ class IssueFacts {
   virtual int severity(const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
   virtual facts::Patterns patterns(const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
   virtual std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) = 0;
+  virtual std::optional<facts::Change> change(
+      const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
+  virtual std::optional<std::int64_t> first_seen(
+      const postprocessor::CollapsedAnalysisOutput& issue) const = 0;
+  virtual std::optional<facts::Since> since() const = 0;
   virtual void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const = 0;
 };
 

@@ -124,6 +124,18 @@ std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue) {
   return current_issue_facts == nullptr ? std::vector<Place>() : current_issue_facts->places(issue);
 }
 
+std::optional<Change> change(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->change(issue);
+}
+
+std::optional<std::int64_t> first_seen(const postprocessor::CollapsedAnalysisOutput& issue) {
+  return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->first_seen(issue);
+}
+
+std::optional<Since> since() {
+  return current_issue_facts == nullptr ? std::nullopt : current_issue_facts->since();
+}
+
 void for_each_finding(const std::function<void(const Finding&)>& visit) {
   if (current_issue_facts != nullptr) {
     current_issue_facts->for_each_finding(visit);

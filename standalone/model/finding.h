@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +20,8 @@ struct Finding {
   std::vector<int> row_ids;
   /// How many findings it stands for. 0 is more of a finding that has a count already.
   std::uint64_t count = 1;
+  /// When the first of them was seen, where that is known.
+  std::optional<std::time_t> first_seen = std::nullopt;
   /// Findings of one reader that have the same number, unless it is UNKNOWN_WORDING, have the same
   /// wording. Readers do not know of each other's numbers.
   std::uint64_t wording_number = UNKNOWN_WORDING;

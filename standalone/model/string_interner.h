@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,8 +28,12 @@ class StringInterner {
 
   const std::string& operator[](Id id) const { return strings_[id]; }
   std::size_t size() const { return strings_.size(); }
-  bool contains(std::string_view text) const {
-    return find(hash_of_text(text), text) != FlatIndex::NONE;
+  bool contains(std::string_view text) const { return find(text).has_value(); }
+
+  /// Returns the number of the string, nothing when it has none.
+  std::optional<Id> find(std::string_view text) const {
+    const Id found = find(hash_of_text(text), text);
+    return found == FlatIndex::NONE ? std::nullopt : std::optional(found);
   }
 
  private:

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
+#include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/text_marks.h"
 #include "standalone/patterns/text_pattern.h"
 #include "standalone/text/text_hash.h"
@@ -16,6 +18,19 @@ std::size_t hash_values(std::span<const ValueTable::Id> values, int severity) {
     hash = mixed(hash, value);
   }
   return hash;
+}
+
+/// An order in which findings with the same values, severity and nodes are neighbours.
+bool stands_before(const PatternGroup::Occurrence& a, const PatternGroup::Occurrence& b) {
+  if (a.entry != b.entry) {
+    return a.entry < b.entry;
+  }
+  return std::lexicographical_compare(a.nodes.begin(), a.nodes.end(), b.nodes.begin(),
+                                      b.nodes.end());
+}
+
+std::optional<std::uint32_t> first_of(std::span<const std::uint32_t> nodes) {
+  return nodes.empty() ? std::nullopt : std::optional(nodes.front());
 }
 
 }  // namespace
@@ -103,6 +118,49 @@ void PatternGroup::index(Entry entry) {
 void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
                        std::span<const int> row_ids, std::uint64_t count) {
   findings_ += count;
+  if (findings_data_.size() >= words_to_join_) {
+    join_findings_of_same_nodes();
+  }
+  append(entry, nodes, row_ids, count);
+}
+
+/// Returns where findings begin, those that can be joined beside each other.
+std::vector<const std::uint32_t*> PatternGroup::sorted_findings(
+    const std::vector<std::uint32_t>& words) {
+  std::vector<const std::uint32_t*> findings;
+  for (const std::uint32_t* at = words.data(); at != words.data() + words.size();) {
+    findings.push_back(at);
+    take_occurrence(at);
+  }
+  std::sort(findings.begin(), findings.end(), [](const auto* a, const auto* b) {
+    return stands_before(occurrence_at(a), occurrence_at(b));
+  });
+  return findings;
+}
+
+void PatternGroup::join_findings_of_same_nodes() {
+  // The old words stay until all of them are written anew.
+  const std::vector<std::uint32_t> old = std::exchange(findings_data_, {});
+  const std::vector<const std::uint32_t*> findings = sorted_findings(old);
+  std::vector<int> row_ids;
+  for (auto next = findings.begin(); next != findings.end();) {
+    const Occurrence first = occurrence_at(*next);
+    std::uint64_t count = 0;
+    row_ids.clear();
+    for (; next != findings.end() && !stands_before(first, occurrence_at(*next)); ++next) {
+      const Occurrence same = occurrence_at(*next);
+      count += same.count;
+      row_ids.insert(row_ids.end(), same.row_ids.begin(), same.row_ids.end());
+    }
+    sort_unique(row_ids);
+    append(first.entry, first.nodes, row_ids, count);
+  }
+  // Where little can be joined, this keeps the time that it takes in proportion.
+  words_to_join_ = std::max(FEWEST_WORDS_TO_JOIN, 4 * findings_data_.size());
+}
+
+void PatternGroup::append(Entry entry, std::span<const std::uint32_t> nodes,
+                          std::span<const int> row_ids, std::uint64_t count) {
   const Shape shape = shape_of(nodes.size(), row_ids.size(), count);
   if (findings_data_.empty()) {
     // Most groups of texts without values have one finding.
@@ -124,6 +182,24 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   for (const int row_id : row_ids) {
     findings_data_.push_back(static_cast<std::uint32_t>(row_id));
   }
+}
+
+void PatternGroup::note_first_seen(Entry entry, std::span<const std::uint32_t> nodes,
+                                   std::time_t time) {
+  const auto [known, is_new] = first_seen_.try_emplace({entry, first_of(nodes)}, time);
+  known->second = std::min(known->second, time);
+}
+
+std::optional<std::time_t> PatternGroup::first_seen() const {
+  const auto first = std::min_element(
+      first_seen_.begin(), first_seen_.end(),
+      [](const auto& left, const auto& right) { return left.second < right.second; });
+  return first == first_seen_.end() ? std::nullopt : std::optional(first->second);
+}
+
+std::optional<std::time_t> PatternGroup::first_seen(const Occurrence& occurrence) const {
+  const auto known = first_seen_.find({occurrence.entry, first_of(occurrence.nodes)});
+  return known == first_seen_.end() ? std::nullopt : std::optional(known->second);
 }
 
 PatternGroup::Shape PatternGroup::shape_of(std::size_t nodes, std::size_t row_ids,
@@ -159,6 +235,9 @@ PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at)
 }
 
 void PatternGroup::settle() {
+  if (findings_data_.size() >= FEWEST_WORDS_TO_JOIN) {
+    join_findings_of_same_nodes();
+  }
   index_ = {};
   cells_.shrink_to_fit();
   findings_data_.shrink_to_fit();

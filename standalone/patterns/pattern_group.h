@@ -2,8 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
+#include <map>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "standalone/patterns/value_table.h"
@@ -11,7 +15,9 @@
 namespace vond::standalone {
 
 /// The findings of one pattern: the values, severity, nodes and row ids of each, and nothing twice.
-/// Findings with the same values and severity share one entry.
+/// Findings with the same values and severity share one entry. Where there are many, those of an
+/// entry that name the same nodes become one that stands for all of them, so that memory grows with
+/// what is said, where, and with the row ids, and not with how often it is said.
 class PatternGroup {
  public:
   using Entry = std::uint32_t;
@@ -23,6 +29,8 @@ class PatternGroup {
     std::span<const int> row_ids;
     /// How many findings it stands for.
     std::uint64_t count;
+    /// When the first of those was seen that have its entry and first node, where that is known.
+    std::optional<std::time_t> first_seen = std::nullopt;
   };
 
   /// `pattern` is what TextPattern::pattern() gives.
@@ -39,6 +47,13 @@ class PatternGroup {
   void add(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids,
            std::uint64_t count = 1);
 
+  /// Tells when the first of those findings was seen that were, or will be, added with these; the
+  /// earliest time counts.
+  void note_first_seen(Entry entry, std::span<const std::uint32_t> nodes, std::time_t time);
+
+  /// Returns the earliest time that was noted, if any was.
+  std::optional<std::time_t> first_seen() const;
+
   /// The first values of an entry are those of the places; when NODE stands in the texts outside of
   /// them, one more tells how it is written.
   std::size_t places() const { return places_; }
@@ -52,12 +67,16 @@ class PatternGroup {
   /// Whether NODE stands in one of the places.
   bool has_value_with_name() const { return has_value_with_name_; }
 
-  /// Calls `visit` with every Occurrence, in the order in which they were added.
+  /// Calls `visit` with every Occurrence.
   template <typename Visit>
   void for_each(Visit visit) const {
     for (const std::uint32_t* at = findings_data_.data();
          at != findings_data_.data() + findings_data_.size();) {
-      visit(take_occurrence(at));
+      Occurrence occurrence = take_occurrence(at);
+      if (!first_seen_.empty()) {
+        occurrence.first_seen = first_seen(occurrence);
+      }
+      visit(occurrence);
     }
   }
 
@@ -79,16 +98,24 @@ class PatternGroup {
   static constexpr unsigned SHAPE_BITS = 2;
   static constexpr Entry NO_ENTRY = static_cast<Entry>(-1);
   static constexpr Entry MOST_ENTRIES = Entry{1} << (32 - SHAPE_BITS);
+  /// In words; less memory is not worth the time to join findings.
+  static constexpr std::size_t FEWEST_WORDS_TO_JOIN = std::size_t{1} << 16U;
   /// As many entries are looked through without an index.
   static constexpr std::size_t FEW_ENTRIES = 8;
 
   static Shape shape_of(std::size_t nodes, std::size_t row_ids, std::uint64_t count);
   static Occurrence take_occurrence(const std::uint32_t*& at);
+  static Occurrence occurrence_at(const std::uint32_t* at) { return take_occurrence(at); }
+  static std::vector<const std::uint32_t*> sorted_findings(const std::vector<std::uint32_t>& words);
+  std::optional<std::time_t> first_seen(const Occurrence& occurrence) const;
   std::size_t first_cell(Entry entry) const { return entry * (width_ + 1); }
   bool is(Entry entry, std::span<const ValueTable::Id> values, int severity) const;
   std::size_t hash_of(Entry entry) const;
   Entry find(std::span<const ValueTable::Id> values, int severity) const;
   Entry add_entry(std::span<const ValueTable::Id> values, int severity, const ValueTable& table);
+  void append(Entry entry, std::span<const std::uint32_t> nodes, std::span<const int> row_ids,
+              std::uint64_t count);
+  void join_findings_of_same_nodes();
   void index_all(std::size_t size);
   void index(Entry entry);
 
@@ -102,6 +129,10 @@ class PatternGroup {
   /// For each entry its values and its severity.
   std::vector<std::uint32_t> cells_;
   std::vector<std::uint32_t> findings_data_;
+  /// The size of `findings_data_` from which on it is tried to join findings.
+  std::size_t words_to_join_ = FEWEST_WORDS_TO_JOIN;
+  /// By entry and first node, which is none of a finding without nodes. Few findings tell.
+  std::map<std::pair<Entry, std::optional<std::uint32_t>>, std::time_t> first_seen_;
   /// By hash: linear probing, a power of two in size; empty while there are few entries.
   std::vector<Entry> index_;
 };

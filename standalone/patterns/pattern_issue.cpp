@@ -11,6 +11,7 @@
 #include "standalone/nodes/number_sorting.h"
 #include "standalone/patterns/text_marks.h"
 #include "standalone/patterns/text_pattern.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 namespace {
@@ -196,6 +197,7 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
                                part.group.severity(finding.entry), name}];
       }
       original->count += finding.count;
+      original->first_seen = earliest(original->first_seen, finding.first_seen);
       append(original->nodes, finding.nodes);
       append(original->row_ids, finding.row_ids);
     });
@@ -209,6 +211,14 @@ std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) 
     sorted.push_back(std::move(original));
   }
   return sorted;
+}
+
+std::optional<std::time_t> PatternIssue::first_seen() const {
+  std::optional<std::time_t> first;
+  for (const Part& part : parts_) {
+    first = earliest(first, part.group.first_seen());
+  }
+  return first;
 }
 
 std::vector<std::uint32_t> PatternIssue::nodes() const {

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +21,8 @@ struct OriginalTexts {
   int severity = 0;
   /// How many findings said it.
   std::uint64_t count = 0;
+  /// When the first of them was seen, where that is known.
+  std::optional<std::time_t> first_seen;
   /// Sorted, each once.
   std::vector<std::uint32_t> nodes;
   /// Sorted, each once.
@@ -64,6 +68,19 @@ class PatternIssue {
       part.group.for_each(visit);
     }
   }
+
+  /// Calls `visit` with the pattern of the texts, as TextPattern has it, and the
+  /// PatternGroup::Occurrence of every finding.
+  template <typename Visit>
+  void for_each_with_pattern(const Visit& visit) const {
+    for (const Part& part : parts_) {
+      part.group.for_each(
+          [&](const PatternGroup::Occurrence& finding) { visit(part.pattern, finding); });
+    }
+  }
+
+  /// Returns when the first finding was seen, where that is known.
+  std::optional<std::time_t> first_seen() const;
 
   /// Returns the distinct nodes of all findings, sorted.
   std::vector<std::uint32_t> nodes() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,6 +32,11 @@ struct CollapsedOutput {
   /// As findings give them.
   std::vector<int> row_ids;
   std::size_t distinct_nodes = 0;
+  /// What the report says behind the message, which findings do not say.
+  std::string note = {};
+  /// When the first of its findings was seen, where that is known; nothing when collapsed by
+  /// pattern, for `findings` of the issue tell that.
+  std::optional<std::time_t> first_seen = std::nullopt;
 };
 
 /// Findings that are one issue.

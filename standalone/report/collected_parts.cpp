@@ -1,14 +1,10 @@
 #include "standalone/report/collected_parts.h"
 
-#include <algorithm>
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
-void CollectedParts::begin(const RunBegin& run) {
-  ++begins_;
-  parts_.insert(parts_.end(), run.parts.begin(), run.parts.end());
-  oldest_ = oldest_ ? std::min(*oldest_, run.written_at) : run.written_at;
-}
+void CollectedParts::begin(const RunBegin& run) { begins_.push_back(run); }
 
 void CollectedParts::end(const RunEnd& run) {
   ++ends_;
@@ -18,8 +14,16 @@ void CollectedParts::end(const RunEnd& run) {
 }
 
 bool CollectedParts::is_cut_off() const {
-  const bool is_raw = begins_ == 0 && ends_ == 0;
-  return !is_raw && (begins_ != ends_ || findings_ != findings_of_ends_ || has_incomplete_end_);
+  const bool is_raw = begins_.empty() && ends_ == 0;
+  return !is_raw &&
+         (begins_.size() != ends_ || findings_ != findings_of_ends_ || has_incomplete_end_);
+}
+
+std::optional<std::time_t> CollectedParts::oldest() const {
+  const auto oldest = std::min_element(
+      begins_.begin(), begins_.end(),
+      [](const RunBegin& a, const RunBegin& b) { return a.written_at < b.written_at; });
+  return oldest == begins_.end() ? std::nullopt : std::optional(oldest->written_at);
 }
 
 }  // namespace vond::standalone

@@ -1,24 +1,18 @@
 #include "standalone/report/facts_of_run.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <optional>
 
 #include "standalone/report/acknowledged_facts.h"
 #include "standalone/report/alike_names.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 namespace {
 
-std::int64_t age_at(std::time_t written_at, std::time_t changed_at) {
-  // Any number may be a file's time; half of the range leaves room for the subtraction.
-  constexpr std::time_t LIMIT = std::numeric_limits<std::time_t>::max() / 2;
-  return written_at - std::clamp(changed_at, -LIMIT, LIMIT);
-}
-
 ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at) {
-  ReportFacts::Input facts{input.name, {}, false, false};
+  ReportFacts::Input facts{.name = input.name};
   if (input.changed_at) {
     facts.age = age_at(written_at, *input.changed_at);
   }
@@ -40,8 +34,11 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
       facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
     }
     facts.lines_rejected += collected.lines_rejected();
-    for (const std::string& part : collected.parts()) {
-      ++parts[part];
+    for (const RunBegin& begin : collected.begins()) {
+      facts.inputs[i].parts.push_back({begin.parts, age_at(facts.written_at, begin.written_at)});
+      for (const std::string& part : begin.parts) {
+        ++parts[part];
+      }
     }
   }
   facts.collected_at = oldest.value_or(facts.written_at);
@@ -71,7 +68,7 @@ ReportFacts::Expectation facts_of_expectation(const Examination& examination,
 
 }  // namespace
 
-ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::time_t written_at) {
+ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at) {
   const StringInterner& nodes = run.collapser().node_names();
   const Examination& examination = run.examination();
   ReportFacts facts;
@@ -80,7 +77,6 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
     facts.inputs.back().is_useless = !run.complaints()[i].empty();
   }
   facts.written_at = written_at;
-  facts.line_width = record.data().line_width;
   facts.findings_read = run.findings_read();
   facts.findings_without_definition = run.findings_without_definition();
   facts.lines_rejected = run.rejected_lines().count;
@@ -90,9 +86,6 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   add_facts_of_parts(facts, run);
   facts.warnings = run.warnings();
   facts.nodes_seen = nodes.size();
-  facts.unknown_definitions = record.unknown_definitions();
-  facts.unknown_based_on = record.unknown_based_on();
-  facts.failed = record.has_failed();
   if (examination.is_known()) {
     facts.examination = {examination.examined(), examination.not_examined(nodes),
                          examination.examined_names()};
@@ -101,6 +94,15 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
     facts.expectation = facts_of_expectation(examination, nodes);
   }
   add_facts_of_acknowledged(facts, run);
+  return facts;
+}
+
+ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::time_t written_at) {
+  ReportFacts facts = facts_of_reading(run, written_at);
+  facts.line_width = record.data().line_width;
+  facts.unknown_definitions = record.unknown_definitions();
+  facts.unknown_based_on = record.unknown_based_on();
+  facts.failed = record.has_failed();
   return facts;
 }
 

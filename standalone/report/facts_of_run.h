@@ -8,6 +8,10 @@
 
 namespace vond::standalone {
 
+/// Returns what the reading of `run` tells, without its issues: enough for verdict_doubts().
+/// `written_at` is the report's time.
+ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at);
+
 /// Returns what the host's report blocks tell of `run`, from which `record` was made. `written_at`
 /// is the report's time.
 ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::time_t written_at);

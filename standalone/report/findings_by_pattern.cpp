@@ -48,6 +48,9 @@ void FindingsByPattern::add(const Finding& finding, std::span<const StringIntern
   Gathered& group = groups_[number];
   group.severity = std::max(group.severity, finding.wording.severity);
   group.findings.add(entry, nodes, finding.row_ids, finding.count);
+  if (finding.first_seen) {
+    group.findings.note_first_seen(entry, nodes, *finding.first_seen);
+  }
 }
 
 FindingsByPattern::Place FindingsByPattern::place_of(const Finding& finding) {

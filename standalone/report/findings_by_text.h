@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -25,6 +27,8 @@ class FindingsByText {
   struct Places {
     std::vector<StringInterner::Id> nodes;
     std::vector<int> row_ids;
+    /// When the first finding was seen, where that is known.
+    std::optional<std::time_t> first_seen;
   };
 
   WordingNumbers wordings_;

@@ -10,8 +10,10 @@ void HeldFindings::add(const Finding& finding) {
     nodes_.push_back(node_names_.id_of(node));
   }
   row_ids_.insert(row_ids_.end(), finding.row_ids.begin(), finding.row_ids.end());
-  findings_.push_back(
-      {wordings_.number_of(finding), {nodes_.size(), row_ids_.size()}, finding.count});
+  findings_.push_back({wordings_.number_of(finding),
+                       {nodes_.size(), row_ids_.size()},
+                       finding.count,
+                       finding.first_seen});
 }
 
 void HeldFindings::restore(const Held& held, const OwnedWording& wording, const Ends& begin,
@@ -30,6 +32,7 @@ void HeldFindings::restore(const Held& held, const OwnedWording& wording, const 
   finding.row_ids.assign(row_ids_.begin() + static_cast<std::ptrdiff_t>(begin.row_ids),
                          row_ids_.begin() + static_cast<std::ptrdiff_t>(held.ends.row_ids));
   finding.count = held.count;
+  finding.first_seen = held.first_seen;
   // Readers count from the lowest number, so that these meet none of theirs.
   finding.wording_number = std::numeric_limits<std::uint64_t>::max() - held.wording;
 }

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
+#include <optional>
 #include <vector>
 
 #include "standalone/model/finding.h"
@@ -43,6 +45,7 @@ class HeldFindings {
     WordingTable::Number wording;
     Ends ends;
     std::uint64_t count;
+    std::optional<std::time_t> first_seen;
   };
 
   void restore(const Held& held, const OwnedWording& wording, const Ends& begin,

@@ -17,22 +17,26 @@ unsigned band_bits(const CollapsedIssue& issue) {
   return static_cast<unsigned>(band_of(issue.severity).severity);
 }
 
-unsigned fail_bit(const CollapsedIssue& issue, int fail_threshold) {
-  return postprocessor::fail_bit(band_of(issue.severity).upper_bound, fail_threshold);
+unsigned fail_bit(int severity, int fail_threshold) {
+  return postprocessor::fail_bit(band_of(severity).upper_bound, fail_threshold);
 }
 
 }  // namespace
 
+bool contributes_to_fail(int severity, int fail_threshold) {
+  return fail_bit(severity, fail_threshold) != 0;
+}
+
 SeverityMask file_mask(const CollapsedIssue& issue, int fail_threshold) {
-  return fail_bit(issue, fail_threshold) | band_bits(issue) | issue.type;
+  return fail_bit(issue.severity, fail_threshold) | band_bits(issue) | issue.type;
 }
 
 SeverityMask definition_count_mask(const CollapsedIssue& issue, int fail_threshold) {
-  return fail_bit(issue, fail_threshold) | band_bits(issue) | count_code(issue.type);
+  return fail_bit(issue.severity, fail_threshold) | band_bits(issue) | count_code(issue.type);
 }
 
 SeverityMask total_count_mask(const CollapsedIssue& issue, int fail_threshold) {
-  return fail_bit(issue, fail_threshold) | count_code(issue.type);
+  return fail_bit(issue.severity, fail_threshold) | count_code(issue.type);
 }
 
 }  // namespace vond::standalone

@@ -11,6 +11,7 @@
 
 #include "standalone/model/severity_scale.h"
 #include "standalone/report/issue_order.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 namespace {
@@ -40,11 +41,12 @@ void unite_outputs(CollapsedIssue& issue) {
     united.back().severity = std::max(united.back().severity, output.severity);
     append(united.back().nodes, output.nodes);
     append(united.back().row_ids, output.row_ids);
+    united.back().first_seen = earliest(united.back().first_seen, output.first_seen);
   }
   issue.outputs = std::move(united);
 }
 
-/// Makes the first message tell how many others stand behind it.
+/// Notes behind the first message how many others there are.
 void count_other_messages(CollapsedIssue& issue) {
   std::set<std::string_view> messages;
   for (const CollapsedOutput& output : issue.outputs) {
@@ -54,7 +56,7 @@ void count_other_messages(CollapsedIssue& issue) {
   if (others == 0) {
     return;
   }
-  issue.outputs[0].texts.message +=
+  issue.outputs[0].note =
       " (and " + std::to_string(others) + (others == 1 ? " other message)" : " other messages)");
 }
 

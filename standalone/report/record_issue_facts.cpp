@@ -8,6 +8,7 @@
 
 #include "standalone/model/type_names.h"
 #include "standalone/patterns/placeholders.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
@@ -56,8 +57,11 @@ facts::Place fact_of(Placeholder placeholder, const NodeNames& node_names) {
 }  // namespace
 
 RecordIssueFacts::RecordIssueFacts(const ReportRecord& record, const StringInterner& node_names,
-                                   const StringInterner& names_of_kept)
-    : record_(record), node_names_(names_in(node_names)), names_of_kept_(names_in(names_of_kept)) {}
+                                   const StringInterner& names_of_kept, const RunHistory* history)
+    : record_(record),
+      node_names_(names_in(node_names)),
+      names_of_kept_(names_in(names_of_kept)),
+      history_(history) {}
 
 int RecordIssueFacts::severity(const Issue& issue) const {
   const std::optional<std::size_t> number = record_.number_of(issue);
@@ -89,6 +93,23 @@ std::vector<facts::Place> RecordIssueFacts::places(const Issue& issue) {
   return places;
 }
 
+std::optional<facts::Change> RecordIssueFacts::change(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  return number && history_ != nullptr ? std::optional(history_->change(*number)) : std::nullopt;
+}
+
+std::optional<std::int64_t> RecordIssueFacts::first_seen(const Issue& issue) const {
+  const std::optional<std::size_t> number = record_.number_of(issue);
+  if (!number) {
+    return std::nullopt;
+  }
+  return history_ != nullptr ? history_->first_seen(*number) : record_.first_seen(*number);
+}
+
+std::optional<facts::Since> RecordIssueFacts::since() const {
+  return history_ != nullptr ? std::optional(history_->since()) : std::nullopt;
+}
+
 void RecordIssueFacts::for_each_finding(
     const std::function<void(const facts::Finding&)>& visit) const {
   if (!record_.keeps_findings()) {
@@ -98,10 +119,23 @@ void RecordIssueFacts::for_each_finding(
   record_.for_each_source(
       [&](const ReportRecord::FindingSource& source, const PatternIssue& findings) {
         for (OriginalTexts& original : findings.originals(names_of_kept_)) {
-          visit({std::string(type_name(source.type)), source.id, original.severity, source.category,
-                 std::move(original.texts[0]), std::move(original.texts[1]), source.definitions,
-                 source.based_on, names_of(original.nodes, names_of_kept_),
-                 std::move(original.row_ids), original.count});
+          facts::Finding finding{std::string(type_name(source.type)),
+                                 source.id,
+                                 original.severity,
+                                 source.category,
+                                 std::move(original.texts[0]),
+                                 std::move(original.texts[1]),
+                                 source.definitions,
+                                 source.based_on,
+                                 names_of(original.nodes, names_of_kept_),
+                                 std::move(original.row_ids),
+                                 original.count,
+                                 original.first_seen};
+          if (history_ != nullptr) {
+            finding.first_seen = earliest(
+                finding.first_seen, history_->first_seen(source.type, source.id, finding.nodes));
+          }
+          visit(finding);
         }
       });
 }

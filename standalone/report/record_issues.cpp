@@ -14,7 +14,7 @@ std::shared_ptr<analysis::AnalysisOutput> make_output(std::string id, CollapsedO
   output->identifier = std::move(id);
   auto& [message, remedy, category] = collapsed.texts;
   output->category = std::move(category);
-  output->message = std::move(message);
+  output->message = std::move(message) + collapsed.note;
   output->remedy = std::move(remedy);
   output->node_names.reserve(collapsed.nodes.size());
   for (const StringInterner::Id node : std::exchange(collapsed.nodes, {})) {

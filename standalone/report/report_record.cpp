@@ -6,7 +6,9 @@
 
 #include "standalone/report/decided_definitions.h"
 #include "standalone/report/issue_masks.h"
+#include "standalone/report/issue_sightings.h"
 #include "standalone/report/related_issues.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 
@@ -35,8 +37,12 @@ ReportRecord::ReportRecord(std::vector<CollapsedIssue> collapsed, const StringIn
   file_issues(collapsed);
   hang_definitions(collapsed, options.definitions);
   note_severities(collapsed);
+  note_first_seen(collapsed);
   if (keeps_findings_) {
     keep_sources(collapsed);
+  }
+  if (options.seen_names != nullptr) {
+    sightings_ = sightings_of(collapsed, node_names, *options.seen_names);
   }
   take_findings(collapsed);
   issues_.fill(std::move(collapsed), node_names);
@@ -72,6 +78,19 @@ void ReportRecord::note_severities(const std::vector<CollapsedIssue>& collapsed)
   severities_.reserve(collapsed.size());
   for (const CollapsedIssue& issue : collapsed) {
     severities_.push_back(issue.severity);
+  }
+}
+
+void ReportRecord::note_first_seen(const std::vector<CollapsedIssue>& collapsed) {
+  for (std::size_t number = 0; number < collapsed.size(); ++number) {
+    const CollapsedIssue& issue = collapsed[number];
+    std::optional<std::time_t> first = issue.findings ? issue.findings->first_seen() : std::nullopt;
+    for (const CollapsedOutput& output : issue.outputs) {
+      first = earliest(first, output.first_seen);
+    }
+    if (first) {
+      first_seen_.emplace(number, *first);
+    }
   }
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <ctime>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -18,5 +21,18 @@ std::optional<std::time_t> parse_utc_date(std::string_view text);
 /// or an offset, with or without a fraction, `T` and `Z` in either case, a leap second at the end
 /// of a day. Nothing for any other text and for days and hours that there are not.
 std::optional<std::time_t> parse_instant(std::string_view text);
+
+/// Returns how long before `now` it was, in seconds; less than 0 for what lies ahead.
+inline std::int64_t age_at(std::time_t now, std::time_t time) {
+  // Any number may be a file's time; half of the range leaves room for the subtraction.
+  constexpr std::time_t LIMIT = std::numeric_limits<std::time_t>::max() / 2;
+  return now - std::clamp(time, -LIMIT, LIMIT);
+}
+
+/// Returns the earlier one of two times, of which none, one or both are known.
+inline std::optional<std::time_t> earliest(std::optional<std::time_t> one,
+                                           std::optional<std::time_t> other) {
+  return one && other ? std::min(one, other) : (one ? one : other);
+}
 
 }  // namespace vond::standalone

@@ -143,6 +143,54 @@ struct Place {
 /// out at each call.
 VOND_HOST_API std::vector<Place> places(const postprocessor::CollapsedAnalysisOutput& issue);
 
+/// What has become of an issue since the earlier runs that it was compared with.
+struct Change {
+  /// "new", "worse", "reworded", "same" or "better".
+  std::string change;
+  /// Nodes that did not have its type and id.
+  std::vector<std::string> nodes_added;
+  /// Nodes that had its type and id, were examined, and have them no more.
+  std::vector<std::string> nodes_healed;
+};
+
+/// Returns what has become of the issue; nothing when there was no earlier run.
+VOND_HOST_API std::optional<Change> change(const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// Returns when the type and id of the issue were first seen on one of its nodes, in seconds since
+/// 1970-01-01 00:00:00 UTC; nothing where that is not known.
+VOND_HOST_API std::optional<std::int64_t> first_seen(
+    const postprocessor::CollapsedAnalysisOutput& issue);
+
+/// A type and id that an earlier run has seen and this one has not.
+struct PastIssue {
+  /// "diagnosis", "observation" or "missing_data".
+  std::string type;
+  std::string id;
+  std::vector<std::string> nodes;
+};
+
+/// What has changed since earlier runs, beside the changes of issues.
+struct Since {
+  /// When the newest earlier run was, in seconds since 1970-01-01 00:00:00 UTC, where that is
+  /// known.
+  std::optional<std::int64_t> time;
+  /// How many issues there are of each kind.
+  std::size_t new_issues = 0;
+  std::size_t worse = 0;
+  std::size_t reworded = 0;
+  std::size_t same = 0;
+  std::size_t better = 0;
+  /// All of their nodes were examined; the worst first.
+  std::vector<PastIssue> gone;
+  /// Not all of their nodes were examined; the worst first.
+  std::vector<PastIssue> not_looked_at;
+  /// Nodes that had something of which nobody knows whether they still have it.
+  std::vector<std::string> nodes_not_looked_at;
+};
+
+/// Returns what has changed; nothing when there was no earlier run.
+VOND_HOST_API std::optional<Since> since();
+
 /// What findings say that differ in nodes and row ids alone.
 struct Finding {
   /// "diagnosis", "observation" or "missing_data".
@@ -160,6 +208,9 @@ struct Finding {
   std::vector<int> row_ids;
   /// How many findings it stands for.
   std::uint64_t count = 0;
+  /// When the first of them was seen, in seconds since 1970-01-01 00:00:00 UTC, where that is
+  /// known.
+  std::optional<std::int64_t> first_seen = std::nullopt;
 };
 
 /// Calls `visit` with what all findings said, in an order that does not depend on theirs. Works

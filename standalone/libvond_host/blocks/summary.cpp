@@ -7,6 +7,7 @@
 #include "standalone/libvond_host/blocks/acknowledged_lines.h"
 #include "standalone/libvond_host/blocks/band_table.h"
 #include "standalone/libvond_host/blocks/block_writing.h"
+#include "standalone/libvond_host/blocks/change_lines.h"
 #include "standalone/libvond_host/blocks/failing_definitions.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/verdict_lines.h"
@@ -67,6 +68,7 @@ void write_summary(const ReportFacts& facts, const PostprocessorExtensionData& d
   write_band_table(rows_of(bands), data.line_width);
   write_failing_definitions(facts, data);
   write_acknowledged(facts, data.line_width);
+  write_changes(facts);
   write_rule();
 }
 

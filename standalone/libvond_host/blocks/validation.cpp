@@ -11,12 +11,35 @@
 #include "standalone/libvond_host/blocks/input_list.h"
 #include "standalone/libvond_host/blocks/limited_text.h"
 #include "standalone/libvond_host/blocks/severity_bands.h"
+#include "standalone/nodes/node_folding.h"
 #include "standalone/text/messages.h"
 
 namespace vond::standalone {
 namespace {
 
 using log::OutputLog;
+
+using Inputs = std::vector<ReportFacts::Input>;
+
+/// Adds the parts of an input as inputs of their own: the age of an input alone does not tell which
+/// of its parts is old.
+void add_parts(const ReportFacts::Input& input, Inputs& parts) {
+  for (const ReportFacts::Input::Part& part : input.parts) {
+    const std::string name =
+        part.names.empty() ? "a part of " + input.name : fold_node_names({part.names});
+    parts.push_back({.name = name, .age = part.age});
+  }
+}
+
+Inputs older_than_a_day(Inputs inputs) {
+  std::erase_if(inputs, [](const auto& input) { return input.age.value_or(0) <= OLD_AGE; });
+  return inputs;
+}
+
+Inputs from_the_future(Inputs inputs) {
+  std::erase_if(inputs, [](const auto& input) { return input.age.value_or(0) >= 0; });
+  return inputs;
+}
 
 /// Writes the lines of the block one by one; each knows whether it has something to say.
 class ValidationWriter {
@@ -88,15 +111,22 @@ class ValidationWriter {
   }
 
   void write_ages() const {
-    std::vector<ReportFacts::Input> old;
-    std::vector<ReportFacts::Input> future;
+    Inputs inputs;
+    Inputs parts;
     for (const ReportFacts::Input& input : facts_.inputs) {
-      if (input.age && (*input.age > OLD_AGE || *input.age < 0)) {
-        (*input.age < 0 ? future : old).push_back(input);
+      if (input.parts.size() > 1) {
+        add_parts(input, parts);
+      } else {
+        inputs.push_back(input);
       }
     }
-    write_inputs(old, {"input is older than a day", "inputs are older than a day"});
-    write_inputs(future, {"input is from the future", "inputs are from the future"});
+    write_inputs(older_than_a_day(inputs),
+                 {"input is older than a day", "inputs are older than a day"});
+    write_inputs(older_than_a_day(parts),
+                 {"part is older than a day", "parts are older than a day"});
+    write_inputs(from_the_future(inputs),
+                 {"input is from the future", "inputs are from the future"});
+    write_inputs(from_the_future(parts), {"part is from the future", "parts are from the future"});
   }
 
   void write_examination() const {
@@ -182,7 +212,7 @@ class ValidationWriter {
     }
   }
 
-  void write_inputs(const std::vector<ReportFacts::Input>& inputs, const Noun& noun) const {
+  void write_inputs(const Inputs& inputs, const Noun& noun) const {
     if (!inputs.empty()) {
       const std::string lead = "  " + count_of(inputs.size(), noun.singular, noun.plural) + ": ";
       write_unwrapped_line(OutputLog::YELLOW, limited_input_list(layout(lead), inputs));

@@ -75,6 +75,9 @@ class Source {
     line += below(3) == 0 ? R"(, "category": "net")" : std::string();
     line += below(2) == 0 ? R"(, "row_ids": [)" + number(50) + "]" : std::string();
     line += below(9) == 0 ? R"(, "count": )" + number(4) : std::string();
+    line += below(4) == 0
+                ? R"(, "first_seen": "2025-11-0)" + std::to_string(1 + below(9)) + R"(T04:30:00Z")"
+                : std::string();
     return line + "}";
   }
 
@@ -230,6 +233,29 @@ TEST_P(MergingTest, WhatWasNotKeptDoesNotPassForNothing) {
                                 "\"findings\" alone\n");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(folder.names(), Lines{"findings"});
+}
+
+TEST_P(MergingTest, TheEarliestTimeStaysThatSomethingWasSeen) {
+  const auto seen = [](const std::string& node, const std::string& day, const std::string& text) {
+    return R"({"id": "a", "severity": 80, "nodes": ")" + node + R"(", "message": ")" + text +
+           R"(", "first_seen": "2025-11-)" + day + "T04:30:00Z\"}\n";
+  };
+  const std::string findings = seen("cn1", "12", "down") + seen("cn2", "10", "down") +
+                               seen("cn3", "11", "down") +
+                               R"({"id": "a", "severity": 80, "nodes": "cn4", "message": "down"})"
+                               "\n" +
+                               // What a node says of itself, no other node says.
+                               seen("cn1", "13", "cn1 down") + seen("cn2", "09", "cn2 down");
+  std::istringstream lines(read_file(collapsed({folder.write("whole", findings)})));
+  Lines times;
+  for (std::string line; std::getline(lines, line);) {
+    if (const auto at = line.find("\"nodes\""); at != std::string::npos) {
+      times.push_back(line.substr(line.find("first_seen")));
+    }
+  }
+  EXPECT_EQ(times, (Lines{R"(first_seen": "2025-11-10T04:30:00Z", "nodes": "cn[1-4]", "count": 4})",
+                          R"(first_seen": "2025-11-13T04:30:00Z", "nodes": "cn1", "count": 1})",
+                          R"(first_seen": "2025-11-09T04:30:00Z", "nodes": "cn2", "count": 1})"}));
 }
 
 TEST_P(MergingTest, ALineIsSplitBeforeItIsTooLong) {

@@ -30,6 +30,9 @@ Options:
   -t,--fail-threshold N       Issues of bands that reach up to N contribute
                               to FAIL: 0 to 100, or a band's name for its
                               upper bound (default: 75)
+  --fail-on WHAT              With --since: which issues that contribute to
+                              FAIL make the exit status 1: any, worse or new
+                              (default: any)
   --collapse WHAT             What makes findings one issue: texts that are
                               equal but for numbers and the node's name, equal
                               texts, or an equal id: pattern, text or id
@@ -45,6 +48,8 @@ Options:
                               from, for the output "findings"
   --expect-parts SET          Parts of the cluster whose collapsed findings
                               should be there; may be repeated
+  --since EARLIER             Findings of an earlier run, to tell what has
+                              changed; may be repeated
   --acknowledged FILE         What is known and not to be told until some day,
                               JSON Lines
   --acknowledge-at-most DAYS  How far such a day may lie ahead (default: 90)
@@ -65,7 +70,7 @@ Options:
 
 Exit status:
   0  report written, PASS
-  1  report written, FAIL or UNKNOWN
+  1  report written, FAIL (see --fail-on) or UNKNOWN
   2  usage or input error, nothing reported
   3  the report could not be completed
 

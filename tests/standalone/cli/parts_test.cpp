@@ -85,8 +85,7 @@ TEST_F(PartsTest, ThatWereExpectedAndDidNotComeAreADoubt) {
 TEST_F(PartsTest, AreAsOldAsTheOldestOfThem) {
   expect_report(
       begin("r1", "2025-11-19T04:20:00Z") + end(0) + begin("r2") + counted("a", 1) + end(1), "PASS",
-      {"Input:    standard input, 2 days old",
-       "1 input is older than a day: standard input, 2 days old"});
+      {"Input:    standard input, 2 days old", "1 part is older than a day: r1, 2 days old"});
 }
 
 TEST_F(PartsTest, RawFindingsNeedNoEnd) {

@@ -59,7 +59,7 @@ std::string fault_of(const std::string& text) {
 const std::string FULL_LINE =
     R"({"id": "i", "severity": 80, "type": "diagnosis", "category": "c", "message": "m", )"
     R"("remedy": "r", "nodes": ["n1", "n[2-3]"], "row_ids": [3, -4], "definitions": ["d", "e"], )"
-    R"("based_on": ["x", "y"], "count": 7, "unknown": 1, "x-note": 2})";
+    R"("based_on": ["x", "y"], "count": 7, "first_seen": "2025-11-21T04:30:00Z", "unknown": 1, "x-note": 2})";
 const Wording FULL_WORDING = {DIAGNOSES, "i", 80, {"m", "r", "c"}, {"d", "e"}, {"x", "y"}};
 
 TEST(FindingParser, ReadsEveryKey) {
@@ -67,12 +67,13 @@ TEST(FindingParser, ReadsEveryKey) {
   const Line line(FULL_LINE);
   parser.parse(line.text());
   EXPECT_EQ(parser.kind(), FindingParser::Kind::FINDING);
-  const auto& [wording, nodes, row_ids, count, wording_number, pattern_number, values] =
+  const auto& [wording, nodes, row_ids, count, first_seen, wording_number, pattern_number, values] =
       parser.finding();
   EXPECT_EQ(wording, FULL_WORDING);
   EXPECT_EQ(nodes, (Views{"n1", "n2", "n3"}));
   EXPECT_EQ(row_ids, (std::vector<int>{3, -4}));
   EXPECT_EQ(count, 7U);
+  EXPECT_EQ(first_seen, 1763699400);
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
   EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
   EXPECT_TRUE(values.empty());
@@ -84,16 +85,25 @@ TEST(FindingParser, ForgetsEverythingThatTheLineBeforeTold) {
   const Line least(R"({"id":"a","severity":1})");
   parser.parse(full.text());
   parser.parse(least.text());
-  const auto& [wording, nodes, row_ids, count, wording_number, pattern_number, values] =
+  const auto& [wording, nodes, row_ids, count, first_seen, wording_number, pattern_number, values] =
       parser.finding();
   EXPECT_EQ(wording, (Wording{OBSERVATIONS, "a", 1, {}, {}, {}}));
   EXPECT_TRUE(nodes.empty());
   EXPECT_TRUE(row_ids.empty());
   EXPECT_EQ(count, 1U);
+  EXPECT_EQ(first_seen, std::nullopt);
   EXPECT_EQ(wording_number, Finding::UNKNOWN_WORDING);
   EXPECT_EQ(pattern_number, Finding::UNKNOWN_PATTERN);
   EXPECT_TRUE(values.empty());
   EXPECT_TRUE(parser.unknown_keys().empty());
+}
+
+TEST(FindingParser, RefusesWhatIsNoTimeThatAFindingWasFirstSeen) {
+  for (const char* time : {R"("2025-11-21")", R"("2025-02-30T00:00:00Z")", "5", "true"}) {
+    EXPECT_EQ(fault_of(R"({"id":"a","severity":1,"first_seen":)" + std::string(time) + "}"),
+              "36: first_seen is " + std::string(time) +
+                  ", expected a time such as \"2025-11-21T04:30:00Z\"");
+  }
 }
 
 TEST(FindingParser, ReadsHowManyFindingsALineStandsFor) {

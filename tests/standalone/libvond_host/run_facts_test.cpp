@@ -98,6 +98,17 @@ struct SeverityIs42 : IssueFacts {
   std::vector<facts::Place> places(const CollapsedAnalysisOutput& /*issue*/) override {
     return {{"number", "C", {{"5C", {"cn1"}}}}};
   }
+  std::optional<facts::Change> change(const CollapsedAnalysisOutput& /*issue*/) const override {
+    return facts::Change{"worse", {"cn1"}, {"cn2"}};
+  }
+  std::optional<std::int64_t> first_seen(const CollapsedAnalysisOutput& /*issue*/) const override {
+    return 1763699400;
+  }
+  std::optional<facts::Since> since() const override {
+    facts::Since since;
+    since.worse = 1;
+    return since;
+  }
   void for_each_finding(const std::function<void(const facts::Finding&)>& visit) const override {
     facts::Finding finding;
     finding.count = 3;
@@ -114,6 +125,9 @@ TEST_F(RunFactsTest, OfIssuesAreThoseOfTheReportInHand) {
     EXPECT_EQ(facts::patterns(issue).message, "at <*>");
     ASSERT_EQ(facts::places(issue).size(), 1U);
     EXPECT_EQ(facts::places(issue)[0].unit, "C");
+    EXPECT_THAT(facts::change(issue)->nodes_added, ElementsAre("cn1"));
+    EXPECT_EQ(facts::first_seen(issue), 1763699400);
+    EXPECT_EQ(facts::since()->worse, 1U);
     std::uint64_t findings = 0;
     facts::for_each_finding([&](const facts::Finding& finding) { findings += finding.count; });
     EXPECT_EQ(findings, 3U);
@@ -121,6 +135,9 @@ TEST_F(RunFactsTest, OfIssuesAreThoseOfTheReportInHand) {
   EXPECT_EQ(facts::severity(issue), -1);
   EXPECT_EQ(facts::patterns(issue).message, "");
   EXPECT_THAT(facts::places(issue), IsEmpty());
+  EXPECT_FALSE(facts::change(issue));
+  EXPECT_FALSE(facts::first_seen(issue));
+  EXPECT_FALSE(facts::since());
   facts::for_each_finding([](const facts::Finding& /*finding*/) { FAIL() << "no report"; });
 }
 

@@ -92,6 +92,26 @@ TEST_F(Validation, TellsAgesOfMoreThanADayAndOfTheFuture) {
             "  1 input is from the future: future, 1 second in the future\n");
 }
 
+TEST_F(Validation, TellsWhichPartsOfAnInputAreOldAndWhichAreFromTheFuture) {
+  facts.inputs = {{.name = "racks",
+                   .age = 604'800,
+                   .parts = {{{"rack01"}, 120},
+                             {{"rack03", "rack02"}, 604'800},
+                             {{}, 172'800},
+                             {{"rack07"}, -60},
+                             {{"rack08"}, 86'400}}},
+                  {.name = "raw", .age = 86'401}};
+  EXPECT_EQ(doubts(),
+            "  1 input is older than a day: raw, 1 day old\n"
+            "  2 parts are older than a day: rack[02-03], 7 days old; a part of racks, 2 days old\n"
+            "  1 part is from the future: rack07, 1 minute in the future\n");
+}
+
+TEST_F(Validation, TellsAnInputOfOnePartByItsOwnName) {
+  facts.inputs = {{.name = "rack07.jsonl", .age = 604'800, .parts = {{{"rack07"}, 604'800}}}};
+  EXPECT_EQ(doubts(), "  1 input is older than a day: rack07.jsonl, 7 days old\n");
+}
+
 TEST_F(Validation, ListsNodesWithFindingsThatWereNotExamined) {
   facts.examination = {12, {"login1", "n001", "n002"}};
   EXPECT_EQ(doubts(), "  3 nodes have findings and were not examined: login1,n[001-002]\n");

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standalone/patterns/text_pattern.h"
@@ -154,6 +157,60 @@ TEST(PatternGroup, KeepsNodesAndRowsOfEveryFinding) {
   });
   EXPECT_EQ(number, nodes.size() * row_ids.size());
   EXPECT_EQ(group.findings(), number);
+}
+
+TEST(PatternGroup, JoinsWhatIsSaidOfTheSameNodesAgainAndAgain) {
+  constexpr int ROUNDS = 20'000;
+  ValueTable table;
+  PatternGroup group("text\x04");
+  const std::vector<PatternGroup::Entry> entries = {group.entry_of({}, 0, table),
+                                                    group.entry_of({}, 1, table)};
+  const std::vector<std::vector<std::uint32_t>> places = {{1}, {2}, {1, 2}, {1, 1}, {}};
+  for (int round = 0; round < ROUNDS; ++round) {
+    for (const auto entry : entries) {
+      for (const auto& nodes : places) {
+        // The first of them come twice.
+        const std::vector<int> rows = {round % (ROUNDS / 2)};
+        group.add(entry, nodes, rows, nodes.size() > 1 ? 3 : 1);
+      }
+    }
+  }
+
+  std::size_t occurrences = 0;
+  std::map<std::pair<PatternGroup::Entry, std::vector<std::uint32_t>>, std::uint64_t> counts;
+  std::map<std::pair<PatternGroup::Entry, std::vector<std::uint32_t>>, std::set<int>> rows;
+  group.for_each([&](const PatternGroup::Occurrence& finding) {
+    ++occurrences;
+    const std::vector<std::uint32_t> nodes(finding.nodes.begin(), finding.nodes.end());
+    counts[{finding.entry, nodes}] += finding.count;
+    rows[{finding.entry, nodes}].insert(finding.row_ids.begin(), finding.row_ids.end());
+  });
+  EXPECT_LT(occurrences, 65'536U);
+  ASSERT_EQ(counts.size(), entries.size() * places.size());
+  for (const auto& [place, count] : counts) {
+    EXPECT_EQ(count, (place.second.size() > 1 ? 3U : 1U) * ROUNDS);
+    EXPECT_EQ(rows[place].size(), ROUNDS / 2U);
+    EXPECT_EQ(*rows[place].rbegin(), ROUNDS / 2 - 1);
+  }
+  EXPECT_EQ(group.findings(), 2 * (3 * ROUNDS + 2 * 3 * ROUNDS));
+}
+
+TEST(PatternGroup, KeepsFindingsApartThatCannotBeJoined) {
+  constexpr std::uint32_t NODES = 200'000;
+  ValueTable table;
+  PatternGroup group("text\x04");
+  const auto entry = group.entry_of({}, 0, table);
+  for (std::uint32_t node = NODES; node > 0; --node) {
+    const std::vector<std::uint32_t> nodes = {node};
+    group.add(entry, nodes, {});
+  }
+  std::set<std::uint32_t> nodes;
+  group.for_each([&](const PatternGroup::Occurrence& finding) {
+    EXPECT_EQ(finding.count, 1U);
+    EXPECT_TRUE(nodes.insert(finding.nodes[0]).second);
+  });
+  EXPECT_EQ(nodes.size(), NODES);
+  EXPECT_EQ(*nodes.begin(), 1U);
 }
 
 }  // namespace

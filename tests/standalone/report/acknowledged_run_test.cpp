@@ -243,6 +243,17 @@ TEST_F(AcknowledgedRun, ADiagnosisMayComeBehindWhatItIsBasedOn) {
   EXPECT_EQ(last->collapser().findings(), 2U);
 }
 
+TEST_F(AcknowledgedRun, KeepsSinceWhenAFindingIsKnownOnAllOfItsNodes) {
+  const std::string known = R"({"id": "a", "nodes": "n1", "until": "2025-12-01", "reason": "r"})";
+  const std::string seen = R"("severity": 80, "first_seen": "2025-11-19T00:00:00Z", "nodes": )";
+  const auto run = read("{\"id\": \"a\", " + seen + "\"n[1-2]\"}\n", CollapseBy::TEXT, &known);
+  const std::vector<CollapsedIssue> left = run->collapser().finish();
+  ASSERT_EQ(left.size(), 1U);
+  EXPECT_EQ(left[0].outputs[0].first_seen, 1763510400);
+  ASSERT_EQ(run->acknowledged()->issues().size(), 1U);
+  EXPECT_EQ(run->acknowledged()->issues()[0].outputs[0].first_seen, 1763510400);
+}
+
 TEST_F(AcknowledgedRun, WithAnEmptyFileIsTheSame) {
   const std::string none;
   const std::string input = RandomAcknowledgements(1).input();

@@ -79,7 +79,7 @@ std::string picture(const std::vector<CollapsedIssue>& issues, const Collapser& 
             "\n";
     for (const CollapsedOutput& output : issue.outputs) {
       const auto& [message, remedy, category] = output.texts;
-      text += "  " + std::to_string(output.severity) + " " + category + "|" + message + "|" +
+      text += "  " + std::to_string(output.severity) + " " + category + "|" + message + output.note + "|" +
               remedy + ", nodes " + list(nodes_of(output, collapser, order)) + ", rows " +
               list(output.row_ids) + "\n";
     }
@@ -604,7 +604,8 @@ TEST(CollapseById, TakesAsManyMessagesAndNodesAsThereAreFindings) {
   ASSERT_EQ(issues.size(), 1U);
   EXPECT_EQ(issues[0].distinct_nodes, std::size_t{FINDINGS});
   ASSERT_EQ(issues[0].outputs.size(), std::size_t{FINDINGS} + 1);
-  EXPECT_EQ(issues[0].outputs[0].texts.message, "Disk is full. (and 50000 other messages)");
+  EXPECT_EQ(issues[0].outputs[0].texts.message, "Disk is full.");
+  EXPECT_EQ(issues[0].outputs[0].note, " (and 50000 other messages)");
   EXPECT_EQ(issues[0].outputs[1].texts.message, "Job 0 died.");
   EXPECT_EQ(issues[0].outputs[2].texts.message, "Job 1 died.");
   EXPECT_EQ(issues[0].outputs[3].texts.message, "Job 10 died.");

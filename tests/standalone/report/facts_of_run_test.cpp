@@ -138,6 +138,20 @@ TEST(FactsOfRun, TellWhenTheOldestFindingsWereCollected) {
   EXPECT_EQ(facts.inputs[0].age, -86400);
 }
 
+TEST(FactsOfRun, TellTheAgeOfEveryPartOfAnInput) {
+  const TestFile file(
+      "{\"begin\": {\"format\": 1, \"written\": \"2025-11-14T04:30:00Z\", \"parts\": [\"r2\"]}}\n"
+      "{\"begin\": {\"format\": 1, \"written\": \"2025-11-21T04:28:00Z\"}}\n");
+  const ReportFacts facts = read_facts({.findings = {file.path()}});
+  const std::vector<ReportFacts::Input::Part>& parts = facts.inputs.at(0).parts;
+  ASSERT_EQ(parts.size(), 2U);
+  EXPECT_EQ(parts[0].names, Names{"r2"});
+  EXPECT_EQ(parts[0].age, 7 * 86400);
+  EXPECT_EQ(parts[1].names, Names{});
+  EXPECT_EQ(parts[1].age, 120);
+  EXPECT_EQ(facts.inputs[0].age, 7 * 86400);
+}
+
 TEST(FactsOfRun, TellNoAgeOfWhatIsNoRegularFile) {
   EXPECT_FALSE(read_facts({.findings = {"/dev/null"}}).inputs.at(0).age.has_value());
 }

@@ -6,12 +6,14 @@
 #include <string_view>
 
 #include "vond/extension/json_text.h"
+#include "vond/extension/utc_time.h"
 #include "vond/postprocessor/string_interface.h"
 
 namespace vond_findings {
 
 using vond::extension::json_quote;
 using vond::extension::StatementWriter;
+using vond::extension::utc_time;
 using vond::facts::Finding;
 
 namespace {
@@ -116,7 +118,9 @@ std::string common_members(const Finding& finding) {
          member_unless_empty("message", finding.message) +
          member_unless_empty("remedy", finding.remedy) +
          member_unless_empty("definitions", finding.definitions) +
-         member_unless_empty("based_on", finding.based_on);
+         member_unless_empty("based_on", finding.based_on) +
+         (finding.first_seen ? member("first_seen", json_quote(utc_time(*finding.first_seen)))
+                             : "");
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "node_lists.h"
 #include "vond/extension/issue_order.h"
 #include "vond/extension/node_summaries.h"
+#include "vond/extension/utc_time.h"
 #include "vond/extension/words.h"
 #include "vond/facts/run_facts.h"
 #include "vond/postprocessor/string_interface.h"
@@ -32,16 +35,6 @@ struct Heading {
   TypeCode type;
   bool fails;
 };
-
-/// Writes the names, null when there are too many.
-template <typename Names>
-void write_names(JsonWriter& json, const Names& names) {
-  if (names.size() > MOST_LISTED_NODES) {
-    json.null();
-  } else {
-    json.array(names);
-  }
-}
 
 void write_heading(JsonWriter& json, const CollapsedAnalysisOutput& issue, const Heading& heading) {
   json.key("id").value(issue.get_id());
@@ -96,6 +89,21 @@ void write_values(JsonWriter& json, const facts::Place& place) {
   json.end_object();
 }
 
+void write_change(JsonWriter& json, const CollapsedAnalysisOutput& issue) {
+  const auto change = facts::change(issue);
+  json.key("change").value(change ? std::optional(change->change) : std::nullopt);
+  for (const auto& [key, nodes] : {std::pair("nodes_added", &facts::Change::nodes_added),
+                                   std::pair("nodes_healed", &facts::Change::nodes_healed)}) {
+    json.key(key);
+    if (change) {
+      write_names_or_set(json, *change.*nodes);
+    } else {
+      json.null();
+    }
+  }
+  json.key("first_seen").value(vond::extension::utc_time(facts::first_seen(issue)));
+}
+
 void write_issue(JsonWriter& json, const CollapsedAnalysisOutput& issue, const Heading& heading,
                  const IssueNumbers& numbers) {
   json.begin_object();
@@ -114,8 +122,7 @@ void write_issue(JsonWriter& json, const CollapsedAnalysisOutput& issue, const H
     write_values(json, place);
   }
   json.end_array();
-  json.key("change").null();
-  json.key("first_seen").null();
+  write_change(json, issue);
   json.end_object();
 }
 

@@ -9,12 +9,22 @@
 
 namespace vond_json {
 
-/// Of longer lists the folded form has to do.
-constexpr std::size_t MOST_LISTED_NODES = 100'000;
+/// Of longer lists of nodes the folded form has to do.
+inline constexpr std::size_t MOST_LISTED_NODES = 100'000;
 
-/// Writes a list of the names, one folded text where they are too many.
-inline void write_names_or_text(vond::extension::JsonWriter& json,
-                                const std::vector<std::string>& names) {
+/// Writes the names, null when there are too many.
+template <typename Names>
+void write_names(vond::extension::JsonWriter& json, const Names& names) {
+  if (names.size() > MOST_LISTED_NODES) {
+    json.null();
+  } else {
+    json.array(names);
+  }
+}
+
+/// Writes the names, as one folded text when there are too many.
+inline void write_names_or_set(vond::extension::JsonWriter& json,
+                               const std::vector<std::string>& names) {
   if (names.size() > MOST_LISTED_NODES) {
     std::vector<std::vector<std::string>> lists = {names};
     json.value(vond::postprocessor::StringInterface().get_node_string(lists));

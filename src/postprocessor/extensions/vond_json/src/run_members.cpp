@@ -1,6 +1,8 @@
 #include "run_members.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "node_lists.h"
 #include "vond/extension/utc_time.h"
@@ -45,6 +47,44 @@ void write_nodes(JsonWriter& json) {
   json.end_object();
 }
 
+void write_change_counts(JsonWriter& json, const facts::Since& since) {
+  json.key("counts").begin_object();
+  json.key("new").value(since.new_issues);
+  json.key("worse").value(since.worse);
+  json.key("reworded").value(since.reworded);
+  json.key("same").value(since.same);
+  json.key("better").value(since.better);
+  json.key("gone").value(since.gone.size());
+  json.key("not_looked_at").value(since.not_looked_at.size());
+  json.end_object();
+}
+
+void write_past_issues(JsonWriter& json, const std::vector<facts::PastIssue>& issues) {
+  json.begin_array();
+  for (const facts::PastIssue& issue : issues) {
+    json.begin_object();
+    json.key("type").value(issue.type);
+    json.key("id").value(issue.id);
+    json.key("nodes");
+    write_names_or_set(json, issue.nodes);
+    json.end_object();
+  }
+  json.end_array();
+}
+
+void write_since(JsonWriter& json, const facts::Since& since) {
+  json.begin_object();
+  json.key("time").value(vond::extension::utc_time(since.time));
+  write_change_counts(json, since);
+  json.key("nodes_not_looked_at");
+  write_names_or_set(json, since.nodes_not_looked_at);
+  json.key("gone");
+  write_past_issues(json, since.gone);
+  json.key("not_looked_at");
+  write_past_issues(json, since.not_looked_at);
+  json.end_object();
+}
+
 void write_acknowledged(JsonWriter& json) {
   json.key("acknowledged").begin_array();
   for (const facts::Acknowledgement& entry : facts::acknowledgements()) {
@@ -55,7 +95,7 @@ void write_acknowledged(JsonWriter& json) {
     if (entry.nodes.empty()) {
       json.value("*");
     } else {
-      write_names_or_text(json, entry.nodes);
+      write_names_or_set(json, entry.nodes);
     }
     json.key("until").value(vond::extension::utc_time(entry.until));
     json.key("reason").value(entry.reason);
@@ -88,7 +128,12 @@ void write_run(JsonWriter& json, const vond::postprocessor::PostprocessorExtensi
 
 void write_comparison(JsonWriter& json) {
   json.break_line();
-  json.key("since").null();
+  json.key("since");
+  if (const auto since = facts::since()) {
+    write_since(json, *since);
+  } else {
+    json.null();
+  }
   json.break_line();
   write_acknowledged(json);
 }

@@ -6,6 +6,7 @@
 #include "vond/extension/statement.h"
 #include "vond/extension/text.h"
 #include "vond/extension/words.h"
+#include "vond/facts/run_facts.h"
 #include "vond/host_api.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 #include "vond/postprocessor/string_interface.h"
@@ -21,7 +22,8 @@ using vond::vocabulary::SEVERITY_BANDS;
 using vond::vocabulary::SeverityBand;
 
 /// A line an issue, in the order of the report: band, type, id, number of nodes, nodes, message,
-/// with tabs between. Neither wrapped nor cut, so that programs can read it.
+/// with tabs between; behind these, where there was an earlier run, what has become of it. Neither
+/// wrapped nor cut, so that programs can read it.
 class List : public vond::postprocessor::PostprocessorExtension {
  public:
   explicit List(vond::postprocessor::PostprocessorExtensionData& engine_data)
@@ -48,7 +50,11 @@ class List : public vond::postprocessor::PostprocessorExtension {
     output << band << "\t" << type << "\t" << as_field(issue.get_id()) << "\t"
            << std::to_string(vond::extension::count_distinct_nodes(issue)) << "\t"
            << as_field(vond::extension::folded_nodes(issue, host_)) << "\t"
-           << as_field(host_.remove_endl(message)) << "\n";
+           << as_field(host_.remove_endl(message));
+    if (const auto change = vond::facts::change(issue)) {
+      output << "\t" << change->change;
+    }
+    output << "\n";
   }
 
   vond::postprocessor::StringInterface host_;

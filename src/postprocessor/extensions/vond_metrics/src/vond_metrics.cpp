@@ -28,6 +28,7 @@ int VondMetrics::run() {
   write_definitions(out);
   write_nodes(out);
   write_issue_nodes(out);
+  write_changes(out);
   out.finish();
   return 0;
 }
@@ -94,6 +95,27 @@ void VondMetrics::write_issue_nodes(MetricWriter& out) const {
   }
   out.begin("vond_issues_omitted", "Ids that vond_issue_nodes leaves out.");
   out.add({}, static_cast<std::int64_t>(worst.omitted_ids()));
+}
+
+void VondMetrics::write_changes(MetricWriter& out) {
+  const auto since = facts::since();
+  if (!since) {
+    return;
+  }
+  out.begin("vond_issues_since", "What has become of issues since the earlier run.");
+  const auto add = [&out](const char* change, std::size_t issues) {
+    out.add({{"change", change}}, static_cast<std::int64_t>(issues));
+  };
+  add("new", since->new_issues);
+  add("worse", since->worse);
+  add("reworded", since->reworded);
+  add("same", since->same);
+  add("better", since->better);
+  add("gone", since->gone.size());
+  add("not_looked_at", since->not_looked_at.size());
+  out.begin("vond_nodes_not_looked_at",
+            "Nodes that had issues of which nobody knows whether they still have them.");
+  out.add({}, static_cast<std::int64_t>(since->nodes_not_looked_at.size()));
 }
 
 }  // namespace vond_metrics

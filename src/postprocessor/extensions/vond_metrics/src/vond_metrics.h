@@ -21,6 +21,7 @@ class VondMetrics : public vond::postprocessor::PostprocessorExtension {
   void write_definitions(MetricWriter& out) const;
   void write_nodes(MetricWriter& out) const;
   void write_issue_nodes(MetricWriter& out) const;
+  static void write_changes(MetricWriter& out);
 };
 
 }  // namespace vond_metrics

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <ctime>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -18,6 +19,11 @@ inline std::string utc_time(std::int64_t seconds) {
     throw std::overflow_error("the report's time has no year of four digits");
   }
   return text;
+}
+
+/// The same for a time that may not be known; then nothing.
+inline std::optional<std::string> utc_time(const std::optional<std::int64_t>& seconds) {
+  return seconds ? std::optional(utc_time(*seconds)) : std::nullopt;
 }
 
 }  // namespace vond::extension

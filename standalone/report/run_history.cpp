@@ -1,0 +1,258 @@
+#include "standalone/report/run_history.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "standalone/acknowledged/acknowledgement_coverage.h"
+#include "standalone/facts/verdict.h"
+#include "standalone/model/type_names.h"
+#include "standalone/report/facts_of_run.h"
+#include "standalone/report/issue_sightings.h"
+#include "standalone/text/messages.h"
+#include "standalone/text/utc_time.h"
+
+namespace vond::standalone {
+namespace {
+
+std::optional<std::time_t> known(std::time_t time) {
+  return time == UNKNOWN_TIME ? std::nullopt : std::optional(time);
+}
+
+/// Returns when the oldest of a run's findings were collected.
+std::time_t time_of(const CheckRun& run) {
+  std::optional<std::time_t> oldest;
+  for (std::size_t i = 0; i < run.inputs().size(); ++i) {
+    const auto collected = run.collected()[i].oldest();
+    oldest = earliest(oldest, collected ? collected : run.inputs()[i].changed_at);
+  }
+  return oldest.value_or(UNKNOWN_TIME);
+}
+
+std::string_view word_of(Change change) {
+  switch (change) {
+    case Change::NEW:
+      return "new";
+    case Change::WORSE:
+      return "worse";
+    case Change::REWORDED:
+      return "reworded";
+    case Change::BETTER:
+      return "better";
+    case Change::SAME:
+      break;
+  }
+  return "same";
+}
+
+}  // namespace
+
+void RunHistory::add_earlier(CheckRun& run) {
+  const ReportFacts facts = facts_of_reading(run, written_at_);
+  for (const ReportFacts::Input& input : facts.inputs) {
+    if (input.is_cut_off) {
+      remarks_.push_back(input.name + " is cut off");
+    }
+    if (facts.lines_rejected != 0) {
+      remarks_.push_back(input.name + ": " +
+                         count_of(facts.lines_rejected, "line was", "lines were") + " left out");
+    }
+  }
+  RunSightings sightings = sightings_of_run(run);
+  const std::vector<CollapsedIssue> issues = run.collapser().finish();
+  sightings.issues = sightings_of(issues, run.collapser().node_names(), names_);
+  set_acknowledged_apart(issues, sightings);
+  runs_.push_back(std::move(sightings));
+}
+
+/// Sets apart what was acknowledged at the time of the run: where it still is, it takes no part,
+/// and where it no longer is, it counts as new. `issues` are those of the run.
+void RunHistory::set_acknowledged_apart(const std::vector<CollapsedIssue>& issues,
+                                        RunSightings& run) const {
+  AcknowledgementCoverage coverage(acknowledged_,
+                                   run.time == UNKNOWN_TIME ? written_at_ : run.time);
+  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
+    if (issues[number].type == postprocessor::DIAGNOSES) {
+      const std::vector<std::string_view> based_on(issues[number].based_on.begin(),
+                                                   issues[number].based_on.end());
+      for (const Sighting& sighting : run.issues[number].sightings) {
+        coverage.add_diagnosis(issues[number].id, run.issues[number].band,
+                               names_.node_name(sighting.node), based_on);
+      }
+    }
+  }
+  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
+    const auto& [type, id] = names_.condition(run.issues[number].condition);
+    const int band = run.issues[number].band;
+    auto& sightings = run.issues[number].sightings;
+    const auto covered =
+        std::stable_partition(sightings.begin(), sightings.end(), [&](const Sighting& sighting) {
+          const std::string& node = names_.node_name(sighting.node);
+          return !coverage.covers(id, band, node) &&
+                 (type == postprocessor::DIAGNOSES ||
+                  !coverage.covers_with_diagnosis(id, band, node));
+        });
+    run.acknowledged.push_back({run.issues[number].condition, band, {covered, sightings.end()}});
+    sightings.erase(covered, sightings.end());
+  }
+}
+
+/// Returns what a run tells beside its issues.
+RunSightings RunHistory::sightings_of_run(const CheckRun& run) {
+  RunSightings sightings;
+  sightings.time = time_of(run);
+  if (run.examination().is_known()) {
+    sightings.examined.emplace();
+    for (const std::string& node : run.examination().examined_names()) {
+      sightings.examined->push_back(names_.node(node));
+    }
+    if (verdict_doubts(facts_of_reading(run, written_at_)).empty()) {
+      sightings.examined->push_back(SeenNames::NO_NODE);
+    }
+  }
+  return sightings;
+}
+
+void RunHistory::compare(const CheckRun& run, ReportRecord& record) {
+  earlier_.emplace(std::exchange(runs_, {}));
+  RunSightings sightings = sightings_of_run(run);
+  sightings.issues = record.take_sightings();
+  if (const AcknowledgedFindings* const acknowledged = run.acknowledged()) {
+    sightings.acknowledged =
+        sightings_of(acknowledged->issues(), acknowledged->node_names(), names_);
+  }
+  comparison_ = standalone::compare(*earlier_, sightings, names_);
+  issues_ = std::move(sightings.issues);
+  for (SeenIssue& issue : issues_) {
+    issue.sightings = {};
+  }
+}
+
+std::vector<std::string> RunHistory::node_names(const Numbers& nodes) const {
+  std::vector<std::string> names;
+  names.reserve(nodes.size());
+  for (const SeenNames::Number node : nodes) {
+    if (node != SeenNames::NO_NODE) {
+      names.push_back(names_.node_name(node));
+    }
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+facts::Change RunHistory::change(std::size_t number) const {
+  const auto& [change, added, healed, first_seen] = comparison_.issues[number];
+  return {std::string(word_of(change)), node_names(added), node_names(healed)};
+}
+
+std::optional<std::time_t> RunHistory::first_seen(std::size_t number) const {
+  return known(comparison_.issues[number].first_seen);
+}
+
+facts::Since RunHistory::since() const {
+  return {known(earlier_->newest()),
+          count_issues(Change::NEW),
+          count_issues(Change::WORSE),
+          count_issues(Change::REWORDED),
+          count_issues(Change::SAME),
+          count_issues(Change::BETTER),
+          past_issues(comparison_.gone),
+          past_issues(comparison_.not_looked_at),
+          node_names(comparison_.nodes_not_looked_at)};
+}
+
+std::vector<facts::PastIssue> RunHistory::past_issues(
+    const std::vector<PastCondition>& conditions) const {
+  std::vector<facts::PastIssue> issues;
+  issues.reserve(conditions.size());
+  for (const PastCondition& past : conditions) {
+    const auto [type, id] = names_.condition(past.condition);
+    issues.push_back({std::string(type_name(type)), std::string(id), node_names(past.nodes)});
+  }
+  return issues;
+}
+
+Changes RunHistory::summary() const {
+  Changes changes;
+  changes.time = known(earlier_->newest());
+  changes.added = count_issues(Change::NEW);
+  changes.worse = count_issues(Change::WORSE);
+  changes.reworded = count_issues(Change::REWORDED);
+  changes.same = count_issues(Change::SAME);
+  changes.better = count_issues(Change::BETTER);
+  changes.gone = comparison_.gone.size();
+  changes.not_looked_at = comparison_.not_looked_at.size();
+  changes.kinds = {issues_of_kind(Change::NEW, changes.added),
+                   issues_of_kind(Change::WORSE, changes.worse),
+                   issues_of_kind(Change::REWORDED, changes.reworded), gone()};
+  changes.nodes_not_looked_at = node_names(comparison_.nodes_not_looked_at);
+  changes.remarks = remarks_;
+  return changes;
+}
+
+std::size_t RunHistory::count_issues(Change change) const {
+  return static_cast<std::size_t>(
+      std::count_if(comparison_.issues.begin(), comparison_.issues.end(),
+                    [change](const IssueChange& issue) { return issue.change == change; }));
+}
+
+Changes::Kind RunHistory::issues_of_kind(Change change, std::size_t count) const {
+  Changes::Kind kind{std::string(word_of(change)), count, {}};
+  for (std::size_t number = 0;
+       number < comparison_.issues.size() && kind.items.size() < Changes::MOST_ITEMS; ++number) {
+    if (comparison_.issues[number].change == change) {
+      kind.items.push_back(item_of_issue(number));
+    }
+  }
+  return kind;
+}
+
+Changes::Item RunHistory::item_of_issue(std::size_t number) const {
+  const auto& [change, added, healed, first_seen] = comparison_.issues[number];
+  const SeenIssue& issue = issues_[number];
+  return {std::string(names_.condition(issue.condition).id), issue.band, node_names(added),
+          node_names(healed), known(first_seen)};
+}
+
+Changes::Kind RunHistory::gone() const {
+  Changes::Kind kind{"gone", comparison_.gone.size(), {}};
+  for (const PastCondition& past : comparison_.gone) {
+    if (kind.items.size() == Changes::MOST_ITEMS) {
+      break;
+    }
+    kind.items.push_back({std::string(names_.condition(past.condition).id),
+                          past.band,
+                          {},
+                          node_names(past.nodes),
+                          known(past.first_seen)});
+  }
+  return kind;
+}
+
+bool RunHistory::is_known(std::size_t number) const {
+  const Change change = comparison_.issues[number].change;
+  return change == Change::SAME || change == Change::BETTER;
+}
+
+bool RunHistory::is_new(std::size_t number) const {
+  return comparison_.issues[number].change == Change::NEW;
+}
+
+std::optional<std::time_t> RunHistory::first_seen(postprocessor::TypeCode type,
+                                                  const std::string& id,
+                                                  const std::vector<std::string>& nodes) const {
+  const auto condition = names_.find(type, id);
+  if (!condition) {
+    return std::nullopt;
+  }
+  std::time_t earliest =
+      nodes.empty() ? earlier_->first_seen(*condition, SeenNames::NO_NODE) : UNKNOWN_TIME;
+  for (const std::string& name : nodes) {
+    if (const auto node = names_.find_node(name)) {
+      earliest = std::min(earliest, earlier_->first_seen(*condition, *node));
+    }
+  }
+  return known(earliest);
+}
+
+}  // namespace vond::standalone
