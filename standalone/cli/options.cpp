@@ -75,12 +75,15 @@ void refuse_to_share_standard_input(const Options& options) {
   };
   const std::vector<std::string> acknowledged =
       options.acknowledged ? std::vector{*options.acknowledged} : std::vector<std::string>();
-  std::ptrdiff_t readers = count_in(options.inputs);
-  for (const auto& [option, paths] :
-       {std::pair("--expect-file", &options.expect_files), std::pair("--since", &options.since),
-        std::pair("--acknowledged", &acknowledged)}) {
-    readers += count_in(*paths);
-    if (count_in(*paths) != 0 && readers > 1) {
+  const auto readers = {std::pair("--expect-file", count_in(options.expect_files)),
+                        std::pair("--since", count_in(options.since)),
+                        std::pair("--acknowledged", count_in(acknowledged))};
+  std::ptrdiff_t all = count_in(options.inputs);
+  for (const auto& [option, count] : readers) {
+    all += count;
+  }
+  for (const auto& [option, count] : readers) {
+    if (count != 0 && all > 1) {
       throw UsageError(std::string(option) +
                        " is \"-\", but standard input is read by something else, too");
     }

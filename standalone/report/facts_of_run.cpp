@@ -93,7 +93,6 @@ ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at) {
   if (examination.expected() != 0) {
     facts.expectation = facts_of_expectation(examination, nodes);
   }
-  add_facts_of_acknowledged(facts, run);
   return facts;
 }
 
@@ -103,6 +102,7 @@ ReportFacts facts_of_run(const CheckRun& run, const ReportRecord& record, std::t
   facts.unknown_definitions = record.unknown_definitions();
   facts.unknown_based_on = record.unknown_based_on();
   facts.failed = record.has_failed();
+  add_facts_of_acknowledged(facts, run);
   return facts;
 }
 

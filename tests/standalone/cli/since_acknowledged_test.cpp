@@ -109,8 +109,8 @@ TEST_P(SinceAcknowledgedTest, AnAcknowledgedLackOfDataHealsNothing) {
   const std::string no_data = finding("a", "cn1", 50, R"(, "type": "missing_data")");
   EXPECT_EQ(
       changes(finding("a", "cn1"), no_data, entry("a", "cn1", TODAY, R"(, "up_to": "warning")")),
-      "0 new, 0 worse, 0 same, 0 better, 0 gone; 1 node not\n"
-      "    looked at\n"
+      "0 new, 0 worse, 0 same, 0 better, 0 gone; 1\n"
+      "    node not looked at\n"
       "    not looked at: cn1\n");
 }
 
