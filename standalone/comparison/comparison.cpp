@@ -11,6 +11,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "standalone/nodes/number_sorting.h"
+
 namespace vond::standalone {
 namespace {
 
@@ -18,14 +20,6 @@ using Number = SeenNames::Number;
 using Entry = EarlierSightings::Entry;
 
 constexpr int NO_BAND = -1;
-
-void sort_unique(std::vector<Number>& numbers) {
-  // Most come in order.
-  if (!std::is_sorted(numbers.begin(), numbers.end())) {
-    std::sort(numbers.begin(), numbers.end());
-  }
-  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-}
 
 /// What a node had and has of the condition that is being compared.
 struct NodeState {
@@ -162,32 +156,30 @@ class Comparer {
       // Entries of one node stand together.
       state.before = {state.before.empty() ? &entry : state.before.data(), state.before.size() + 1};
     }
-    for (const std::size_t number : issues_.of(condition)) {
-      const SeenIssue& issue = run_.issues[number];
-      for (const Sighting& sighting : issue.sightings) {
-        int& band = states_[sighting.node].band_now;
-        band = std::max(band, issue.band);
-      }
-    }
-    for (const std::size_t number : acknowledged_.of(condition)) {
-      for (const Sighting& sighting : run_.acknowledged[number].sightings) {
-        states_[sighting.node].is_acknowledged = true;
-      }
-    }
+    for_each_sighting(run_.issues, issues_.of(condition), [this](const auto& issue, Number node) {
+      states_[node].band_now = std::max(states_[node].band_now, issue.band);
+    });
+    for_each_sighting(
+        run_.acknowledged, acknowledged_.of(condition),
+        [this](const auto& /*issue*/, Number node) { states_[node].is_acknowledged = true; });
   }
 
   void clear_states(Number condition) {
     for (const Entry& entry : earlier_.of(condition)) {
       states_[entry.node] = {};
     }
-    for (const std::size_t number : issues_.of(condition)) {
-      for (const Sighting& sighting : run_.issues[number].sightings) {
-        states_[sighting.node] = {};
-      }
-    }
-    for (const std::size_t number : acknowledged_.of(condition)) {
-      for (const Sighting& sighting : run_.acknowledged[number].sightings) {
-        states_[sighting.node] = {};
+    const auto clear = [this](const auto& /*issue*/, Number node) { states_[node] = {}; };
+    for_each_sighting(run_.issues, issues_.of(condition), clear);
+    for_each_sighting(run_.acknowledged, acknowledged_.of(condition), clear);
+  }
+
+  /// Calls `visit` with each of the issues of these numbers and each of its nodes.
+  template <typename Visit>
+  static void for_each_sighting(const std::vector<SeenIssue>& issues,
+                                const IssuesByCondition::Numbers& numbers, Visit visit) {
+    for (const std::size_t number : numbers) {
+      for (const Sighting& sighting : issues[number].sightings) {
+        visit(issues[number], sighting.node);
       }
     }
   }
@@ -196,7 +188,7 @@ class Comparer {
     bool is_higher = false;
     bool is_lower = false;
     bool is_reworded = false;
-    bool is_new = earlier_.of(issue.condition).empty();
+    const bool is_new = earlier_.of(issue.condition).empty();
     for (const auto& [node, pattern, first_seen] : issue.sightings) {
       const NodeState& state = states_[node];
       result.first_seen = std::min(result.first_seen, first_seen);
