@@ -27,7 +27,7 @@ class SinceTest : public ::testing::TestWithParam<const char*> {
  protected:
   /// Writes the findings of a run that was so long before the report.
   std::string earlier(const std::string& findings, std::time_t age = 6 * HOUR) {
-    const std::string path =
+    std::string path =
         folder.write("earlier" + std::to_string(++runs_written) + ".jsonl", findings);
     set_last_change(path, REPORT_TIME - age);
     return path;
