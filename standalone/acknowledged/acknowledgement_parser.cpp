@@ -43,15 +43,6 @@ constexpr std::string_view EVERYWHERE = "*";
                               suggestion_for(key, known)};
 }
 
-bool read_truth(ondemand::value& value, std::string_view key) {
-  const std::string_view source = source_of(value);
-  bool truth = false;
-  if (value.get_bool().get(truth) != simdjson::SUCCESS) {
-    refuse(source, {key}, "true or false");
-  }
-  return truth;
-}
-
 }  // namespace
 
 Acknowledgement AcknowledgementParser::parse(std::string_view line) {
@@ -112,7 +103,7 @@ bool AcknowledgementParser::read_value(std::string_view key, Value& value, Ackno
   } else if (key == UP_TO) {
     entry.up_to = read_band(value);
   } else {
-    entry.with_observations = read_truth(value, key);
+    entry.with_observations = read_truth(value, {key});
   }
   return true;
 }
@@ -178,7 +169,7 @@ void AcknowledgementParser::add_nodes(Value& value, const ValueName& name,
 
 /// Returns the last second of what the value names.
 std::time_t AcknowledgementParser::read_until(Value& value) {
-  constexpr std::time_t DAY = 24 * 60 * 60;
+  constexpr std::time_t DAY = std::time_t{24} * 60 * 60;
   constexpr std::string_view EXPECTATION =
       "a day such as \"2026-01-31\" or a time such as \"2026-01-31T12:00:00Z\"";
   const std::string_view source = source_of(value);

@@ -155,7 +155,7 @@ ExitStatus write_report(const Options& options) {
   }
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
   if (options.ignores_acknowledged) {
-    report_facts().acknowledged.emplace().is_ignored = true;
+    report_facts().acknowledged = ReportFacts::Acknowledged{.is_ignored = true};
   }
   RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept(),
                                history.get());

@@ -20,7 +20,10 @@ using Entry = EarlierSightings::Entry;
 constexpr int NO_BAND = -1;
 
 void sort_unique(std::vector<Number>& numbers) {
-  std::sort(numbers.begin(), numbers.end());
+  // Most come in order.
+  if (!std::is_sorted(numbers.begin(), numbers.end())) {
+    std::sort(numbers.begin(), numbers.end());
+  }
   numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
@@ -33,6 +36,14 @@ struct NodeState {
   /// What it had.
   std::span<const Entry> before = {};
 };
+
+std::time_t earliest_of(const NodeState& state) {
+  std::time_t earliest = UNKNOWN_TIME;
+  for (const Entry& entry : state.before) {
+    earliest = std::min(earliest, entry.first_seen);
+  }
+  return earliest;
+}
 
 /// The nodes that a run is known to have looked at.
 class LookedAt {
@@ -193,9 +204,7 @@ class Comparer {
         result.added.push_back(node);
         continue;
       }
-      for (const Entry& entry : state.before) {
-        result.first_seen = std::min(result.first_seen, entry.first_seen);
-      }
+      result.first_seen = std::min(result.first_seen, earliest_of(state));
       is_higher = is_higher || issue.band > state.band_before;
       is_lower = is_lower || state.band_now < state.band_before;
       is_reworded =
@@ -229,7 +238,7 @@ class Comparer {
       }
       past.nodes.push_back(entry.node);
       past.band = std::max(past.band, state.band_before);
-      past.first_seen = std::min(past.first_seen, earlier_.first_seen(condition, entry.node));
+      past.first_seen = std::min(past.first_seen, earliest_of(state));
       if (!looked_at_.contains(entry.node, names_.condition(condition))) {
         not_looked_at.push_back(entry.node);
       }

@@ -33,7 +33,10 @@ EarlierSightings::EarlierSightings(std::vector<RunSightings> runs) {
   }
   for (Table* const table : {&entries_, &acknowledged_}) {
     for (std::vector<Entry>& entries : *table) {
-      std::sort(entries.begin(), entries.end(), is_before);
+      // Most runs name nodes in one order.
+      if (!std::is_sorted(entries.begin(), entries.end(), is_before)) {
+        std::sort(entries.begin(), entries.end(), is_before);
+      }
     }
   }
 }

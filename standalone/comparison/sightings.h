@@ -24,7 +24,7 @@ struct SeenIssue {
   SeenNames::Number condition = 0;
   /// The upper bound of its severity band.
   int band = 0;
-  /// At least one. A node may stand in several that differ in their patterns.
+  /// A node may stand in several that differ in their patterns. None where all are acknowledged.
   std::vector<Sighting> sightings = {};
 };
 

@@ -51,7 +51,6 @@ class DefinitionsParser {
   DefinitionSpec read_definition(Value& value, const ValueName& name, int depth);
   bool read_field_of(DefinitionSpec& definition, std::string_view key, Value& value, int depth);
   std::string read_name(Value& value);
-  bool read_flag(Value& value, const ValueName& name);
   void note_unknown_key(std::string_view key, const char* where);
 
   FileText& file_;
@@ -183,7 +182,7 @@ bool DefinitionsParser::read_field_of(DefinitionSpec& definition, std::string_vi
     return true;
   }
   if (key == SKIPPED) {
-    definition.skipped = read_flag(value, {SKIPPED});
+    definition.skipped = read_truth(value, {SKIPPED});
   } else {
     definition.child_groups = read_children(value, depth + 1);
   }
@@ -201,15 +200,6 @@ std::string DefinitionsParser::read_name(Value& value) {
                std::to_string(place.column) + " has");
   }
   return name;
-}
-
-bool DefinitionsParser::read_flag(Value& value, const ValueName& name) {
-  const std::string_view source = source_of(value);
-  bool flag = false;
-  if (value.get_bool().get(flag) != simdjson::SUCCESS) {
-    refuse(source, name, "true or false");
-  }
-  return flag;
 }
 
 void DefinitionsParser::note_unknown_key(std::string_view key, const char* where) {

@@ -12,15 +12,6 @@ namespace {
 
 constexpr std::int64_t FORMAT = 1;
 
-bool read_truth(ondemand::value& value, std::string_view name) {
-  const std::string_view source = source_of(value);
-  bool truth = false;
-  if (value.get_bool().get(truth) != simdjson::SUCCESS) {
-    refuse(source, {name}, "true or false");
-  }
-  return truth;
-}
-
 void read_format(ondemand::value& value) {
   const std::string_view source = source_of(value);
   std::int64_t format = 0;
@@ -100,7 +91,7 @@ RunEnd RunMarkValues::read_end(Value& value) {
     } else if (name == "lines_rejected") {
       end.lines_rejected = read_count(member, {"end.lines_rejected"});
     } else if (name == "complete") {
-      end.is_complete = read_truth(member, "end.complete");
+      end.is_complete = read_truth(member, {"end.complete"});
       has_complete = true;
     } else {
       return false;

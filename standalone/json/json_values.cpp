@@ -96,6 +96,15 @@ std::uint64_t read_count(simdjson::ondemand::value& value, const ValueName& name
   return count;
 }
 
+bool read_truth(simdjson::ondemand::value& value, const ValueName& name) {
+  const std::string_view source = source_of(value);
+  bool truth = false;
+  if (value.get_bool().get(truth) != simdjson::SUCCESS) {
+    refuse(source, name, "true or false");
+  }
+  return truth;
+}
+
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected) {
   const std::string_view source = source_of(value);

@@ -85,6 +85,9 @@ std::string describe_source(std::string_view source);
 /// hold; anything else is refused in the name of `name`.
 std::uint64_t read_count(simdjson::ondemand::value& value, const ValueName& name);
 
+/// Returns what `value` says, true or false; anything else is refused in the name of `name`.
+bool read_truth(simdjson::ondemand::value& value, const ValueName& name);
+
 /// Opens the array `value`; anything else is refused in the name of `name`.
 simdjson::ondemand::array open_array(simdjson::ondemand::value& value, const ValueName& name,
                                      std::string_view expected);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace vond::standalone {
 namespace {
@@ -47,15 +48,16 @@ void add_facts_of_acknowledged(ReportFacts& facts, const CheckRun& run) {
   const AcknowledgedFindings& acknowledged = *run.acknowledged();
   facts.findings_acknowledged = run.findings_read() - run.collapser().findings();
   forget_acknowledged_ids(facts.unknown_based_on, acknowledged);
-  ReportFacts::Acknowledged& told = facts.acknowledged.emplace();
-  told.issues = acknowledged.issues().size();
-  told.nodes = acknowledged.node_names().size();
+  ReportFacts::Acknowledged told{.issues = acknowledged.issues().size(),
+                                 .nodes = acknowledged.node_names().size()};
+  told.entries.reserve(acknowledged.entries().size());
   for (std::size_t number = 0; number < acknowledged.entries().size(); ++number) {
     const Acknowledgement& entry = acknowledged.entries()[number];
     told.entries.push_back({entry.id, entry.nodes, entry.until, entry.reason, entry.by,
                             state_of(entry, acknowledged.is_used(number), facts),
                             acknowledged.is_back(number)});
   }
+  facts.acknowledged = std::move(told);
 }
 
 }  // namespace vond::standalone

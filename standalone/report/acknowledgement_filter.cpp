@@ -27,6 +27,7 @@ Finding with_nodes(const Finding& finding, const std::vector<std::string_view>& 
           .nodes = nodes,
           .row_ids = finding.row_ids,
           .count = finding.count,
+          .first_seen = finding.first_seen,
           .wording_number = finding.wording_number};
 }
 

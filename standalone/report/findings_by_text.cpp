@@ -31,7 +31,7 @@ void FindingsByText::Places::add_nodes(std::span<const StringInterner::Id> more)
 }
 
 void FindingsByText::add(const Finding& finding, std::span<const StringInterner::Id> nodes) {
-  const WordingTable::Number number = number_of(finding);
+  const WordingTable::Number number = wordings_.number_of(finding);
   if (number == places_.size()) {
     places_.emplace_back();
   }
@@ -41,17 +41,7 @@ void FindingsByText::add(const Finding& finding, std::span<const StringInterner:
   places.first_seen = earliest(places.first_seen, finding.first_seen);
 }
 
-WordingTable::Number FindingsByText::number_of(const Finding& finding) {
-  if (const WordingTable::Number* const known = known_wordings_.find(finding.wording_number)) {
-    return *known;
-  }
-  const WordingTable::Number number = wordings_.number_of(finding.wording);
-  known_wordings_.remember(finding.wording_number, number);
-  return number;
-}
-
 std::vector<CollapsedIssue> FindingsByText::finish() {
-  known_wordings_ = {};
   std::vector<OwnedWording> wordings = wordings_.take();
   std::vector<Places> places = std::exchange(places_, {});
   std::vector<CollapsedIssue> issues;

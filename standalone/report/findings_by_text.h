@@ -8,8 +8,7 @@
 
 #include "standalone/model/finding.h"
 #include "standalone/report/collapsed_issue.h"
-#include "standalone/report/known_by_number.h"
-#include "standalone/report/wording_table.h"
+#include "standalone/report/wording_numbers.h"
 
 namespace vond::standalone {
 
@@ -39,12 +38,9 @@ class FindingsByText {
     std::size_t many_nodes = FEWEST_MANY_NODES;
   };
 
-  WordingTable::Number number_of(const Finding& finding);
-
-  WordingTable wordings_;
+  WordingNumbers wordings_;
   /// By the numbers of wordings.
   std::vector<Places> places_;
-  KnownByNumber<WordingTable::Number> known_wordings_;
 };
 
 }  // namespace vond::standalone

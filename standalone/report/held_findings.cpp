@@ -1,5 +1,6 @@
 #include "standalone/report/held_findings.h"
 
+#include <limits>
 #include <string_view>
 
 namespace vond::standalone {
@@ -9,17 +10,10 @@ void HeldFindings::add(const Finding& finding) {
     nodes_.push_back(node_names_.id_of(node));
   }
   row_ids_.insert(row_ids_.end(), finding.row_ids.begin(), finding.row_ids.end());
-  findings_.push_back(
-      {number_of(finding), {nodes_.size(), row_ids_.size()}, finding.count, finding.first_seen});
-}
-
-WordingTable::Number HeldFindings::number_of(const Finding& finding) {
-  if (const WordingTable::Number* const known = known_wordings_.find(finding.wording_number)) {
-    return *known;
-  }
-  const WordingTable::Number number = wordings_.number_of(finding.wording);
-  known_wordings_.remember(finding.wording_number, number);
-  return number;
+  findings_.push_back({wordings_.number_of(finding),
+                       {nodes_.size(), row_ids_.size()},
+                       finding.count,
+                       finding.first_seen});
 }
 
 void HeldFindings::restore(const Held& held, const OwnedWording& wording, const Ends& begin,
@@ -39,6 +33,8 @@ void HeldFindings::restore(const Held& held, const OwnedWording& wording, const 
                          row_ids_.begin() + static_cast<std::ptrdiff_t>(held.ends.row_ids));
   finding.count = held.count;
   finding.first_seen = held.first_seen;
+  // Readers count from the lowest number, so that these meet none of theirs.
+  finding.wording_number = std::numeric_limits<std::uint64_t>::max() - held.wording;
 }
 
 }  // namespace vond::standalone

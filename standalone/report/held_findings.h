@@ -8,8 +8,7 @@
 
 #include "standalone/model/finding.h"
 #include "standalone/model/string_interner.h"
-#include "standalone/report/known_by_number.h"
-#include "standalone/report/wording_table.h"
+#include "standalone/report/wording_numbers.h"
 
 namespace vond::standalone {
 
@@ -21,7 +20,8 @@ class HeldFindings {
   void add(const Finding& finding);
 
   /// Calls `visit` with each finding, in their order, and forgets them. They are as they came, but
-  /// that sets are sorted and that their reader's numbers are gone.
+  /// that sets are sorted, that patterns have no number, and that wordings have others, which may
+  /// stand beside those of the reader. These are good for one release.
   template <typename Visit>
   void release(const Visit& visit) {
     const std::vector<OwnedWording> wordings = wordings_.take();
@@ -48,17 +48,15 @@ class HeldFindings {
     std::optional<std::time_t> first_seen;
   };
 
-  WordingTable::Number number_of(const Finding& finding);
   void restore(const Held& held, const OwnedWording& wording, const Ends& begin,
                Finding& finding) const;
 
   std::vector<Held> findings_;
-  WordingTable wordings_;
+  WordingNumbers wordings_;
   StringInterner node_names_;
   /// Of all findings, one behind the other.
   std::vector<StringInterner::Id> nodes_;
   std::vector<int> row_ids_;
-  KnownByNumber<WordingTable::Number> known_wordings_;
 };
 
 }  // namespace vond::standalone

@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "standalone/acknowledged/acknowledgement_coverage.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/model/type_names.h"
 #include "standalone/report/facts_of_run.h"
@@ -69,32 +68,44 @@ void RunHistory::add_earlier(CheckRun& run) {
 /// and where it no longer is, it counts as new. `issues` are those of the run.
 void RunHistory::set_acknowledged_apart(const std::vector<CollapsedIssue>& issues,
                                         RunSightings& run) const {
+  if (acknowledged_.empty()) {
+    return;
+  }
   AcknowledgementCoverage coverage(acknowledged_,
                                    run.time == UNKNOWN_TIME ? written_at_ : run.time);
-  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
-    if (issues[number].type == postprocessor::DIAGNOSES) {
-      const std::vector<std::string_view> based_on(issues[number].based_on.begin(),
-                                                   issues[number].based_on.end());
-      for (const Sighting& sighting : run.issues[number].sightings) {
-        coverage.add_diagnosis(issues[number].id, run.issues[number].band,
-                               names_.node_name(sighting.node), based_on);
-      }
-    }
+  for (std::size_t number = 0; number < issues.size(); ++number) {
+    tell_diagnosis(issues[number], run.issues[number], coverage);
   }
-  for (std::size_t number = 0; number < issues.size() && !acknowledged_.empty(); ++number) {
-    const auto& [type, id] = names_.condition(run.issues[number].condition);
-    const int band = run.issues[number].band;
-    auto& sightings = run.issues[number].sightings;
-    const auto covered =
-        std::stable_partition(sightings.begin(), sightings.end(), [&](const Sighting& sighting) {
-          const std::string& node = names_.node_name(sighting.node);
-          return !coverage.covers(id, band, node) &&
-                 (type == postprocessor::DIAGNOSES ||
-                  !coverage.covers_with_diagnosis(id, band, node));
-        });
-    run.acknowledged.push_back({run.issues[number].condition, band, {covered, sightings.end()}});
-    sightings.erase(covered, sightings.end());
+  for (SeenIssue& issue : run.issues) {
+    run.acknowledged.push_back({issue.condition, issue.band, take_covered(issue, coverage)});
   }
+}
+
+void RunHistory::tell_diagnosis(const CollapsedIssue& issue, const SeenIssue& seen,
+                                AcknowledgementCoverage& coverage) const {
+  if (issue.type != postprocessor::DIAGNOSES) {
+    return;
+  }
+  const std::vector<std::string_view> based_on(issue.based_on.begin(), issue.based_on.end());
+  for (const Sighting& sighting : seen.sightings) {
+    coverage.add_diagnosis(issue.id, seen.band, names_.node_name(sighting.node), based_on);
+  }
+}
+
+std::vector<Sighting> RunHistory::take_covered(SeenIssue& issue,
+                                               const AcknowledgementCoverage& coverage) const {
+  const auto [type, id] = names_.condition(issue.condition);
+  const bool is_diagnosis = type == postprocessor::DIAGNOSES;
+  const auto is_left = [&, id = id](const Sighting& sighting) {
+    const std::string& node = names_.node_name(sighting.node);
+    return !coverage.covers(id, issue.band, node) &&
+           (is_diagnosis || !coverage.covers_with_diagnosis(id, issue.band, node));
+  };
+  auto& sightings = issue.sightings;
+  const auto covered = std::stable_partition(sightings.begin(), sightings.end(), is_left);
+  std::vector<Sighting> taken(covered, sightings.end());
+  sightings.erase(covered, sightings.end());
+  return taken;
 }
 
 /// Returns what a run tells beside its issues.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "standalone/acknowledged/acknowledgement.h"
+#include "standalone/acknowledged/acknowledgement_coverage.h"
 #include "standalone/comparison/comparison.h"
 #include "standalone/facts/changes.h"
 #include "standalone/report/check_run.h"
@@ -58,6 +59,10 @@ class RunHistory {
 
   RunSightings sightings_of_run(const CheckRun& run);
   void set_acknowledged_apart(const std::vector<CollapsedIssue>& issues, RunSightings& run) const;
+  void tell_diagnosis(const CollapsedIssue& issue, const SeenIssue& seen,
+                      AcknowledgementCoverage& coverage) const;
+  std::vector<Sighting> take_covered(SeenIssue& issue,
+                                     const AcknowledgementCoverage& coverage) const;
   std::vector<std::string> node_names(const Numbers& nodes) const;
   std::vector<facts::PastIssue> past_issues(const std::vector<PastCondition>& conditions) const;
   Changes::Item item_of_issue(std::size_t number) const;

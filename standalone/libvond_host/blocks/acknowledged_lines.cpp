@@ -19,7 +19,7 @@ using Entry = ReportFacts::Acknowledgement;
 using State = Entry::State;
 
 constexpr std::size_t MOST_LINES = 5;
-constexpr std::time_t DAY = 24 * 60 * 60;
+constexpr std::time_t DAY = std::time_t{24} * 60 * 60;
 /// How many days before its end an entry warns.
 constexpr std::time_t WARNING_DAYS = 7;
 
@@ -95,7 +95,7 @@ class AcknowledgedLines {
     }
     write_group(select([](const Entry& entry) { return entry.is_back; }), "Expired and back");
     write_group(select([](const Entry& entry) { return entry.state == State::UNUSED; }),
-                "Acknowledged, but not found");
+                "Acknowledgements that cover nothing");
   }
 
  private:

@@ -27,7 +27,7 @@ class AcknowledgedLinesTest : public ReportBlocks {
   AcknowledgedLinesTest() {
     facts.written_at = NOW;
     facts.findings_read = 1;
-    facts.acknowledged.emplace();
+    facts.acknowledged = ReportFacts::Acknowledged{};
     set_width(80);
   }
 
@@ -101,7 +101,7 @@ TEST_F(AcknowledgedLinesTest, TellWhatIsBackAndWhatIsNotFound) {
   EXPECT_EQ(lines(),
             "  Expired and back: 1\n"
             "    old on cn[001-002] until 2025-11-21 04:29 UTC: RMA 4711 (mh)\n"
-            "  Acknowledged, but not found: 1\n"
+            "  Acknowledgements that cover nothing: 1\n"
             "    healed on cn[001-002] until 2025-11-21: RMA 4711 (mh)\n");
 }
 
@@ -160,7 +160,7 @@ TEST_F(AcknowledgedLinesTest, AreYellowWhenSomebodyShouldAct) {
                 "\x1B[0;33m    back" +
                 entry +
                 "2025-11-21 04:29 UTC: RMA 4711 (mh)\x1B[0m\n"
-                "\x1B[0;33m  Acknowledged, but not found: 1\x1B[0m\n"
+                "\x1B[0;33m  Acknowledgements that cover nothing: 1\x1B[0m\n"
                 "\x1B[0;33m    unused" +
                 entry + "2026-01-31: RMA 4711 (mh)\x1B[0m\n");
 }

@@ -14,6 +14,7 @@ using vond::postprocessor::CollapsedAnalysisOutput;
 using vond::standalone::IssueFacts;
 using vond::standalone::IssueFactsConnection;
 using vond::standalone::report_facts;
+using vond::standalone::ReportFacts;
 
 namespace facts = vond::facts;
 
@@ -51,14 +52,14 @@ TEST_F(RunFactsTest, WhatNobodyToldIsNotKnown) {
 }
 
 TEST_F(RunFactsTest, TellWhatIsAcknowledged) {
-  using State = vond::standalone::ReportFacts::Acknowledgement::State;
+  using State = ReportFacts::Acknowledgement::State;
   EXPECT_THAT(facts::acknowledgements(), IsEmpty());
   EXPECT_EQ(facts::issues_acknowledged(), std::nullopt);
-  auto& acknowledged = report_facts().acknowledged.emplace();
-  acknowledged.issues = 7;
-  acknowledged.entries = {{"a#1", {"n1", "n2"}, 1763699400, "RMA", "mh", State::ACTIVE, false},
-                          {"b", {}, 0, "r", "", State::EXPIRED, true},
-                          {"c", {}, 0, "r", "", State::UNUSED, false}};
+  report_facts().acknowledged = ReportFacts::Acknowledged{
+      .issues = 7,
+      .entries = {{"a#1", {"n1", "n2"}, 1763699400, "RMA", "mh", State::ACTIVE, false},
+                  {"b", {}, 0, "r", "", State::EXPIRED, true},
+                  {"c", {}, 0, "r", "", State::UNUSED, false}}};
   EXPECT_EQ(facts::issues_acknowledged(), 7U);
   const auto entries = facts::acknowledgements();
   ASSERT_EQ(entries.size(), 3U);
@@ -73,7 +74,7 @@ TEST_F(RunFactsTest, TellWhatIsAcknowledged) {
 }
 
 TEST_F(RunFactsTest, WhatIsIgnoredIsNotAcknowledged) {
-  report_facts().acknowledged.emplace().is_ignored = true;
+  report_facts().acknowledged = ReportFacts::Acknowledged{.is_ignored = true};
   EXPECT_EQ(facts::issues_acknowledged(), std::nullopt);
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "tests/standalone/support/findings.h"
@@ -34,7 +37,6 @@ Kept kept(const Finding& finding) {
 std::vector<Kept> release(HeldFindings& held) {
   std::vector<Kept> findings;
   held.release([&findings](const Finding& finding) {
-    EXPECT_EQ(finding.wording_number, Finding::UNKNOWN_WORDING);
     EXPECT_EQ(finding.pattern_number, Finding::UNKNOWN_PATTERN);
     findings.push_back(kept(finding));
   });
@@ -67,8 +69,19 @@ TEST(HeldFindings, AreForgottenWhenTheyCameBack) {
   held.add(make_finding({.nodes = {"n1"}, .row_ids = {1}}));
   EXPECT_EQ(release(held).size(), 1U);
   EXPECT_EQ(release(held).size(), 0U);
-  held.add(make_finding({.nodes = {"n2"}, .row_ids = {2}}));
-  EXPECT_EQ(release(held), std::vector{kept(make_finding({.nodes = {"n2"}, .row_ids = {2}}))});
+}
+
+TEST(HeldFindings, HaveNumbersOfTheirWordingsThatNoReaderGives) {
+  HeldFindings held;
+  for (const char* id : {"a", "b", "a"}) {
+    held.add(make_finding({.id = id}));
+  }
+  std::vector<std::uint64_t> numbers;
+  held.release([&numbers](const Finding& finding) { numbers.push_back(finding.wording_number); });
+  ASSERT_EQ(numbers.size(), 3U);
+  EXPECT_EQ(numbers[0], numbers[2]);
+  EXPECT_NE(numbers[0], numbers[1]);
+  EXPECT_GT(std::min(numbers[0], numbers[1]), std::uint64_t{1} << 63U);
 }
 
 TEST(HeldFindings, OfOneWordingNumberShareTheirWording) {
