@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "tests/standalone/cli/command.h"
+#include "tests/standalone/cli/random_findings.h"
 #include "tests/standalone/cli/temporary_folder.h"
 
 namespace vond::test {
@@ -266,6 +267,54 @@ TEST_P(SinceTest, AnUnknownVerdictIsAFailureWhateverIsNew) {
   const Outcome outcome = report("", {earlier("")}, {"--fail-on", "new"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_NE(outcome.output.find("Verdict: UNKNOWN"), std::string::npos);
+}
+
+TEST_P(SinceTest, ARunAgainstItselfIsAllTheSameWhateverTheOrderOfItsLines) {
+  RandomFindings random(5);
+  for (int round = 0; round < 25; ++round) {
+    Lines lines = random.draw(60);
+    const std::string before = earlier(joined(lines));
+    random.shuffle(lines);
+    const std::string result = block(joined(lines), {before});
+    EXPECT_NE(result.find(": 0 new, 0 worse, "), std::string::npos) << result;
+    EXPECT_NE(result.find(" same, 0 better, 0 gone\n"), std::string::npos) << result;
+    // Kept and read again it is the same run.
+    const std::string kept = folder.write(
+        "kept", Command({"-e", "findings", "--collapse", GetParam(), before}).run().output);
+    EXPECT_NE(block(joined(lines), {kept}).find(": 0 new, 0 worse, "), std::string::npos);
+  }
+}
+
+TEST_P(SinceTest, WhatIsToldDoesNotDependOnTheOrderOfLines) {
+  RandomFindings random(6);
+  for (int round = 0; round < 25; ++round) {
+    Lines before = random.draw(60);
+    Lines now = random.draw(60);
+    const std::string result = block(joined(now), {earlier(joined(before))});
+    random.shuffle(before);
+    random.shuffle(now);
+    EXPECT_EQ(block(joined(now), {earlier(joined(before))}), result);
+  }
+}
+
+TEST_P(SinceTest, WithoutExaminedLinesNothingIsGone) {
+  RandomFindings random(7);
+  std::size_t gone = 0;
+  for (int round = 0; round < 25; ++round) {
+    const std::string before = earlier(joined(random.draw(60)));
+    std::string now;
+    for (const std::string& line : random.draw(10)) {
+      now += line.find("examined") == std::string::npos ? line + "\n" : "";
+    }
+    const std::string result = block(now, {before});
+    EXPECT_NE(result.find(", 0 gone"), std::string::npos) << result;
+    EXPECT_EQ(result.find(" -"), std::string::npos) << result;
+    gone +=
+        block(now + examined("cn[0-9].x,cn[0-9].y"), {before}).find(", 0 gone") == std::string::npos
+            ? 1
+            : 0;
+  }
+  EXPECT_GT(gone, 5U) << "with them much is gone";
 }
 
 INSTANTIATE_TEST_SUITE_P(CollapsedBy, SinceTest, ::testing::Values("pattern", "text", "id"),

@@ -63,7 +63,8 @@ TEST(RememberedLine, KeepsEveryTextWhenTheLineIsGone) {
   const std::string line = line_of("n2", "22");
   const Finding* const finding = remembered.read(line);
   ASSERT_NE(finding, nullptr);
-  const auto& [wording, nodes, row_ids, count, first_seen, wording_number, pattern_number, values] = *finding;
+  const auto& [wording, nodes, row_ids, count, first_seen, wording_number, pattern_number, values] =
+      *finding;
   EXPECT_EQ(wording, expected);
   EXPECT_EQ(nodes, std::vector<std::string_view>{"n2"});
   EXPECT_EQ(row_ids, std::vector<int>{22});

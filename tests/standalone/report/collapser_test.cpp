@@ -79,9 +79,9 @@ std::string picture(const std::vector<CollapsedIssue>& issues, const Collapser& 
             "\n";
     for (const CollapsedOutput& output : issue.outputs) {
       const auto& [message, remedy, category] = output.texts;
-      text += "  " + std::to_string(output.severity) + " " + category + "|" + message + output.note + "|" +
-              remedy + ", nodes " + list(nodes_of(output, collapser, order)) + ", rows " +
-              list(output.row_ids) + "\n";
+      text += "  " + std::to_string(output.severity) + " " + category + "|" + message +
+              output.note + "|" + remedy + ", nodes " + list(nodes_of(output, collapser, order)) +
+              ", rows " + list(output.row_ids) + "\n";
     }
   }
   return text;
