@@ -124,35 +124,45 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   append(entry, nodes, row_ids, count);
 }
 
-/// Returns where findings begin, those that can be joined beside each other.
-std::vector<const std::uint32_t*> PatternGroup::sorted_findings(
-    const std::vector<std::uint32_t>& words) {
-  std::vector<const std::uint32_t*> findings;
-  for (const std::uint32_t* at = words.data(); at != words.data() + words.size();) {
-    findings.push_back(at);
-    take_occurrence(at);
-  }
-  std::sort(findings.begin(), findings.end(), [](const auto* a, const auto* b) {
+/// Sorts where findings begin, and returns those of an entry with the same nodes together, in the
+/// order of the first of each. Views what it has sorted.
+std::vector<PatternGroup::SameNodes> PatternGroup::find_same_nodes(
+    std::vector<const std::uint32_t*>& findings) {
+  std::stable_sort(findings.begin(), findings.end(), [](const auto* a, const auto* b) {
     return stands_before(occurrence_at(a), occurrence_at(b));
   });
-  return findings;
+  std::vector<SameNodes> all;
+  for (auto first = findings.begin(); first != findings.end();) {
+    const Occurrence occurrence = occurrence_at(*first);
+    const auto end = std::find_if(first, findings.end(), [&occurrence](const auto* other) {
+      return stands_before(occurrence, occurrence_at(other));
+    });
+    all.emplace_back(first, end);
+    first = end;
+  }
+  std::sort(all.begin(), all.end(),
+            [](const auto& a, const auto& b) { return a.front() < b.front(); });
+  return all;
 }
 
 void PatternGroup::join_findings_of_same_nodes() {
   // The old words stay until all of them are written anew.
   const std::vector<std::uint32_t> old = std::exchange(findings_data_, {});
-  const std::vector<const std::uint32_t*> findings = sorted_findings(old);
+  std::vector<const std::uint32_t*> findings;
+  for (const std::uint32_t* at = old.data(); at != old.data() + old.size(); take_occurrence(at)) {
+    findings.push_back(at);
+  }
   std::vector<int> row_ids;
-  for (auto next = findings.begin(); next != findings.end();) {
-    const Occurrence first = occurrence_at(*next);
+  for (const SameNodes& same : find_same_nodes(findings)) {
     std::uint64_t count = 0;
     row_ids.clear();
-    for (; next != findings.end() && !stands_before(first, occurrence_at(*next)); ++next) {
-      const Occurrence same = occurrence_at(*next);
-      count += same.count;
-      row_ids.insert(row_ids.end(), same.row_ids.begin(), same.row_ids.end());
+    for (const std::uint32_t* const finding : same) {
+      const Occurrence occurrence = occurrence_at(finding);
+      count += occurrence.count;
+      row_ids.insert(row_ids.end(), occurrence.row_ids.begin(), occurrence.row_ids.end());
     }
     sort_unique(row_ids);
+    const Occurrence first = occurrence_at(same.front());
     append(first.entry, first.nodes, row_ids, count);
   }
   // Where little can be joined, this keeps the time that it takes in proportion.

@@ -67,7 +67,8 @@ class PatternGroup {
   /// Whether NODE stands in one of the places.
   bool has_value_with_name() const { return has_value_with_name_; }
 
-  /// Calls `visit` with every Occurrence.
+  /// Calls `visit` with every Occurrence, in the order in which the first findings of each were
+  /// added.
   template <typename Visit>
   void for_each(Visit visit) const {
     for (const std::uint32_t* at = findings_data_.data();
@@ -106,7 +107,8 @@ class PatternGroup {
   static Shape shape_of(std::size_t nodes, std::size_t row_ids, std::uint64_t count);
   static Occurrence take_occurrence(const std::uint32_t*& at);
   static Occurrence occurrence_at(const std::uint32_t* at) { return take_occurrence(at); }
-  static std::vector<const std::uint32_t*> sorted_findings(const std::vector<std::uint32_t>& words);
+  using SameNodes = std::span<const std::uint32_t* const>;
+  static std::vector<SameNodes> find_same_nodes(std::vector<const std::uint32_t*>& findings);
   std::optional<std::time_t> first_seen(const Occurrence& occurrence) const;
   std::size_t first_cell(Entry entry) const { return entry * (width_ + 1); }
   bool is(Entry entry, std::span<const ValueTable::Id> values, int severity) const;

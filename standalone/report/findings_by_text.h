@@ -23,12 +23,19 @@ class FindingsByText {
   std::vector<CollapsedIssue> finish();
 
  private:
+  /// Less memory is not worth the time.
+  static constexpr std::size_t FEWEST_MANY_NODES = std::size_t{1} << 16U;
+
   /// Where a wording was found.
   struct Places {
+    void add_nodes(std::span<const StringInterner::Id> more);
+
     std::vector<StringInterner::Id> nodes;
     std::vector<int> row_ids;
     /// When the first finding was seen, where that is known.
     std::optional<std::time_t> first_seen;
+    /// The size of `nodes` from which on those that have come again are taken out.
+    std::size_t many_nodes = FEWEST_MANY_NODES;
   };
 
   WordingNumbers wordings_;

@@ -163,6 +163,28 @@ TEST(CollapseByText, NodeNamesStandInInputOrderAndCountOnce) {
             "  50 ||, nodes {n2 n1 n3 n2 n1 n1}, rows {}\n");
 }
 
+TEST(CollapseByText, NodeNamesThatComeAgainAndAgainTakeNoMoreMemoryAndKeepTheirOrder) {
+  constexpr int ROUNDS = 30'000;
+  for (const CollapseBy way : {CollapseBy::PATTERN, CollapseBy::TEXT, CollapseBy::ID}) {
+    Collapser collapser(way);
+    for (int round = 0; round < ROUNDS; ++round) {
+      for (const char* const node : {"n3", "n1", "n2"}) {
+        collapser.add(make_finding({.nodes = {node}, .row_ids = {round / 10}}));
+      }
+    }
+    const std::vector<CollapsedIssue> issues = collapser.finish();
+    ASSERT_EQ(issues.size(), 1U);
+    EXPECT_EQ(issues[0].distinct_nodes, 3U);
+    EXPECT_EQ(collapser.findings(), 3U * ROUNDS);
+    const CollapsedOutput& output = issues[0].outputs.at(0);
+    EXPECT_LT(output.nodes.size(), std::size_t{ROUNDS});
+    EXPECT_EQ(output.row_ids.size(), ROUNDS / 10U);
+    std::vector<std::string> names = nodes_of(output, collapser, NodeOrder::AS_COLLAPSED);
+    names.resize(3);
+    EXPECT_EQ(list(names), "{n3 n1 n2}");
+  }
+}
+
 TEST(CollapseByText, NodeNamesStandInInputOrderWhenOtherIssuesNamedThemBefore) {
   EXPECT_EQ(collapse({{.id = "a", .nodes = {"n3", "n2", "n1"}},
                       {.id = "b", .nodes = {"n1"}},
