@@ -9,7 +9,9 @@
 #include <memory>
 #include <new>
 #include <system_error>
+#include <typeinfo>
 
+#include "standalone/extensions/readable_names.h"
 #include "vond/contract.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 
@@ -49,6 +51,16 @@ void check_file(const std::string& name, const std::filesystem::path& file) {
   }
 }
 
+/// Returns what dlerror() says of the file, without its name, which messages begin with.
+std::string loading_fault(const std::string& file) {
+  std::string fault = dlerror();
+  const std::string lead = file + ": ";
+  if (fault.compare(0, lead.size(), lead) == 0) {
+    fault.erase(0, lead.size());
+  }
+  return with_readable_name(fault);
+}
+
 Library open_library(const std::string& name, const std::string& path) {
   // dlopen() would search the system's folders for a bare name, and speak of a wrong file.
   std::error_code error;
@@ -56,7 +68,7 @@ Library open_library(const std::string& name, const std::string& path) {
   check_file(name, file);
   Library library(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL));
   if (!library) {
-    throw ExtensionError(name, std::string("cannot load the extension: ") + dlerror());
+    throw ExtensionError(name, "cannot load the extension: " + loading_fault(file));
   }
   return library;
 }
@@ -82,6 +94,11 @@ Factory* find_factory(void* library, const std::string& name) {
   return reinterpret_cast<Factory*>(symbol);
 }
 
+std::string text_of(const std::exception& error) {
+  const std::string text = error.what();
+  return text.empty() ? readable_name(typeid(error)) + " without a text" : text;
+}
+
 /// Returns what `step` returns, and turns whatever it throws into an ExtensionError.
 template <typename Step>
 auto guard(const std::string& name, const std::string& step_name, Step step) {
@@ -90,7 +107,7 @@ auto guard(const std::string& name, const std::string& step_name, Step step) {
   } catch (const std::bad_alloc&) {
     throw ExtensionError(name, "the extension's " + step_name + " failed: out of memory");
   } catch (const std::exception& error) {
-    throw ExtensionError(name, "the extension's " + step_name + " failed: " + error.what());
+    throw ExtensionError(name, "the extension's " + step_name + " failed: " + text_of(error));
   } catch (...) {
     throw ExtensionError(name, "the extension's " + step_name + " failed: unknown exception");
   }

@@ -86,9 +86,9 @@ TEST_F(ExtensionsTest, AnExtensionThatCannotBeLoadedIsNamed) {
   expect_fault(folder / "missing.so", "", "no such extension library");
   expect_fault(folder.path(), "", "is a directory, expected an extension library");
   const std::string text = folder.write("text.so", "no library");
-  expect_fault(text, "", "cannot load the extension: " + text + ": file too short");
+  expect_fault(text, "", "cannot load the extension: file too short");
   const std::string script = folder.write("script.so", std::string(1000, '#'));
-  expect_fault(script, "", "cannot load the extension: " + script + ": invalid ELF header");
+  expect_fault(script, "", "cannot load the extension: invalid ELF header");
 }
 
 TEST_F(ExtensionsTest, AnExtensionThatFailsIsNamed) {
