@@ -175,6 +175,16 @@ TEST_F(ComparisonTest, HealedNodesStandWithTheIssueThatHasThePatternTheyHad) {
   EXPECT_EQ(of(result.issues[1].healed), Names{"n3"});
 }
 
+TEST_F(ComparisonTest, ANodeThatHealedOfSeveralPatternsStandsWithTheWorstOfTheirIssues) {
+  const SeenIssue worst = issue("a", {"n1"}, {.band = CRITICAL, .pattern = "p"});
+  const SeenIssue milder = issue("a", {"n2"}, {.pattern = "q"});
+  const Comparison result = compare({run({issue("a", {"n1", "n3"}, {.band = CRITICAL}),
+                                          issue("a", {"n2", "n3"}, {.pattern = "q"})})},
+                                    run({worst, milder}));
+  EXPECT_EQ(of(result.issues[0].healed), Names{"n3"});
+  EXPECT_TRUE(result.issues[1].healed.empty());
+}
+
 TEST_F(ComparisonTest, WhatHealedOnAllNodesIsGone) {
   const Comparison result = compare({run({issue("a", {"n1", "n2"})})}, run({}));
   EXPECT_EQ(of(result.gone), (std::map<std::string, Names>{{"a", {"n1", "n2"}}}));
