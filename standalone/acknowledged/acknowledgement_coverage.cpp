@@ -4,46 +4,59 @@
 
 namespace vond::standalone {
 
+void AcknowledgementCoverage::Index::add(std::size_t number, const Acknowledgement& entry) {
+  OfId& of_id = of_ids_[entry.id];
+  if (entry.is_everywhere) {
+    of_id.everywhere.push_back(number);
+  }
+  for (const std::string& node : entry.nodes) {
+    of_id.of_nodes[node].push_back(number);
+  }
+}
+
 AcknowledgementCoverage::AcknowledgementCoverage(const std::vector<Acknowledgement>& entries,
                                                  std::time_t at)
     : entries_(entries) {
   for (std::size_t number = 0; number < entries.size(); ++number) {
     const Acknowledgement& entry = entries[number];
-    (entry.holds_at(at) ? holding_ : expired_)[entry.id].push_back(number);
+    (entry.holds_at(at) ? holding_ : expired_).add(number, entry);
     if (entry.holds_at(at) && entry.with_observations) {
-      with_observations_.push_back(&entry);
+      note_with_observations(entry);
     }
   }
 }
 
-const AcknowledgementCoverage::Entries& AcknowledgementCoverage::find(const EntriesById& entries,
-                                                                      std::string_view id) {
-  static const Entries none;
-  const auto found = entries.find(id);
-  return found == entries.end() ? none : found->second;
+void AcknowledgementCoverage::note_with_observations(const Acknowledgement& entry) {
+  if (entry.is_everywhere) {
+    everywhere_with_observations_ = std::max(everywhere_with_observations_, entry.up_to);
+  }
+  for (const std::string& node : entry.nodes) {
+    int& limit = with_observations_.try_emplace(node, NOTHING_COVERED).first->second;
+    limit = std::max(limit, entry.up_to);
+  }
 }
 
 void AcknowledgementCoverage::add_diagnosis(std::string_view id, int severity,
                                             std::string_view node,
                                             const std::vector<std::string_view>& based_on) {
-  for (const std::size_t number : holding(id)) {
+  for_each_holding(id, severity, node, [&](std::size_t number) {
     const Acknowledgement& entry = entries_[number];
-    if (!entry.with_observations || !entry.covers(severity, node)) {
-      continue;
+    if (!entry.with_observations) {
+      return;
     }
     for (const std::string_view observation : based_on) {
       LimitByNode& limits = observations_.try_emplace(std::string(observation)).first->second;
       int& limit = limits.try_emplace(std::string(node), entry.up_to).first->second;
       limit = std::max(limit, entry.up_to);
     }
-  }
+  });
 }
 
 bool AcknowledgementCoverage::covers(std::string_view id, int severity,
                                      std::string_view node) const {
-  const Entries& entries = holding(id);
-  return std::any_of(entries.begin(), entries.end(),
-                     [&](std::size_t number) { return entries_[number].covers(severity, node); });
+  bool is_covered = false;
+  for_each_holding(id, severity, node, [&](std::size_t /*number*/) { is_covered = true; });
+  return is_covered;
 }
 
 bool AcknowledgementCoverage::covers_with_diagnosis(std::string_view id, int severity,
@@ -57,8 +70,11 @@ bool AcknowledgementCoverage::covers_with_diagnosis(std::string_view id, int sev
 }
 
 bool AcknowledgementCoverage::may_cover_with_diagnosis(int severity, std::string_view node) const {
-  return std::any_of(with_observations_.begin(), with_observations_.end(),
-                     [&](const Acknowledgement* entry) { return entry->covers(severity, node); });
+  if (severity <= everywhere_with_observations_) {
+    return true;
+  }
+  const auto limit = with_observations_.find(node);
+  return limit != with_observations_.end() && severity <= limit->second;
 }
 
 }  // namespace vond::standalone

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <ctime>
 #include <map>
@@ -19,12 +20,31 @@ class AcknowledgementCoverage {
   /// Keeps a reference to `entries`.
   AcknowledgementCoverage(const std::vector<Acknowledgement>& entries, std::time_t at);
 
-  /// Numbers of entries, in the order of the file.
-  using Entries = std::vector<std::size_t>;
+  /// Calls `visit` with the number of each entry of that id that holds and covers the severity on
+  /// the node, "" for a finding without nodes.
+  template <typename Visit>
+  void for_each_holding(std::string_view id, int severity, std::string_view node,
+                        const Visit& visit) const {
+    holding_.for_each(id, node, [&](std::size_t number) {
+      if (severity <= entries_[number].up_to) {
+        visit(number);
+      }
+    });
+  }
 
-  /// Returns the entries of that id: those that hold, and those that held once.
-  const Entries& holding(std::string_view id) const { return find(holding_, id); }
-  const Entries& expired(std::string_view id) const { return find(expired_, id); }
+  /// As above, of the entries that held once.
+  template <typename Visit>
+  void for_each_expired(std::string_view id, int severity, std::string_view node,
+                        const Visit& visit) const {
+    expired_.for_each(id, node, [&](std::size_t number) {
+      if (severity <= entries_[number].up_to) {
+        visit(number);
+      }
+    });
+  }
+
+  /// Whether there are entries of that id, those that have expired included.
+  bool knows(std::string_view id) const { return holding_.knows(id) || expired_.knows(id); }
 
   /// Tells of a diagnosis on a node, "" for one without nodes. Where it is acknowledged with its
   /// observations these are covered, too.
@@ -42,17 +62,47 @@ class AcknowledgementCoverage {
   bool may_cover_with_diagnosis(int severity, std::string_view node) const;
 
  private:
-  using EntriesById = std::unordered_map<std::string_view, Entries>;
+  /// Numbers of entries, in the order of the file, to be found by id and node.
+  class Index {
+   public:
+    void add(std::size_t number, const Acknowledgement& entry);
+    bool knows(std::string_view id) const { return of_ids_.contains(id); }
+
+    template <typename Visit>
+    void for_each(std::string_view id, std::string_view node, const Visit& visit) const {
+      const auto of_id = of_ids_.find(id);
+      if (of_id == of_ids_.end()) {
+        return;
+      }
+      std::for_each(of_id->second.everywhere.begin(), of_id->second.everywhere.end(), visit);
+      const auto of_node = of_id->second.of_nodes.find(node);
+      if (of_node != of_id->second.of_nodes.end()) {
+        std::for_each(of_node->second.begin(), of_node->second.end(), visit);
+      }
+    }
+
+   private:
+    struct OfId {
+      std::vector<std::size_t> everywhere;
+      std::unordered_map<std::string_view, std::vector<std::size_t>> of_nodes;
+    };
+
+    std::unordered_map<std::string_view, OfId> of_ids_;
+  };
   /// The highest severity that is covered, by node.
   using LimitByNode = std::map<std::string, int, std::less<>>;
 
-  static const Entries& find(const EntriesById& entries, std::string_view id);
+  static constexpr int NOTHING_COVERED = -1;
+
+  void note_with_observations(const Acknowledgement& entry);
 
   const std::vector<Acknowledgement>& entries_;
-  EntriesById holding_;
-  EntriesById expired_;
-  /// Those that hold and cover observations with their diagnosis.
-  std::vector<const Acknowledgement*> with_observations_;
+  Index holding_;
+  Index expired_;
+  /// The highest severity of entries that hold and cover observations with their diagnosis: of
+  /// those of every node, and by node.
+  int everywhere_with_observations_ = NOTHING_COVERED;
+  std::unordered_map<std::string_view, int> with_observations_;
   /// What diagnoses cover, by the ids of observations.
   std::map<std::string, LimitByNode, std::less<>> observations_;
 };

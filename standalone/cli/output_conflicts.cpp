@@ -31,7 +31,9 @@ std::vector<std::string> input_files(const Options& options) {
   if (options.acknowledged) {
     inputs.push_back(*options.acknowledged);
   }
-  inputs.insert(inputs.end(), options.expect_files.begin(), options.expect_files.end());
+  for (const auto* files : {&options.expect_files, &options.since}) {
+    inputs.insert(inputs.end(), files->begin(), files->end());
+  }
   return inputs;
 }
 

@@ -188,10 +188,13 @@ class Comparer {
     bool is_higher = false;
     bool is_lower = false;
     bool is_reworded = false;
-    const bool is_new = earlier_.of(issue.condition).empty();
+    const bool was_acknowledged = earlier_.has_acknowledged(issue.condition);
     for (const auto& [node, pattern, first_seen] : issue.sightings) {
       const NodeState& state = states_[node];
       result.first_seen = std::min(result.first_seen, first_seen);
+      if (was_acknowledged) {
+        result.first_seen = std::min(result.first_seen, earlier_.first_seen(issue.condition, node));
+      }
       if (state.band_before == NO_BAND) {
         result.added.push_back(node);
         continue;
@@ -203,7 +206,7 @@ class Comparer {
           is_reworded || (state.band_now == state.band_before && !had_pattern(node, pattern));
     }
     sort_unique(result.added);
-    if (is_new) {
+    if (earlier_.of(issue.condition).empty()) {
       result.change = Change::NEW;
     } else if (is_higher || !result.added.empty()) {
       result.change = Change::WORSE;

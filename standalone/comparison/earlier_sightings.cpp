@@ -26,10 +26,14 @@ EarlierSightings::EarlierSightings(std::vector<RunSightings> runs) {
   if (!runs.empty()) {
     newest_ = runs.front().time;
   }
-  for (RunSightings& run : runs) {
-    add(run);
-    settle(run);
-    run = {};
+  for (auto first = runs.begin(); first != runs.end();) {
+    // Which of two runs of one time comes first must not matter.
+    const auto end = std::find_if(first, runs.end(),
+                                  [&](const RunSightings& run) { return run.time != first->time; });
+    std::for_each(first, end, [this](const RunSightings& run) { add(run); });
+    std::for_each(first, end, [this](const RunSightings& run) { settle(run); });
+    std::for_each(first, end, [](RunSightings& run) { run = {}; });
+    first = end;
   }
   for (Table* const table : {&entries_, &acknowledged_}) {
     for (std::vector<Entry>& entries : *table) {

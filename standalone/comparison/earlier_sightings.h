@@ -29,6 +29,11 @@ class EarlierSightings {
   /// acknowledged is not among them.
   std::span<const Entry> of(SeenNames::Number condition) const { return find(entries_, condition); }
 
+  /// Whether some of the condition was acknowledged.
+  bool has_acknowledged(SeenNames::Number condition) const {
+    return !find(acknowledged_, condition).empty();
+  }
+
   /// Returns when a condition was first seen on the node, acknowledged or not; UNKNOWN_TIME when it
   /// was not, or when nothing tells.
   std::time_t first_seen(SeenNames::Number condition, SeenNames::Number node) const;

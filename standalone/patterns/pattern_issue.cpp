@@ -176,6 +176,12 @@ void PatternIssue::write_key(const NodeNames& node_names) {
   }
 }
 
+/// Returns the texts of findings that do not name their own node.
+std::vector<std::string> PatternIssue::texts_without_name(const Part& part,
+                                                          PatternGroup::Entry entry) const {
+  return original_texts(part.pattern, values_of(part.group, entry, *table_), {});
+}
+
 void PatternIssue::merge(PatternIssue other) {
   std::move(other.parts_.begin(), other.parts_.end(), std::back_inserter(parts_));
 }

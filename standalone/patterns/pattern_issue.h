@@ -69,13 +69,15 @@ class PatternIssue {
     }
   }
 
-  /// Calls `visit` with the pattern of the texts, as TextPattern has it, and the
-  /// PatternGroup::Occurrence of every finding.
+  /// Calls `visit` with the pattern of the texts, as TextPattern has it, the
+  /// PatternGroup::Occurrence of every finding, and a function that returns its texts if it has not
+  /// exactly one node.
   template <typename Visit>
   void for_each_with_pattern(const Visit& visit) const {
     for (const Part& part : parts_) {
-      part.group.for_each(
-          [&](const PatternGroup::Occurrence& finding) { visit(part.pattern, finding); });
+      part.group.for_each([&](const PatternGroup::Occurrence& finding) {
+        visit(part.pattern, finding, [&] { return texts_without_name(part, finding.entry); });
+      });
     }
   }
 
@@ -108,6 +110,7 @@ class PatternIssue {
   };
 
   void write_key(const NodeNames& node_names);
+  std::vector<std::string> texts_without_name(const Part& part, PatternGroup::Entry entry) const;
 
   const ValueTable* table_;
   /// Empty where it is the pattern of the first part, which has neither values nor names.

@@ -56,7 +56,7 @@ void AcknowledgementFilter::finish() {
 
 void AcknowledgementFilter::tell_diagnosis(const Finding& finding) {
   const auto& [type, id, severity, texts, definitions, based_on] = finding.wording;
-  if (!coverage_.holding(id).empty()) {
+  if (coverage_.knows(id)) {
     for_each_node(finding,
                   [&, &id = id, &severity = severity, &based_on = based_on](std::string_view node) {
                     coverage_.add_diagnosis(id, severity, node, based_on);
@@ -76,12 +76,10 @@ bool AcknowledgementFilter::has_to_wait(const Finding& finding) const {
 }
 
 void AcknowledgementFilter::part(const Finding& finding) {
-  const std::string_view id = finding.wording.id;
-  const Candidates candidates = {coverage_.holding(id), coverage_.expired(id)};
   covered_nodes_.clear();
   left_nodes_.clear();
   for_each_node(finding, [&](std::string_view node) {
-    const bool is_covered = take_note(candidates, finding.wording, node);
+    const bool is_covered = take_note(finding.wording, node);
     (is_covered ? covered_nodes_ : left_nodes_).push_back(node);
   });
   if (covered_nodes_.empty()) {
@@ -95,25 +93,18 @@ void AcknowledgementFilter::part(const Finding& finding) {
 }
 
 /// Returns whether the pair is covered, and notes which entries do that or would.
-bool AcknowledgementFilter::take_note(const Candidates& candidates, const Wording& wording,
-                                      std::string_view node) {
-  const std::vector<Acknowledgement>& entries = acknowledged_.entries();
+bool AcknowledgementFilter::take_note(const Wording& wording, std::string_view node) {
   bool is_covered = false;
-  for (const std::size_t number : candidates.holding) {
-    if (entries[number].covers(wording.severity, node)) {
-      acknowledged_.note_use(number);
-      is_covered = true;
-    }
-  }
+  coverage_.for_each_holding(wording.id, wording.severity, node, [&](std::size_t number) {
+    acknowledged_.note_use(number);
+    is_covered = true;
+  });
   if (is_covered || (wording.type != DIAGNOSES &&
                      coverage_.covers_with_diagnosis(wording.id, wording.severity, node))) {
     return true;
   }
-  for (const std::size_t number : candidates.expired) {
-    if (entries[number].covers(wording.severity, node)) {
-      acknowledged_.note_return(number);
-    }
-  }
+  coverage_.for_each_expired(wording.id, wording.severity, node,
+                             [&](std::size_t number) { acknowledged_.note_return(number); });
   return false;
 }
 

@@ -29,16 +29,10 @@ class AcknowledgementFilter {
   void finish();
 
  private:
-  /// The entries with the id of a finding.
-  struct Candidates {
-    const AcknowledgementCoverage::Entries& holding;
-    const AcknowledgementCoverage::Entries& expired;
-  };
-
   void tell_diagnosis(const Finding& finding);
   bool has_to_wait(const Finding& finding) const;
   void part(const Finding& finding);
-  bool take_note(const Candidates& candidates, const Wording& wording, std::string_view node);
+  bool take_note(const Wording& wording, std::string_view node);
 
   AcknowledgedFindings& acknowledged_;
   Taker take_left_;

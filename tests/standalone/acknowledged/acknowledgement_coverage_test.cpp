@@ -46,8 +46,9 @@ TEST(AcknowledgementCoverage, EndsBehindItsLastSecond) {
   EXPECT_TRUE(AcknowledgementCoverage(entries, NOW).covers("a", 1, "n1"));
   const AcknowledgementCoverage later(entries, NOW + 1);
   EXPECT_FALSE(later.covers("a", 1, "n1"));
-  EXPECT_EQ(later.expired("a"), AcknowledgementCoverage::Entries{0});
-  EXPECT_TRUE(later.holding("a").empty());
+  std::vector<std::size_t> expired;
+  later.for_each_expired("a", 1, "n1", [&](std::size_t number) { expired.push_back(number); });
+  EXPECT_EQ(expired, std::vector<std::size_t>{0});
 }
 
 class CoverageWithObservations : public ::testing::Test {
