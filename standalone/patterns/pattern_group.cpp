@@ -20,14 +20,8 @@ std::size_t hash_values(std::span<const ValueTable::Id> values, int severity) {
   return hash;
 }
 
-/// An order in which findings with the same values, severity and nodes are neighbours.
-bool stands_before(const PatternGroup::Occurrence& a, const PatternGroup::Occurrence& b) {
-  if (a.entry != b.entry) {
-    return a.entry < b.entry;
-  }
-  return std::lexicographical_compare(a.nodes.begin(), a.nodes.end(), b.nodes.begin(),
-                                      b.nodes.end());
-}
+/// Of `Found::key`: set where it is not the entry and the one node.
+constexpr std::uint64_t NOT_ONE_NODE = std::uint64_t{1} << 32U;
 
 std::optional<std::uint32_t> first_of(std::span<const std::uint32_t> nodes) {
   return nodes.empty() ? std::nullopt : std::optional(nodes.front());
@@ -124,49 +118,74 @@ void PatternGroup::add(Entry entry, std::span<const std::uint32_t> nodes,
   append(entry, nodes, row_ids, count);
 }
 
-/// Sorts where findings begin, and returns those of an entry with the same nodes together, in the
-/// order of the first of each. Views what it has sorted.
-std::vector<PatternGroup::SameNodes> PatternGroup::find_same_nodes(
-    std::vector<const std::uint32_t*>& findings) {
-  std::stable_sort(findings.begin(), findings.end(), [](const auto* a, const auto* b) {
-    return stands_before(occurrence_at(a), occurrence_at(b));
-  });
+std::vector<PatternGroup::Found> PatternGroup::find_all(const std::vector<std::uint32_t>& words) {
+  std::vector<Found> findings;
+  for (const std::uint32_t* at = words.data(); at != words.data() + words.size();) {
+    const std::uint32_t* const start = at;
+    const Occurrence finding = take_occurrence(at);
+    const std::uint64_t node = finding.nodes.size() == 1 ? finding.nodes[0] : NOT_ONE_NODE;
+    findings.push_back({std::uint64_t{finding.entry} << 33U | node, start});
+  }
+  return findings;
+}
+
+/// An order in which findings with the same values, severity and nodes are neighbours.
+bool PatternGroup::stands_before(const Found& a, const Found& b) {
+  if (a.key != b.key || (a.key & NOT_ONE_NODE) == 0) {
+    return a.key < b.key;
+  }
+  const auto nodes = occurrence_at(a.at).nodes;
+  const auto others = occurrence_at(b.at).nodes;
+  return std::lexicographical_compare(nodes.begin(), nodes.end(), others.begin(), others.end());
+}
+
+/// Sorts findings, and returns those of an entry with the same nodes together, in the order of the
+/// first of each. Views what it has sorted.
+std::vector<PatternGroup::SameNodes> PatternGroup::find_same_nodes(std::vector<Found>& findings) {
+  std::stable_sort(findings.begin(), findings.end(), stands_before);
   std::vector<SameNodes> all;
   for (auto first = findings.begin(); first != findings.end();) {
-    const Occurrence occurrence = occurrence_at(*first);
-    const auto end = std::find_if(first, findings.end(), [&occurrence](const auto* other) {
-      return stands_before(occurrence, occurrence_at(other));
+    const auto end = std::find_if(first, findings.end(), [&first](const Found& other) {
+      return stands_before(*first, other);
     });
     all.emplace_back(first, end);
     first = end;
   }
   std::sort(all.begin(), all.end(),
-            [](const auto& a, const auto& b) { return a.front() < b.front(); });
+            [](const auto& a, const auto& b) { return a.front().at < b.front().at; });
   return all;
+}
+
+void PatternGroup::append_joined(const SameNodes& same) {
+  std::vector<int> row_ids;
+  std::uint64_t count = 0;
+  for (const Found& finding : same) {
+    const Occurrence occurrence = occurrence_at(finding.at);
+    count += occurrence.count;
+    row_ids.insert(row_ids.end(), occurrence.row_ids.begin(), occurrence.row_ids.end());
+  }
+  sort_unique(row_ids);
+  const Occurrence first = occurrence_at(same.front().at);
+  append(first.entry, first.nodes, row_ids, count);
 }
 
 void PatternGroup::join_findings_of_same_nodes() {
   // The old words stay until all of them are written anew.
   const std::vector<std::uint32_t> old = std::exchange(findings_data_, {});
-  std::vector<const std::uint32_t*> findings;
-  for (const std::uint32_t* at = old.data(); at != old.data() + old.size(); take_occurrence(at)) {
-    findings.push_back(at);
-  }
-  std::vector<int> row_ids;
+  std::vector<Found> findings = find_all(old);
   for (const SameNodes& same : find_same_nodes(findings)) {
-    std::uint64_t count = 0;
-    row_ids.clear();
-    for (const std::uint32_t* const finding : same) {
-      const Occurrence occurrence = occurrence_at(finding);
-      count += occurrence.count;
-      row_ids.insert(row_ids.end(), occurrence.row_ids.begin(), occurrence.row_ids.end());
+    if (same.size() >= FEWEST_TO_JOIN) {
+      append_joined(same);
+      continue;
     }
-    sort_unique(row_ids);
-    const Occurrence first = occurrence_at(same.front());
-    append(first.entry, first.nodes, row_ids, count);
+    for (const Found& finding : same) {
+      const Occurrence occurrence = occurrence_at(finding.at);
+      append(occurrence.entry, occurrence.nodes, occurrence.row_ids, occurrence.count);
+    }
   }
-  // Where little can be joined, this keeps the time that it takes in proportion.
-  words_to_join_ = std::max(FEWEST_WORDS_TO_JOIN, 4 * findings_data_.size());
+  // Where little could be joined, it takes much more until it is worth another try.
+  const bool has_helped = findings_data_.size() < old.size() / 2;
+  words_to_join_ = std::max(FEWEST_WORDS_TO_JOIN, (has_helped ? 4 : 8) * findings_data_.size());
 }
 
 void PatternGroup::append(Entry entry, std::span<const std::uint32_t> nodes,
@@ -245,7 +264,8 @@ PatternGroup::Occurrence PatternGroup::take_occurrence(const std::uint32_t*& at)
 }
 
 void PatternGroup::settle() {
-  if (findings_data_.size() >= FEWEST_WORDS_TO_JOIN) {
+  if (findings_data_.size() >= FEWEST_WORDS_TO_JOIN &&
+      findings_data_.size() >= words_to_join_ / 4) {
     join_findings_of_same_nodes();
   }
   index_ = {};

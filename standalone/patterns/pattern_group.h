@@ -100,15 +100,25 @@ class PatternGroup {
   static constexpr Entry NO_ENTRY = static_cast<Entry>(-1);
   static constexpr Entry MOST_ENTRIES = Entry{1} << (32 - SHAPE_BITS);
   /// In words; less memory is not worth the time to join findings.
-  static constexpr std::size_t FEWEST_WORDS_TO_JOIN = std::size_t{1} << 16U;
+  static constexpr std::size_t FEWEST_WORDS_TO_JOIN = std::size_t{1} << 18U;
+  /// Fewer take no less memory when they are joined.
+  static constexpr std::size_t FEWEST_TO_JOIN = 4;
   /// As many entries are looked through without an index.
   static constexpr std::size_t FEW_ENTRIES = 8;
 
   static Shape shape_of(std::size_t nodes, std::size_t row_ids, std::uint64_t count);
   static Occurrence take_occurrence(const std::uint32_t*& at);
   static Occurrence occurrence_at(const std::uint32_t* at) { return take_occurrence(at); }
-  using SameNodes = std::span<const std::uint32_t* const>;
-  static std::vector<SameNodes> find_same_nodes(std::vector<const std::uint32_t*>& findings);
+  /// Where a finding begins, with what tells most findings apart.
+  struct Found {
+    std::uint64_t key;
+    const std::uint32_t* at;
+  };
+  using SameNodes = std::span<const Found>;
+  static std::vector<Found> find_all(const std::vector<std::uint32_t>& words);
+  static bool stands_before(const Found& a, const Found& b);
+  static std::vector<SameNodes> find_same_nodes(std::vector<Found>& findings);
+  void append_joined(const SameNodes& same);
   std::optional<std::time_t> first_seen(const Occurrence& occurrence) const;
   std::size_t first_cell(Entry entry) const { return entry * (width_ + 1); }
   bool is(Entry entry, std::span<const ValueTable::Id> values, int severity) const;
