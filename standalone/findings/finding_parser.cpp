@@ -142,16 +142,23 @@ void FindingParser::read_value(FindingKey key, ondemand::value& value) {
       finding_.first_seen = strings_.read_time(value, {name_of(key)});
       return;
     case FindingKey::BEGIN:
-      kind_ = Kind::BEGIN;
-      begin_ = marks_.read_begin(value);
-      return;
     case FindingKey::END:
-      kind_ = Kind::END;
-      end_ = marks_.read_end(value);
-      return;
     case FindingKey::EXAMINED:
-      kind_ = Kind::EXAMINED;
-      return read_examined(value);
+      return read_mark(key, value);
+  }
+}
+
+/// Reads the value of a key that needs a line of its own.
+void FindingParser::read_mark(FindingKey key, ondemand::value& value) {
+  if (key == FindingKey::BEGIN) {
+    kind_ = Kind::BEGIN;
+    begin_ = marks_.read_begin(value);
+  } else if (key == FindingKey::END) {
+    kind_ = Kind::END;
+    end_ = marks_.read_end(value);
+  } else {
+    kind_ = Kind::EXAMINED;
+    read_examined(value);
   }
 }
 

@@ -55,6 +55,7 @@ class FindingParser {
   void reserve(std::size_t size);
   void read_field(simdjson::ondemand::field& field);
   void read_value(FindingKey key, Value& value);
+  void read_mark(FindingKey key, Value& value);
   void read_severity(Value& value);
   void read_type(Value& value);
   std::string_view read_lines(Value& value, FindingKey key);

@@ -48,20 +48,31 @@ std::string_view word_of(Change change) {
 
 void RunHistory::add_earlier(CheckRun& run) {
   const ReportFacts facts = facts_of_reading(run, written_at_);
-  for (const ReportFacts::Input& input : facts.inputs) {
-    if (input.is_cut_off) {
-      remarks_.push_back(input.name + " is cut off");
-    }
-    if (facts.lines_rejected != 0) {
-      remarks_.push_back(input.name + ": " +
-                         count_of(facts.lines_rejected, "line was", "lines were") + " left out");
-    }
-  }
+  add_remarks(facts);
   RunSightings sightings = sightings_of_run(run);
   const std::vector<CollapsedIssue> issues = run.collapser().finish();
   sightings.issues = sightings_of(issues, run.collapser().node_names(), names_);
   set_acknowledged_apart(issues, sightings);
   runs_.push_back(std::move(sightings));
+}
+
+/// Notes what makes the earlier run, of one input, incomplete.
+void RunHistory::add_remarks(const ReportFacts& facts) {
+  const std::string& name = facts.inputs.front().name;
+  if (facts.inputs.front().is_cut_off) {
+    remarks_.push_back(name + " is cut off");
+  }
+  if (facts.lines_rejected != 0) {
+    remarks_.push_back(name + ": " + count_of(facts.lines_rejected, "line was", "lines were") +
+                       " left out");
+  }
+  if (!facts.parts_twice.empty()) {
+    remarks_.push_back(name + ": " + count_of(facts.parts_twice.size(), "part is", "parts are") +
+                       " there twice");
+  }
+  if (facts.findings_read == 0 && !facts.examination) {
+    remarks_.push_back(name + " has no findings, and does not tell who was examined");
+  }
 }
 
 /// Sets apart what was acknowledged at the time of the run: where it still is, it takes no part,

@@ -10,7 +10,7 @@
 #include "standalone/acknowledged/acknowledgement.h"
 #include "standalone/acknowledged/acknowledgement_coverage.h"
 #include "standalone/comparison/comparison.h"
-#include "standalone/facts/changes.h"
+#include "standalone/facts/report_facts.h"
 #include "standalone/report/check_run.h"
 #include "standalone/report/report_record.h"
 #include "vond/facts/run_facts.h"
@@ -24,7 +24,8 @@ class RunHistory {
   RunHistory(std::vector<Acknowledgement> acknowledged, std::time_t written_at)
       : acknowledged_(std::move(acknowledged)), written_at_(written_at) {}
 
-  /// Takes the issues out of an earlier run, which was read with all that is acknowledged.
+  /// Takes the issues out of an earlier run, which has one input and was read with all that is
+  /// acknowledged.
   void add_earlier(CheckRun& run);
 
   /// To number what the run's record says was seen.
@@ -57,6 +58,7 @@ class RunHistory {
  private:
   using Numbers = std::vector<SeenNames::Number>;
 
+  void add_remarks(const ReportFacts& facts);
   RunSightings sightings_of_run(const CheckRun& run);
   void set_acknowledged_apart(const std::vector<CollapsedIssue>& issues, RunSightings& run) const;
   void tell_diagnosis(const CollapsedIssue& issue, const SeenIssue& seen,

@@ -93,7 +93,7 @@ class KindWriter {
     std::string lead = take_lead();
     const std::string indent(lead.size() + 2, ' ');
     lead += cut_text(item.id, MOST_ID_COLUMNS) + ", " + band_name(item.band);
-    if (item.first_seen) {
+    if (item.first_seen && age_at(facts_.written_at, *item.first_seen) > 0) {
       lead += ", for " + format_duration(age_at(facts_.written_at, *item.first_seen));
     }
     if (item.nodes_added.empty() && item.nodes_healed.empty()) {

@@ -62,7 +62,7 @@ TEST_P(SinceAcknowledgedTest, WhatIsAcknowledgedNowTakesNoPart) {
 TEST_P(SinceAcknowledgedTest, WhatWasAcknowledgedAndNoLongerIsCountsAsNew) {
   EXPECT_EQ(changes(finding("a", "cn1"), finding("a", "cn1"), entry("a", "cn1", YESTERDAY)),
             "1 new, 0 worse, 0 same, 0 better, 0 gone\n"
-            "    new       a, CRITICAL: +cn1\n");
+            "    new       a, CRITICAL, for 6 hours: +cn1\n");
 }
 
 TEST_P(SinceAcknowledgedTest, WhatWasAcknowledgedTakesNoPartWhenItHasHealed) {
@@ -85,7 +85,7 @@ TEST_P(SinceAcknowledgedTest, ANodeThatRoseAboveWhatIsAcknowledgedIsNew) {
   EXPECT_EQ(changes(finding("a", "cn1", 50), finding("a", "cn1", 80),
                     entry("a", "cn1", TODAY, R"(, "up_to": "warning")")),
             "1 new, 0 worse, 0 same, 0 better, 0 gone\n"
-            "    new       a, CRITICAL: +cn1\n");
+            "    new       a, CRITICAL, for 6 hours: +cn1\n");
 }
 
 TEST_P(SinceAcknowledgedTest, ANodeThatSankBelowWhatIsAcknowledgedTakesNoPart) {
@@ -101,8 +101,8 @@ TEST_P(SinceAcknowledgedTest, WhatADiagnosisRestsOnTakesNoPartWithIt) {
             "0 new, 0 worse, 0 same, 0 better, 0 gone\n");
   EXPECT_EQ(changes(both, both, entry("d", "cn1", YESTERDAY, R"(, "with_observations": true)")),
             "2 new, 0 worse, 0 same, 0 better, 0 gone\n"
-            "    new       d, CRITICAL: +cn1\n"
-            "              o, CRITICAL: +cn1\n");
+            "    new       d, CRITICAL, for 6 hours: +cn1\n"
+            "              o, CRITICAL, for 6 hours: +cn1\n");
 }
 
 TEST_P(SinceAcknowledgedTest, AnAcknowledgedLackOfDataHealsNothing) {
@@ -118,6 +118,12 @@ TEST_P(SinceAcknowledgedTest, FindingsKeepWhenWhatIsAcknowledgedWasFirstSeen) {
   changes(finding("a", "cn1"), finding("a", "cn1"), entry("a", "cn1", TODAY));
   EXPECT_NE(read_file(folder / "findings").find(R"("first_seen": "2025-11-20T22:30:00Z")"),
             std::string::npos);
+}
+
+TEST_P(SinceAcknowledgedTest, WhatIsLeftOfAFindingThatNamesOneOfItsNodesIsTheSame) {
+  const std::string down = finding("a", "cn[1-2]", 80, R"(, "message": "cn1 is down")");
+  EXPECT_EQ(changes(down, down, entry("a", "cn2", TODAY)),
+            "0 new, 0 worse, 1 same, 0 better, 0 gone\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(CollapsedBy, SinceAcknowledgedTest,

@@ -95,6 +95,17 @@ TEST_P(SinceTest, OneIdForManyMessagesIsReworded) {
   EXPECT_NE(block(now, {earlier(before)}).find("1 reworded"), std::string::npos);
 }
 
+TEST_P(SinceTest, WhatIsLeftOfAFindingThatNamesOneOfItsNodesIsBetter) {
+  const std::string together = finding("a", "cn[1-2]", 80, "cn1 is down");
+  const std::string apart =
+      finding("a", "cn1", 80, "cn1 is down") + finding("a", "cn2", 80, "cn1 is down");
+  const std::string left = finding("a", "cn1", 80, "cn1 is down") + examined("cn[1-2]");
+  const std::string better =
+      "  Since 2025-11-20 22:30 UTC (6 h): 0 new, 0 worse, 0 same, 1 better, 0 gone\n";
+  EXPECT_EQ(block(left, {earlier(together + examined("cn[1-2]"))}), better);
+  EXPECT_EQ(block(left, {earlier(apart + examined("cn[1-2]"))}), better);
+}
+
 TEST_P(SinceTest, NodesThatWereNotLookedAtDidNotHeal) {
   const std::string before = finding("a", "cn[1-5]") + finding("b", "cn3") + examined("cn[1-5]");
   EXPECT_EQ(block(finding("a", "cn1") + examined("cn[1,5]"), {earlier(before)}),
@@ -158,6 +169,13 @@ TEST_P(SinceTest, ANodeThatWasDownForANightIsComparedWithTheNightBefore) {
   EXPECT_EQ(block(now, {monday, tuesday}), same);
   EXPECT_EQ(block(now, {tuesday, monday}), same);
   EXPECT_NE(block(now, {tuesday}).find("+cn2"), std::string::npos);
+}
+
+TEST_P(SinceTest, RunsOfOneTimeCountTogether) {
+  const std::string first = earlier(finding("a", "cn1") + examined("cn1"));
+  const std::string second = earlier(examined("cn1"));
+  const std::string now = finding("a", "cn1") + examined("cn1");
+  EXPECT_EQ(block(now, {first, second}), block(now, {second, first}));
 }
 
 TEST_P(SinceTest, TakesTheTimeOfCollapsedFindingsFromThem) {
@@ -352,6 +370,15 @@ TEST_F(SinceErrorsTest, LinesThatAreLeftOutAreTold) {
   EXPECT_NE(outcome.output.find("earlier: 1 line was left out\n"), std::string::npos);
   EXPECT_NE(outcome.errors.find("earlier:2:1: "), std::string::npos);
   EXPECT_EQ(run_on(folder / "earlier", {"--strict"}).status, 2);
+}
+
+TEST_F(SinceErrorsTest, AnEarlierRunIsNoFileToWrite) {
+  const std::string before = finding("a", "cn1");
+  const std::string earlier = folder.write("earlier", before);
+  for (const Arguments& arguments : {Arguments{"-o", earlier}, {"-e", "findings:" + earlier}}) {
+    EXPECT_EQ(run_on(earlier, arguments).status, 2);
+    EXPECT_EQ(read_file(earlier), before);
+  }
 }
 
 TEST_F(SinceErrorsTest, StandardInputIsReadOnce) {

@@ -120,9 +120,14 @@ TEST_F(ComparisonTest, AHigherBandIsWorse) {
 TEST_F(ComparisonTest, TheHighestBandOfANodeCounts) {
   const SeenIssue milder = issue("a", {"n1"});
   const SeenIssue worse = issue("a", {"n1"}, {.band = CRITICAL});
-  const Comparison result = compare({run({worse, milder})}, run({worse, milder}));
-  EXPECT_EQ(result.issues[0].change, Change::SAME);
-  EXPECT_EQ(result.issues[1].change, Change::SAME);
+  const Comparison same = compare({run({worse, milder})}, run({worse, milder}));
+  EXPECT_EQ(same.issues[0].change, Change::SAME);
+  EXPECT_EQ(same.issues[1].change, Change::SAME);
+  const Comparison risen = compare({run({milder})}, run({worse, milder}));
+  EXPECT_EQ(risen.issues[0].change, Change::WORSE);
+  EXPECT_EQ(risen.issues[1].change, Change::SAME) << "it is the other issue that has risen";
+  const Comparison sunk = compare({run({worse, milder})}, run({milder}));
+  EXPECT_EQ(sunk.issues[0].change, Change::BETTER);
 }
 
 TEST_F(ComparisonTest, ALowerBandIsBetter) {
