@@ -190,7 +190,7 @@ class PageTest(unittest.TestCase):
         self.open("example")
         body = self.find("body")
         body.send_keys(Keys.TAB)
-        self.assertEqual(self.ask("document.activeElement.getAttribute('href')"), "#band-critical")
+        self.assertEqual(self.ask("document.activeElement.getAttribute('href')"), "#changes")
         summary = self.find(".tree summary")
         summary.send_keys(Keys.ENTER)
         self.assertIsNone(self.find(".tree details").get_attribute("open"))

@@ -243,11 +243,12 @@ TEST_F(PageTest, TextsWithoutMeasureAreCut) {
 TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEnd) {
   using State = standalone::ReportFacts::Acknowledgement::State;
   constexpr std::time_t NOW = 1763699400;
+  constexpr std::time_t DAY = 86400;
   EXPECT_EQ(section("acknowledged"), "");
   facts().acknowledged = {
       .issues = 2,
-      .entries = {entry("late", NOW + 8 * 86400, State::ACTIVE),
-                  entry("soon", NOW + 3 * 86400, State::ACTIVE),
+      .entries = {entry("late", NOW + 8 * DAY, State::ACTIVE),
+                  entry("soon", NOW + 3 * DAY, State::ACTIVE),
                   entry("today", NOW + 1, State::ACTIVE), entry("over", 1, State::EXPIRED),
                   entry("vain", NOW - 1, State::UNUSED)}};
   facts().acknowledged->entries[1].nodes = {"n1", "n2"};
@@ -270,6 +271,22 @@ TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEnd) {
             "<li><b><bdi>late</bdi></b> on every node until <time "
             "datetime=\"2025-11-29T04:30:00Z\">2025-11-29 04:30:00 UTC</time>: <bdi>r</bdi></li>\n"
             "</ul>\n");
+}
+
+TEST_F(PageTest, WhatIsAcknowledgedIsLinkedFromTheFirstScreen) {
+  EXPECT_THAT(written(), Not(HasSubstr("<dt>Acknowledged</dt>")));
+  facts().acknowledged = {.issues = 1,
+                          .entries = {entry("a", 1763699400, Acknowledgement::State::ACTIVE)}};
+  EXPECT_THAT(written(),
+              HasSubstr("<dt>Acknowledged</dt>\n<dd><a href=\"#acknowledged\">1 issue</a></dd>"));
+}
+
+TEST_F(PageTest, ShapesOfBandsHaveTheirNameForThoseWhoDoNotSeeThem) {
+  data.fwd_root->roots = {make_definition({.name = "a", .passed = false})};
+  add_issue(data, 24, make_issue({.id = "i", .definitions = {"a"}}));
+  EXPECT_THAT(written(), HasSubstr("<span class=\"own\"><span class=\"band critical\"><span "
+                                   "class=\"shape\" aria-hidden=\"true\">◆</span><span "
+                                   "class=\"unseen\">CRITICAL </span></span>1</span>"));
 }
 
 TEST_F(PageTest, WithoutAnEarlierRunNothingHasChanged) { EXPECT_EQ(section("changes"), ""); }

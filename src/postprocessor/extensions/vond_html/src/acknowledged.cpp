@@ -62,16 +62,21 @@ void write_entry(HtmlWriter& page, const Acknowledgement& entry) {
 
 }  // namespace
 
+bool is_anything_acknowledged() {
+  return vond::facts::issues_acknowledged() && !vond::facts::acknowledgements().empty();
+}
+
 void write_acknowledged(HtmlWriter& page) {
-  const auto issues = vond::facts::issues_acknowledged();
-  auto entries = vond::facts::acknowledgements();
-  if (!issues || entries.empty()) {
+  if (!is_anything_acknowledged()) {
     return;
   }
+  auto entries = vond::facts::acknowledgements();
   std::stable_sort(entries.begin(), entries.end(),
                    [](const auto& left, const auto& right) { return left.until < right.until; });
   page.open("section", {{"id", "acknowledged"}});
-  page.element("h2", "Acknowledged: " + count_of(*issues, "issue", "issues")).open("ul");
+  page.element("h2",
+               "Acknowledged: " + count_of(*vond::facts::issues_acknowledged(), "issue", "issues"))
+      .open("ul");
   const std::size_t shown = std::min(entries.size(), MOST_ENTRIES);
   for (std::size_t i = 0; i < shown; ++i) {
     write_entry(page, entries[i]);

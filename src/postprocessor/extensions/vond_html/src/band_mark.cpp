@@ -23,6 +23,10 @@ std::string_view shape_of(Severity severity) {
   }
 }
 
+std::string name_of(const SeverityBand& band) {
+  return vond::str::upper(std::get<std::string>(band));
+}
+
 }  // namespace
 
 std::string_view band_class(const SeverityBand& band) {
@@ -43,13 +47,13 @@ void write_shape(HtmlWriter& page, std::string_view shape) {
 void write_band_shape(HtmlWriter& page, const SeverityBand& band) {
   page.open("span", {{"class", std::string("band ").append(band_class(band))}});
   write_shape(page, shape_of(std::get<Severity>(band)));
-  page.close();
+  page.element("span", {{"class", "unseen"}}, name_of(band) + " ").close();
 }
 
 void write_band_mark(HtmlWriter& page, const SeverityBand& band) {
   page.open("span", {{"class", std::string("band ").append(band_class(band))}});
   write_shape(page, shape_of(std::get<Severity>(band)));
-  page.text(" " + vond::str::upper(std::get<std::string>(band))).close();
+  page.text(" " + name_of(band)).close();
 }
 
 }  // namespace vond_html

@@ -11,7 +11,8 @@ namespace vond_html {
 /// Returns the class that gives a band its colour.
 std::string_view band_class(const vond::vocabulary::SeverityBand& band);
 
-/// Writes the shape of a band, which tells bands apart where colours do not.
+/// Writes the shape of a band, which tells bands apart where colours do not. The name is there for
+/// those who do not see it.
 void write_band_shape(HtmlWriter& page, const vond::vocabulary::SeverityBand& band);
 
 /// Writes the shape and the name of a band.

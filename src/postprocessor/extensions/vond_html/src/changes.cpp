@@ -35,17 +35,6 @@ std::vector<ChangedIssue> changed_issues(const PageIssues& issues) {
   return changed;
 }
 
-std::string counts_of(const facts::Since& since) {
-  const auto count = [](std::size_t number, std::string_view word) {
-    return std::to_string(number).append(" ").append(word);
-  };
-  return listed(
-      {count(since.new_issues, "new"), count(since.worse, "worse"),
-       since.reworded == 0 ? "" : count(since.reworded, "reworded"), count(since.same, "same"),
-       count(since.better, "better"), count(since.gone.size(), "gone"),
-       since.not_looked_at.empty() ? "" : count(since.not_looked_at.size(), "not looked at")});
-}
-
 /// Writes lists of what has changed, a heading before each.
 class ChangeLists {
  public:
@@ -131,6 +120,17 @@ void write_heading(HtmlWriter& page, const std::optional<std::int64_t>& time) {
 
 }  // namespace
 
+std::string change_counts(const facts::Since& since) {
+  const auto count = [](std::size_t number, std::string_view word) {
+    return std::to_string(number).append(" ").append(word);
+  };
+  return listed(
+      {count(since.new_issues, "new"), count(since.worse, "worse"),
+       since.reworded == 0 ? "" : count(since.reworded, "reworded"), count(since.same, "same"),
+       count(since.better, "better"), count(since.gone.size(), "gone"),
+       since.not_looked_at.empty() ? "" : count(since.not_looked_at.size(), "not looked at")});
+}
+
 void write_changes(HtmlWriter& page, const PageIssues& issues) {
   const auto since = facts::since();
   if (!since) {
@@ -138,7 +138,7 @@ void write_changes(HtmlWriter& page, const PageIssues& issues) {
   }
   page.open("section", {{"id", "changes"}});
   write_heading(page, since->time);
-  page.element("p", counts_of(*since));
+  page.element("p", change_counts(*since));
   ChangeLists lists(page, issues);
   lists.write("New", "new", since->new_issues);
   lists.write("Worse", "worse", since->worse);

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "acknowledged.h"
 #include "band_mark.h"
+#include "changes.h"
 #include "vond/facts/run_facts.h"
 #include "vond/str/string_functions.h"
 #include "wording.h"
@@ -101,6 +103,21 @@ std::string coverage() {
                   : seen + " seen" + of_expected + "; which were examined is not known";
 }
 
+/// Writes what stands further down, in short.
+void write_links(HtmlWriter& page) {
+  if (const auto since = facts::since()) {
+    open_fact(page, "Changes");
+    page.element("a", {{"href", "#changes"}}, change_counts(*since));
+    close_fact(page);
+  }
+  if (is_anything_acknowledged()) {
+    open_fact(page, "Acknowledged");
+    page.element("a", {{"href", "#acknowledged"}},
+                 count_of(*facts::issues_acknowledged(), "issue", "issues"));
+    close_fact(page);
+  }
+}
+
 void write_facts(HtmlWriter& page) {
   page.open("dl", {{"class", "facts"}});
   open_fact(page, "Written");
@@ -123,6 +140,7 @@ void write_facts(HtmlWriter& page) {
                  ? "no line left out"
                  : count_of(facts::lines_rejected(), "line", "lines") + " left out"));
   close_fact(page);
+  write_links(page);
   page.close();
 }
 
