@@ -117,8 +117,8 @@ class PageTest(unittest.TestCase):
         names = {name for element in self.ask("Array.from(document.querySelectorAll('body *'), "
                                               "element => element.getAttributeNames())")
                  for name in element}
-        self.assertEqual(names - {"class", "id", "href", "open", "dir", "datetime", "aria-hidden",
-                                  "aria-label"}, set())
+        self.assertEqual(names - {"class", "id", "href", "open", "dir", "datetime", "title",
+                                  "aria-hidden", "aria-label"}, set())
         self.assertEqual(self.ask("performance.getEntriesByType('resource').length"), 0)
         texts = [message.text for message in self.browser.find_elements(By.CLASS_NAME, "message")]
         for text in ("</script>", "<!-- -->", 'a "quote"', "&amp;", "<![CDATA["):
@@ -185,6 +185,23 @@ class PageTest(unittest.TestCase):
             fails = details.find_element(By.CSS_SELECTOR, "summary .status").get_attribute("class")
             is_open = details.get_attribute("open") is not None
             self.assertEqual(is_open, "fail" in fails)
+
+    def test_nodes_that_nobody_looked_at_are_hatched_and_have_no_colour_of_health(self):
+        self.open("example")
+        clean = self.color(".strip .clean", "color")
+        for cell in self.browser.find_elements(By.CSS_SELECTOR, ".strip .not-examined"):
+            self.assertIn("gradient", cell.value_of_css_property("background-image"))
+            self.assertNotEqual(cell.value_of_css_property("color"), clean)
+        self.assertEqual(self.color(".strip .clean", "background-image"), "none")
+        self.assertEqual(len(self.browser.find_elements(By.CSS_SELECTOR, ".strip .not-examined")), 3)
+
+    def test_a_node_leads_to_its_worst_issue(self):
+        self.open("example")
+        cell = self.find(".strip a[title^='cn031:']")
+        name = cell.get_attribute("title")
+        self.assertIn("CRITICAL", name)
+        cell.click()
+        self.assertIn("cn[011,031", self.find(":target .nodes").text)
 
     def test_keys_alone_reach_links_and_fold(self):
         self.open("example")

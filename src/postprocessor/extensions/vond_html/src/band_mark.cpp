@@ -12,8 +12,14 @@ using vond::vocabulary::SeverityBand;
 
 namespace {
 
-std::string_view shape_of(Severity severity) {
-  switch (severity) {
+std::string name_of(const SeverityBand& band) {
+  return vond::str::upper(std::get<std::string>(band));
+}
+
+}  // namespace
+
+std::string_view band_shape(const SeverityBand& band) {
+  switch (std::get<Severity>(band)) {
     case Severity::CRITICAL:
       return "◆";
     case Severity::WARNING:
@@ -22,12 +28,6 @@ std::string_view shape_of(Severity severity) {
       return "●";
   }
 }
-
-std::string name_of(const SeverityBand& band) {
-  return vond::str::upper(std::get<std::string>(band));
-}
-
-}  // namespace
 
 std::string_view band_class(const SeverityBand& band) {
   switch (std::get<Severity>(band)) {
@@ -46,13 +46,13 @@ void write_shape(HtmlWriter& page, std::string_view shape) {
 
 void write_band_shape(HtmlWriter& page, const SeverityBand& band) {
   page.open("span", {{"class", std::string("band ").append(band_class(band))}});
-  write_shape(page, shape_of(std::get<Severity>(band)));
+  write_shape(page, band_shape(band));
   page.element("span", {{"class", "unseen"}}, name_of(band) + " ").close();
 }
 
 void write_band_mark(HtmlWriter& page, const SeverityBand& band) {
   page.open("span", {{"class", std::string("band ").append(band_class(band))}});
-  write_shape(page, shape_of(std::get<Severity>(band)));
+  write_shape(page, band_shape(band));
   page.text(" " + name_of(band)).close();
 }
 

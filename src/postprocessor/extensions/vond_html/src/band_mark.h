@@ -11,6 +11,9 @@ namespace vond_html {
 /// Returns the class that gives a band its colour.
 std::string_view band_class(const vond::vocabulary::SeverityBand& band);
 
+/// Returns the character that gives a band its shape.
+std::string_view band_shape(const vond::vocabulary::SeverityBand& band);
+
 /// Writes the shape of a band, which tells bands apart where colours do not. The name is there for
 /// those who do not see it.
 void write_band_shape(HtmlWriter& page, const vond::vocabulary::SeverityBand& band);

@@ -7,6 +7,8 @@
 #include "definition_tree.h"
 #include "html_writer.h"
 #include "issue_articles.h"
+#include "node_states.h"
+#include "node_strip.h"
 #include "overview.h"
 #include "page_frame.h"
 #include "page_issues.h"
@@ -32,6 +34,7 @@ int VondHtml::run() {
   write_causes(page, summaries, issues);
   write_changes(page, issues);
   write_acknowledged(page);
+  write_nodes_strip(page, group_nodes(data, SEVERITY_BANDS), issues);
   write_definitions(page, data, SEVERITY_BANDS, issues);
   write_issues(page, issues, data.log_level);
   page.close();
