@@ -210,7 +210,7 @@ def add_doubling(table, bench, workload, issues, definitions, target):
 def bench_outputs(bench):
     """Each output of one run. What is read and collapsed before it is the same for all of them."""
     report = bench.make_issues("many", bench.size(100_000), bench.size(1_000))
-    outputs = ("text", "brief", "json", "junit", "list", "metrics")
+    outputs = ("text", "brief", "html", "json", "junit", "list", "metrics")
     commands = [report._replace(arguments=[*report.arguments, "--extension", output])
                 for output in outputs]
     with Table("Output of many", "time", "beyond brief, an issue", "written",

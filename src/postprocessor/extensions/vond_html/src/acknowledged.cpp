@@ -1,0 +1,90 @@
+#include "acknowledged.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "vond/extension/markup_text.h"
+#include "vond/facts/run_facts.h"
+#include "wording.h"
+
+namespace vond_html {
+
+using vond::facts::Acknowledgement;
+
+namespace {
+
+constexpr std::size_t MOST_ENTRIES = 50;
+
+/// Returns what there is to say of an entry beside what it says itself.
+std::string remark_on(const Acknowledgement& entry) {
+  constexpr std::int64_t DAY = std::int64_t{24} * 60 * 60;
+  constexpr std::int64_t WARNING_DAYS = 7;
+  if (entry.state == "expired") {
+    return "expired";
+  }
+  if (entry.state == "unused") {
+    return "covers nothing";
+  }
+  const std::int64_t days = (entry.until - vond::facts::written_at()) / DAY;
+  if (days > WARNING_DAYS) {
+    return "";
+  }
+  return days == 0 ? "ends within a day"
+                   : "ends in " + count_of(static_cast<std::size_t>(days), "day", "days");
+}
+
+void write_entry(HtmlWriter& page, const Acknowledgement& entry) {
+  page.open("li");
+  if (const std::string remark = remark_on(entry); !remark.empty()) {
+    page.element("strong", {{"class", "remark"}}, remark).text(" ");
+  }
+  page.open("b");
+  write_name(page, entry.id);
+  page.close().text(" on ");
+  if (entry.nodes.empty()) {
+    page.text("every node");
+  } else {
+    write_nodes(page, folded(entry.nodes));
+  }
+  page.text(" until ");
+  write_time(page, entry.until);
+  page.text(": ").open("bdi");
+  page.text(vond::extension::shortened(entry.reason, LONGEST_TEXT)).close();
+  if (!entry.by.empty()) {
+    page.text(" (");
+    write_name(page, entry.by);
+    page.text(")");
+  }
+  page.close();
+}
+
+}  // namespace
+
+bool is_anything_acknowledged() {
+  return vond::facts::issues_acknowledged() && !vond::facts::acknowledgements().empty();
+}
+
+void write_acknowledged(HtmlWriter& page) {
+  if (!is_anything_acknowledged()) {
+    return;
+  }
+  auto entries = vond::facts::acknowledgements();
+  std::stable_sort(entries.begin(), entries.end(),
+                   [](const auto& left, const auto& right) { return left.until < right.until; });
+  page.open("section", {{"id", "acknowledged"}});
+  page.element("h2",
+               "Acknowledged: " + count_of(*vond::facts::issues_acknowledged(), "issue", "issues"))
+      .open("ul");
+  const std::size_t shown = std::min(entries.size(), MOST_ENTRIES);
+  for (std::size_t i = 0; i < shown; ++i) {
+    write_entry(page, entries[i]);
+  }
+  if (shown < entries.size()) {
+    page.element("li", "and " + std::to_string(entries.size() - shown) + " more");
+  }
+  page.close().close();
+}
+
+}  // namespace vond_html

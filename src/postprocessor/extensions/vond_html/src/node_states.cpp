@@ -1,0 +1,121 @@
+#include "node_states.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "vond/extension/issue_order.h"
+#include "vond/extension/node_summaries.h"
+#include "vond/facts/run_facts.h"
+
+namespace vond_html {
+
+using vond::postprocessor::PostprocessorExtensionData;
+using vond::vocabulary::SeverityBandTable;
+
+namespace {
+
+using States = std::unordered_map<std::string, NodeState>;
+
+NodeState& state_of(const std::string& name, States& states) {
+  NodeState& state = states[name];
+  if (state.name.empty()) {
+    state.name = name;
+  }
+  return state;
+}
+
+States states_of_nodes(const PostprocessorExtensionData& data, const SeverityBandTable& bands) {
+  States states;
+  vond::extension::for_each_issue(
+      data, bands,
+      [&states](const vond::extension::Issue& issue, const auto& band, auto /*type*/,
+                bool /*fails*/) {
+        for (const std::string_view name : vond::extension::distinct_nodes(*issue)) {
+          NodeState& state = state_of(std::string(name), states);
+          ++state.issues;
+          if (state.worst == nullptr) {
+            state.worst = issue.get();
+            state.band = band;
+          }
+        }
+      });
+  for (const std::string& name : vond::facts::examined_nodes()) {
+    state_of(name, states);
+  }
+  for (const std::string& name : vond::facts::nodes_not_examined()) {
+    state_of(name, states).is_examined = false;
+  }
+  return states;
+}
+
+bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
+
+std::string prefix_of(const std::string& name) {
+  return {name.begin(), std::find_if(name.begin(), name.end(), is_digit)};
+}
+
+/// Takes the digits at the start of a text that begins with one, without zeros before them.
+std::string_view take_number(std::string_view& text) {
+  const auto end = std::find_if_not(text.begin(), text.end(), is_digit);
+  std::string_view number = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+  text.remove_prefix(number.size());
+  number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
+  return number;
+}
+
+}  // namespace
+
+bool comes_before(std::string_view left, std::string_view right) {
+  const auto whole = std::pair(left, right);
+  while (!left.empty() && !right.empty()) {
+    if (is_digit(left.front()) && is_digit(right.front())) {
+      const std::string_view one = take_number(left);
+      const std::string_view other = take_number(right);
+      if (one != other) {
+        return std::pair(one.size(), one) < std::pair(other.size(), other);
+      }
+    } else if (left.front() != right.front()) {
+      return left.front() < right.front();
+    } else {
+      left.remove_prefix(1);
+      right.remove_prefix(1);
+    }
+  }
+  // cn1 and cn01 are two nodes.
+  return left.empty() && right.empty() ? whole.first < whole.second : left.empty();
+}
+
+std::vector<NodeGroup> group_nodes(const PostprocessorExtensionData& data,
+                                   const SeverityBandTable& bands) {
+  // 1. Nodes whose names begin alike.
+  std::map<std::string, std::vector<NodeState>> nodes_of_prefix;
+  for (auto& [name, state] : states_of_nodes(data, bands)) {
+    nodes_of_prefix[prefix_of(name)].push_back(state);
+  }
+
+  // 2. The groups, and one of all nodes that would be alone in theirs.
+  std::vector<NodeGroup> groups;
+  groups.reserve(nodes_of_prefix.size() + 1);
+  NodeGroup others;
+  for (auto& [prefix, nodes] : nodes_of_prefix) {
+    if (nodes.size() == 1) {
+      others.nodes.push_back(std::move(nodes.front()));
+    } else {
+      groups.push_back({prefix, std::move(nodes)});
+    }
+  }
+  if (!others.nodes.empty()) {
+    groups.push_back(std::move(others));
+  }
+
+  // 3. Their order.
+  for (NodeGroup& group : groups) {
+    std::sort(group.nodes.begin(), group.nodes.end(), [](const auto& left, const auto& right) {
+      return comes_before(left.name, right.name);
+    });
+  }
+  return groups;
+}
+
+}  // namespace vond_html

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace vond_html {
+
+/// What page.css holds.
+extern const std::string_view PAGE_STYLE;
+
+/// Its hash as a content security policy names it, "sha256-" and base64.
+extern const std::string_view PAGE_STYLE_HASH;
+
+}  // namespace vond_html
