@@ -109,10 +109,15 @@ class Causes {
 
 void write_causes(HtmlWriter& page, const std::vector<BandSummary>& summaries,
                   const PageIssues& issues) {
+  if (issues.issues().empty()) {
+    return;
+  }
   page.open("section", {{"id", "causes"}}).element("h2", "What is wrong");
   Causes causes(page, issues);
   for (const BandSummary& summary : summaries) {
-    causes.write(summary);
+    if (summary.issues() != 0) {
+      causes.write(summary);
+    }
   }
   page.close();
 }

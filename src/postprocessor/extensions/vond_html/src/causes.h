@@ -9,7 +9,8 @@
 namespace vond_html {
 
 /// Writes what is wrong, band by band: first the diagnoses, each with what it explains, then what
-/// nothing explains, then the checks without data.
+/// nothing explains, then the checks without data. Bands
+/// without issues are left out.
 void write_causes(HtmlWriter& page, const std::vector<BandSummary>& summaries,
                   const PageIssues& issues);
 

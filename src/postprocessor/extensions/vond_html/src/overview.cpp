@@ -17,6 +17,8 @@ namespace facts = vond::facts;
 namespace {
 
 constexpr std::size_t MOST_INPUTS = 10;
+/// In bytes, so that what is below has a place on the first screen.
+constexpr std::size_t LONGEST_NODES = 1000;
 
 /// Returns the class that gives a verdict its colour.
 std::string class_of_verdict(const std::string& verdict) {
@@ -44,7 +46,8 @@ void write_reasons(HtmlWriter& page, const std::vector<BandSummary>& summaries) 
     page.open("p", {{"class", "reason"}}).text(reason_to_fail(summary));
     if (is_first && !summary.failing_nodes.empty()) {
       page.text(": ");
-      write_nodes(page, folded({summary.failing_nodes.begin(), summary.failing_nodes.end()}));
+      write_nodes(page, folded({summary.failing_nodes.begin(), summary.failing_nodes.end()}),
+                  LONGEST_NODES);
     }
     page.close();
     is_first = false;
@@ -149,7 +152,7 @@ void write_doubtful_nodes(HtmlWriter& page, const std::string& text,
                           const std::vector<std::string>& nodes) {
   if (!nodes.empty()) {
     page.open("li").text(text + ": ");
-    write_nodes(page, folded(nodes));
+    write_nodes(page, folded(nodes), LONGEST_NODES);
     page.close();
   }
 }
@@ -180,7 +183,11 @@ void write_tiles(HtmlWriter& page, const std::vector<BandSummary>& summaries) {
   page.open("nav", {{"class", "tiles"}, {"aria-label", "Bands"}});
   for (const BandSummary& summary : summaries) {
     const std::string name(band_class(summary.band));
-    page.open("a", {{"class", "tile " + name}, {"href", "#band-" + name}});
+    if (summary.issues() == 0) {
+      page.open("div", {{"class", "tile " + name}});
+    } else {
+      page.open("a", {{"class", "tile " + name}, {"href", "#band-" + name}});
+    }
     page.open("span", {{"class", "count"}});
     page.text(std::to_string(summary.issues())).close().text(" ");
     write_band_mark(page, summary.band);
