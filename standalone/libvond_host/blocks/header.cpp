@@ -22,12 +22,17 @@ std::string format_time(std::time_t time) {
 
 std::string format_nodes(const ReportFacts& facts) {
   const std::string seen = std::to_string(facts.nodes_seen);
+  // A node whose issues are all acknowledged is not healthy.
+  const std::string acknowledged =
+      facts.acknowledged && facts.acknowledged->nodes != 0
+          ? ", " + std::to_string(facts.acknowledged->nodes) + " with acknowledged ones"
+          : std::string();
   const std::string expected =
       facts.expectation ? ", " + std::to_string(facts.expectation->nodes_expected) + " expected"
                         : std::string();
   if (facts.examination) {
     return std::to_string(facts.examination->nodes_examined) + " examined, " + seen +
-           " with issues" + expected;
+           " with issues" + acknowledged + expected;
   }
   return seen + " seen" + expected + "; which were examined is not known";
 }

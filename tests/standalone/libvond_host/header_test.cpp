@@ -85,6 +85,17 @@ TEST_F(Header, TellsHowManyNodesWereExaminedAndExpected) {
             "  Nodes:    1 seen, 122 expected; which were examined is not known");
 }
 
+TEST_F(Header, DoesNotTakeNodesWithAcknowledgedIssuesForHealthy) {
+  facts.nodes_seen = 1;
+  facts.examination = {120, {}};
+  facts.expectation = {122, {"a", "b"}, {}, {}};
+  facts.acknowledged.emplace();
+  EXPECT_EQ(line_of(header(), 3), "  Nodes:    120 examined, 1 with issues, 122 expected");
+  facts.acknowledged->nodes = 7;
+  EXPECT_EQ(line_of(header(), 3),
+            "  Nodes:    120 examined, 1 with issues, 7 with acknowledged ones, 122 expected");
+}
+
 TEST_F(Header, WrapsUnderItsTexts) {
   facts.inputs = {{"findings.jsonl", 120, false}};
   set_width(40);
