@@ -136,19 +136,20 @@ ExitStatus write_report(const Options& options) {
   set_up_error_log(options);
   refuse_conflicting_outputs(options);
   const std::vector<ChosenExtension> extensions = choose_extensions(options.extensions);
-  const std::time_t written_at = report_time();
+  const std::time_t started_at = report_time();
   std::vector<std::string> warnings;
   RecordOptions record_options = make_record_options(options, warnings);
   RunSources sources = make_sources(options);
-  sources.time = written_at;
-  sources.acknowledged = acknowledged_at(written_at, options, warnings);
+  sources.time = started_at;
+  sources.acknowledged = acknowledged_at(started_at, options, warnings);
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
   const std::unique_ptr<RunHistory> history = read_history(options, sources);
   record_options.seen_names = history ? &history->names() : nullptr;
   const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
   ReportRecord record(run->collapser(), record_options, run->everything());
-  report_facts() = facts_of_run(*run, record, written_at);
+  // Behind the reading: what was collected meanwhile, at a gateway, is not from the future.
+  report_facts() = facts_of_run(*run, record, report_time());
   if (history) {
     history->compare(*run, record);
     report_facts().changes = history->summary();

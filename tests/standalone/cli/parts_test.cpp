@@ -50,6 +50,21 @@ TEST_F(PartsTest, MayStandInOneInputInAnyOrderOfTheirLines) {
                 "PASS", {"Findings read: 3, no line left out, every name known"});
 }
 
+TEST_F(PartsTest, ThatAreCollectedWhileTheReportWaitsForThemAreNotFromTheFuture) {
+  const std::string collect = R"sh({
+sleep 1.2
+echo '{"begin": {"format": 1, "written": "'"$(date -u +%Y-%m-%dT%H:%M:%SZ)"'"}}'
+echo '{"examined": "n1"}'
+echo '{"end": {"findings": 0, "complete": true}}'
+})sh";
+  const Outcome outcome = Command({"-c", collect + " | " + VOND_REPORT})
+                              .program("/bin/sh")
+                              .without_environment("SOURCE_DATE_EPOCH")
+                              .run();
+  EXPECT_NE(outcome.output.find("  Nodes:    1 examined"), std::string::npos) << outcome.errors;
+  EXPECT_EQ(outcome.output.find("future"), std::string::npos) << outcome.output;
+}
+
 TEST_F(PartsTest, ThatLackTheirEndAreADoubt) {
   expect_report(begin("r1") + counted("a", 1), "UNKNOWN: 1 input is cut off",
                 {"1 input is cut off, its findings are not complete: standard input"});
