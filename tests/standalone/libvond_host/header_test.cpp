@@ -89,7 +89,7 @@ TEST_F(Header, DoesNotTakeNodesWithAcknowledgedIssuesForHealthy) {
   facts.nodes_seen = 1;
   facts.examination = {120, {}};
   facts.expectation = {122, {"a", "b"}, {}, {}};
-  facts.acknowledged = ReportFacts::Acknowledged{};
+  facts.acknowledged = standalone::ReportFacts::Acknowledged{};
   EXPECT_EQ(line_of(header(), 3), "  Nodes:    120 examined, 1 with issues, 122 expected");
   facts.acknowledged->nodes = 7;
   EXPECT_EQ(line_of(header(), 3),
