@@ -12,9 +12,11 @@
 #include "fuzz/oracle.h"
 #include "fuzz/target.h"
 #include "fuzz/text.h"
+#include "standalone/acknowledged/acknowledgement_coverage.h"
 #include "standalone/input/input_error.h"
 #include "standalone/nodes/node_folding.h"
 #include "standalone/text/harmless_text.h"
+#include "standalone/text/utc_time.h"
 
 namespace {
 
@@ -47,23 +49,20 @@ void check_entry(const Acknowledgement& entry, std::string_view input) {
   expect(!entry.id.empty() && !entry.reason.empty(), "texts that are not empty", input);
   expect(entry.nodes.empty() == entry.is_everywhere, "nodes, or every node", input);
   expect(std::is_sorted(entry.nodes.begin(), entry.nodes.end()), "sorted nodes", input);
+  const std::vector<Acknowledgement> entries = {entry};
+  const AcknowledgementCoverage coverage(entries, entry.until);
+  const auto covers = [&](int severity, std::string_view node) {
+    return coverage.covers(entry.id, severity, node);
+  };
   for (const std::string& node : entry.nodes) {
     check_text(node);
-    expect(!node.empty() && entry.covers(0, node), "nodes that are covered", input);
+    expect(!node.empty() && covers(0, node), "nodes that are covered", input);
   }
-  expect(entry.covers(entry.up_to, "") == entry.is_everywhere, "no node to be none of some", input);
-  expect(!entry.covers(entry.up_to + 1, entry.nodes.empty() ? "n" : entry.nodes.front()),
+  expect(covers(entry.up_to, "") == entry.is_everywhere, "no node to be none of some", input);
+  expect(!covers(entry.up_to + 1, entry.nodes.empty() ? "n" : entry.nodes.front()),
          "nothing above the limit", input);
   expect(entry.until >= 0 && entry.until < LONGEST.now + (LONGEST.days + 1) * DAY,
          "an end that is not too far ahead", input);
-}
-
-std::string time_of(std::time_t time) {
-  std::tm utc{};
-  char text[sizeof "2025-11-21T04:30:00Z"];
-  expect(gmtime_r(&time, &utc) != nullptr, "a time", "");
-  expect(std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc) != 0, "a time", "");
-  return text;
 }
 
 std::string json_of(const Acknowledgement& entry) {
@@ -72,9 +71,10 @@ std::string json_of(const Acknowledgement& entry) {
                                                : "critical";
   return R"({"id":)" + json_string(entry.id) + R"(,"nodes":)" +
          json_string(entry.is_everywhere ? "*" : fold_node_names({entry.nodes})) + R"(,"until":")" +
-         time_of(entry.until) + R"(","reason":)" + json_string(entry.reason) +
-         (entry.by.empty() ? "" : ",\"by\":" + json_string(entry.by)) + R"(,"up_to":")" + band +
-         R"(","with_observations":)" + (entry.with_observations ? "true" : "false") + "}\n";
+         format_utc_time(entry.until, "%Y-%m-%dT%H:%M:%SZ") + R"(","reason":)" +
+         json_string(entry.reason) + (entry.by.empty() ? "" : ",\"by\":" + json_string(entry.by)) +
+         R"(,"up_to":")" + band + R"(","with_observations":)" +
+         (entry.with_observations ? "true" : "false") + "}\n";
 }
 
 /// An end of a day may lie behind the longest time when it is written as a time.

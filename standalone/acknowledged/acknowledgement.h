@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <ctime>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "standalone/model/severity_scale.h"
@@ -30,10 +28,6 @@ struct Acknowledgement {
   bool with_observations = false;
 
   bool holds_at(std::time_t time) const { return time <= until; }
-
-  /// Whether it covers that severity there while it holds; "" is the node of a finding that has
-  /// none.
-  bool covers(int severity, std::string_view node) const;
 
   bool operator==(const Acknowledgement&) const = default;
 };

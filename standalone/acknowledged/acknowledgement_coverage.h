@@ -25,22 +25,14 @@ class AcknowledgementCoverage {
   template <typename Visit>
   void for_each_holding(std::string_view id, int severity, std::string_view node,
                         const Visit& visit) const {
-    holding_.for_each(id, node, [&](std::size_t number) {
-      if (severity <= entries_[number].up_to) {
-        visit(number);
-      }
-    });
+    for_each_in(holding_, id, severity, node, visit);
   }
 
   /// As above, of the entries that held once.
   template <typename Visit>
   void for_each_expired(std::string_view id, int severity, std::string_view node,
                         const Visit& visit) const {
-    expired_.for_each(id, node, [&](std::size_t number) {
-      if (severity <= entries_[number].up_to) {
-        visit(number);
-      }
-    });
+    for_each_in(expired_, id, severity, node, visit);
   }
 
   /// Whether there are entries of that id, those that have expired included.
@@ -93,6 +85,16 @@ class AcknowledgementCoverage {
   using LimitByNode = std::map<std::string, int, std::less<>>;
 
   static constexpr int NOTHING_COVERED = -1;
+
+  template <typename Visit>
+  void for_each_in(const Index& index, std::string_view id, int severity, std::string_view node,
+                   const Visit& visit) const {
+    index.for_each(id, node, [&](std::size_t number) {
+      if (severity <= entries_[number].up_to) {
+        visit(number);
+      }
+    });
+  }
 
   void note_with_observations(const Acknowledgement& entry);
 

@@ -13,15 +13,6 @@ namespace vond::standalone {
 struct Changes {
   /// The newest earlier run's; nothing when nothing tells it.
   std::optional<std::time_t> time;
-  /// How many issues there are of each kind; the last two count what is no issue any more.
-  std::size_t added = 0;
-  std::size_t worse = 0;
-  std::size_t reworded = 0;
-  std::size_t same = 0;
-  std::size_t better = 0;
-  std::size_t gone = 0;
-  std::size_t not_looked_at = 0;
-
   struct Item {
     std::string id;
     /// The upper bound of its severity band, or of the one that it was in.
@@ -32,17 +23,19 @@ struct Changes {
     /// When it was first seen.
     std::optional<std::time_t> first_seen;
   };
-  /// Items of one kind, at most MOST_ITEMS, the worst first.
   struct Kind {
-    /// "new", "worse", "reworded" or "gone".
+    /// "new", "worse", "reworded", "same", "better" or "gone".
     std::string word;
-    /// How many there are.
+    /// How many there are: of "gone" types and ids that are no issue any more, else issues.
     std::size_t count = 0;
+    /// The worst first, at most MOST_ITEMS; none of what is the same or better.
     std::vector<Item> items;
   };
   static constexpr std::size_t MOST_ITEMS = 5;
-  /// In the order in which they are told.
+  /// All of them, in the order in which they are told.
   std::vector<Kind> kinds;
+  /// How many types and ids may be gone, but nobody looked.
+  std::size_t not_looked_at = 0;
   /// Nodes that had something of which nobody knows whether they still have it; sorted.
   std::vector<std::string> nodes_not_looked_at;
   /// What makes earlier runs incomplete, "monday.jsonl is cut off".

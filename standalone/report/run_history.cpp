@@ -197,16 +197,13 @@ std::vector<facts::PastIssue> RunHistory::past_issues(
 Changes RunHistory::summary() const {
   Changes changes;
   changes.time = known(earlier_->newest());
-  changes.added = count_issues(Change::NEW);
-  changes.worse = count_issues(Change::WORSE);
-  changes.reworded = count_issues(Change::REWORDED);
-  changes.same = count_issues(Change::SAME);
-  changes.better = count_issues(Change::BETTER);
-  changes.gone = comparison_.gone.size();
+  changes.kinds = {issues_of_kind(Change::NEW),
+                   issues_of_kind(Change::WORSE),
+                   issues_of_kind(Change::REWORDED),
+                   {std::string(word_of(Change::SAME)), count_issues(Change::SAME), {}},
+                   {std::string(word_of(Change::BETTER)), count_issues(Change::BETTER), {}},
+                   gone()};
   changes.not_looked_at = comparison_.not_looked_at.size();
-  changes.kinds = {issues_of_kind(Change::NEW, changes.added),
-                   issues_of_kind(Change::WORSE, changes.worse),
-                   issues_of_kind(Change::REWORDED, changes.reworded), gone()};
   changes.nodes_not_looked_at = node_names(comparison_.nodes_not_looked_at);
   changes.remarks = remarks_;
   return changes;
@@ -218,8 +215,8 @@ std::size_t RunHistory::count_issues(Change change) const {
                     [change](const IssueChange& issue) { return issue.change == change; }));
 }
 
-Changes::Kind RunHistory::issues_of_kind(Change change, std::size_t count) const {
-  Changes::Kind kind{std::string(word_of(change)), count, {}};
+Changes::Kind RunHistory::issues_of_kind(Change change) const {
+  Changes::Kind kind{std::string(word_of(change)), count_issues(change), {}};
   for (std::size_t number = 0;
        number < comparison_.issues.size() && kind.items.size() < Changes::MOST_ITEMS; ++number) {
     if (comparison_.issues[number].change == change) {

@@ -68,7 +68,7 @@ class RunHistory {
   std::vector<std::string> node_names(const Numbers& nodes) const;
   std::vector<facts::PastIssue> past_issues(const std::vector<PastCondition>& conditions) const;
   Changes::Item item_of_issue(std::size_t number) const;
-  Changes::Kind issues_of_kind(Change change, std::size_t count) const;
+  Changes::Kind issues_of_kind(Change change) const;
   Changes::Kind gone() const;
   std::size_t count_issues(Change change) const;
 

@@ -121,4 +121,13 @@ std::optional<std::time_t> parse_utc_time(std::string_view text) {
   return has_form_of_utc ? parse_instant(text) : std::nullopt;
 }
 
+std::string format_utc_time(std::time_t time, const char* format) {
+  std::tm utc{};
+  if (gmtime_r(&time, &utc) == nullptr) {
+    return "unknown";
+  }
+  char text[64];
+  return {text, std::strftime(text, sizeof text, format, &utc)};
+}
+
 }  // namespace vond::standalone

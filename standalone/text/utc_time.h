@@ -5,6 +5,7 @@
 #include <ctime>
 #include <limits>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vond::standalone {
@@ -21,6 +22,10 @@ std::optional<std::time_t> parse_utc_date(std::string_view text);
 /// or an offset, with or without a fraction, `T` and `Z` in either case, a leap second at the end
 /// of a day. Nothing for any other text and for days and hours that there are not.
 std::optional<std::time_t> parse_instant(std::string_view text);
+
+/// Returns the time, UTC, in the form that strftime() makes of `format`; "unknown" for a time that
+/// no calendar has.
+std::string format_utc_time(std::time_t time, const char* format);
 
 /// Returns how long before `now` it was, in seconds; less than 0 for what lies ahead.
 inline std::int64_t age_at(std::time_t now, std::time_t time) {

@@ -10,6 +10,7 @@
 #include "standalone/nodes/node_folding.h"
 #include "standalone/text/columns.h"
 #include "standalone/text/messages.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 namespace {
@@ -25,15 +26,8 @@ constexpr std::time_t WARNING_DAYS = 7;
 
 /// Returns the time of an end, without the time of day for the end of a day.
 std::string format_end(std::time_t until) {
-  std::tm utc{};
-  if (gmtime_r(&until, &utc) == nullptr) {
-    return "unknown";
-  }
   const bool is_end_of_day = (until + 1) % DAY == 0;
-  char text[64];
-  const std::size_t length =
-      std::strftime(text, sizeof text, is_end_of_day ? "%Y-%m-%d" : "%Y-%m-%d %H:%M UTC", &utc);
-  return {text, length};
+  return format_utc_time(until, is_end_of_day ? "%Y-%m-%d" : "%Y-%m-%d %H:%M UTC");
 }
 
 /// Returns the nodes, or their number where they would fill a line of their own.

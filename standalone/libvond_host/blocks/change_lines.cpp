@@ -24,30 +24,23 @@ constexpr std::string_view INDENT = "    ";
 
 /// Returns "2025-11-20 22:30 UTC (6 h)".
 std::string format_time(std::time_t time, std::time_t written_at) {
-  std::tm utc{};
-  char text[64];
-  if (gmtime_r(&time, &utc) == nullptr) {
-    return "a time that nobody can tell";
-  }
-  const std::size_t size = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M UTC", &utc);
-  return std::string(text, size) + " (" + format_short_age(age_at(written_at, time)) + ")";
+  return format_utc_time(time, "%Y-%m-%d %H:%M UTC") + " (" +
+         format_short_age(age_at(written_at, time)) + ")";
 }
 
 std::string format_counts(const Changes& changes) {
-  const auto count = [](std::size_t number, std::string_view word) {
-    return std::to_string(number).append(" ").append(word);
-  };
-  std::vector<std::string> counts = {count(changes.added, "new"), count(changes.worse, "worse")};
-  if (changes.reworded != 0) {
-    counts.push_back(count(changes.reworded, "reworded"));
+  std::vector<std::string> counts;
+  for (const Changes::Kind& kind : changes.kinds) {
+    // Few know the word, and where there is nothing of it they need not.
+    if (kind.count != 0 || kind.word != "reworded") {
+      counts.push_back(std::to_string(kind.count) + " " + kind.word);
+    }
   }
-  counts.insert(counts.end(), {count(changes.same, "same"), count(changes.better, "better"),
-                               count(changes.gone, "gone")});
   std::string text = join_with(counts, ", ");
   if (!changes.nodes_not_looked_at.empty()) {
     text += "; " + count_of(changes.nodes_not_looked_at.size(), "node", "nodes") + " not looked at";
   } else if (changes.not_looked_at != 0) {
-    text += "; " + count(changes.not_looked_at, "not looked at");
+    text += "; " + std::to_string(changes.not_looked_at) + " not looked at";
   }
   return text;
 }
@@ -72,7 +65,7 @@ class KindWriter {
       write_item(item);
     }
     const std::size_t others = kind_.count - kind_.items.size();
-    if (others != 0) {
+    if (others != 0 && !kind_.items.empty()) {
       write_unwrapped_line(OutputLog::NONE,
                            take_lead() + "and " + std::to_string(others) + " more");
     }

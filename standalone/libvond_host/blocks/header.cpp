@@ -1,24 +1,13 @@
 #include "standalone/libvond_host/blocks/header.h"
 
-#include <ctime>
-
 #include "standalone/facts/counts.h"
 #include "standalone/facts/verdict.h"
 #include "standalone/libvond_host/blocks/input_list.h"
 #include "standalone/text/text_wrapping.h"
+#include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
 namespace {
-
-std::string format_time(std::time_t time) {
-  std::tm utc{};
-  if (gmtime_r(&time, &utc) == nullptr) {
-    return "unknown";
-  }
-  char text[64];
-  const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &utc);
-  return {text, length};
-}
 
 std::string format_nodes(const ReportFacts& facts) {
   const std::string seen = std::to_string(facts.nodes_seen);
@@ -53,7 +42,8 @@ std::string format_line(const ListLayout& layout, const std::string& text) {
 std::string format_header(const ReportFacts& facts) {
   const int width = facts.line_width;
   return "Cluster health report: " + verdict_word(verdict_of(facts)) + "\n" +
-         format_line(layout_of("Written", width), format_time(facts.written_at)) +
+         format_line(layout_of("Written", width),
+                     format_utc_time(facts.written_at, "%Y-%m-%d %H:%M:%S UTC")) +
          limited_input_list(layout_of("Input", width), facts.inputs) + "\n" +
          format_line(layout_of("Nodes", width), format_nodes(facts));
 }
