@@ -87,6 +87,21 @@ TEST(JsonWriter, KeepsNoMoreThanAStatementInMemory) {
   EXPECT_EQ(log.text().front(), '[');
 }
 
+TEST(JsonWriter, InAPageThereAreNoBlanksAndNothingThatEndsAnElement) {
+  const CapturedOutputLog log;
+  StatementWriter output;
+  JsonWriter json(output, JsonWriter::Place::PAGE);
+  json.begin_object();
+  json.key("<a").begin_array();
+  json.value("</script><!--");
+  json.value(1);
+  json.end_array();
+  json.key("b").value("<");
+  json.end_object();
+  output.finish();
+  EXPECT_EQ(log.text(), R"({"\u003ca":["\u003c/script>\u003c!--",1],"b":"\u003c"})");
+}
+
 TEST(StatementWriter, WritesNothingForNothing) {
   const CapturedOutputLog log;
   StatementWriter output;

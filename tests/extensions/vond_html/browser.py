@@ -1,7 +1,6 @@
-"""browser.py FOLDER: opens the pages of a folder in a headless Chromium and looks at what a reader would
-see of them."""
+"""What the tests of pages in a headless Chromium share. The folder of the pages is the program's first
+argument."""
 
-import base64
 import http.server
 import os
 import sys
@@ -12,7 +11,7 @@ from pathlib import Path
 from selenium import webdriver
 from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
-from selenium.webdriver.common.keys import Keys
+from selenium.webdriver.support.ui import WebDriverWait
 
 FOLDER = Path(sys.argv.pop(1))
 PAGES = sorted(FOLDER.glob("*.html"))
@@ -61,10 +60,14 @@ class Server(http.server.ThreadingHTTPServer):
         return f"http://127.0.0.1:{self.server_address[1]}/{page}"
 
 
-class PageTest(unittest.TestCase):
+class PageCase(unittest.TestCase):
+    """A browser that stays open from test to test."""
+
+    with_script = True
+
     @classmethod
     def setUpClass(cls):
-        cls.browser = open_browser()
+        cls.browser = open_browser(cls.with_script)
 
     @classmethod
     def tearDownClass(cls):
@@ -72,7 +75,7 @@ class PageTest(unittest.TestCase):
 
     def setUp(self):
         self.browser.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
-        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": []})
+        self.set_media()
         self.browser.get_log("browser")
 
     def open(self, page, fragment=""):
@@ -80,178 +83,42 @@ class PageTest(unittest.TestCase):
         self.browser.get("about:blank")
         self.browser.get(f"file://{FOLDER}/{page}.html{fragment}")
 
-    def set_width(self, width):
+    def set_width(self, width, scale=1):
         self.browser.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
-            "width": width, "height": 640, "deviceScaleFactor": 1, "mobile": True})
+            "width": width, "height": 640, "deviceScaleFactor": scale, "mobile": True})
 
-    def set_scheme(self, scheme):
-        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia", {
-            "features": [{"name": "prefers-color-scheme", "value": scheme}]})
+    def set_media(self, media="", scheme=None):
+        features = [] if scheme is None else [{"name": "prefers-color-scheme", "value": scheme}]
+        self.browser.execute_cdp_cmd("Emulation.setEmulatedMedia",
+                                     {"media": media, "features": features})
 
     def find(self, selector):
         return self.browser.find_element(By.CSS_SELECTOR, selector)
 
-    def ask(self, expression):
-        return self.browser.execute_script("return " + expression)
+    def find_all(self, selector):
+        return self.browser.find_elements(By.CSS_SELECTOR, selector)
+
+    def ask(self, expression, *arguments):
+        return self.browser.execute_script("return " + expression, *arguments)
+
+    def wait_for(self, condition):
+        """Waits until a function returns something true, and returns that."""
+        return WebDriverWait(self.browser, 10).until(lambda _: condition())
 
     def color(self, selector, name):
         """Returns red, green, blue and, where it is not 1, the opacity."""
         return self.find(selector).value_of_css_property(name)
 
-    def test_pages_open_from_disk_without_a_message(self):
-        for page in PAGES:
-            with self.subTest(page=page.name):
-                self.open(page.stem)
-                self.assertIn("End of report.", self.find("footer").text)
-                self.assertEqual(self.browser.get_log("browser"), [])
-
-    def test_style_is_let_through_by_the_policy(self):
-        self.open("example")
-        self.assertNotEqual(self.color(".verdict", "border-left-width"), "0px")
-
-    def test_nothing_of_hostile_texts_becomes_an_element(self):
-        self.open("hostile")
-        self.assertEqual(self.ask("document.querySelectorAll('script, img, iframe, link, object, "
-                                  "embed, form, base, svg').length"), 0)
-        self.assertEqual(self.ask("document.querySelectorAll('style').length"), 1)
-        names = {name for element in self.ask("Array.from(document.querySelectorAll('body *'), "
-                                              "element => element.getAttributeNames())")
-                 for name in element}
-        self.assertEqual(names - {"class", "id", "href", "open", "dir", "datetime", "title",
-                                  "aria-hidden", "aria-label"}, set())
-        self.assertEqual(self.ask("performance.getEntriesByType('resource').length"), 0)
-        texts = [message.text for message in self.browser.find_elements(By.CLASS_NAME, "message")]
-        for text in ("</script>", "<!-- -->", 'a "quote"', "&amp;", "<![CDATA["):
-            self.assertIn(text, texts)
-
-    def test_what_a_text_turns_around_ends_with_it(self):
-        self.open("hostile")
-        self.assertEqual(self.ask("getComputedStyle(document.querySelector('bdi')).unicodeBidi"),
-                         "isolate")
-
-    def test_a_phone_needs_no_scrolling_to_the_side(self):
-        for page in PAGES:
-            with self.subTest(page=page.name):
-                self.set_width(PHONE)
-                self.open(page.stem)
-                self.assertEqual(self.ask("window.innerWidth"), PHONE)
-                self.assertLessEqual(self.ask("document.documentElement.scrollWidth"), PHONE)
-
-    def test_an_unfolded_tree_has_room_on_a_phone(self):
-        self.set_width(PHONE)
-        self.open("example")
-        self.ask("document.querySelectorAll('details').forEach(one => one.open = true)")
-        self.assertLessEqual(self.ask("document.documentElement.scrollWidth"), PHONE)
-
-    def test_light_and_dark_follow_the_setting(self):
-        seen = {}
-        for scheme in ("light", "dark"):
-            self.set_scheme(scheme)
-            self.open("example")
-            seen[scheme] = (self.color("html", "background-color"), self.color("body", "color"))
-        self.assertNotEqual(seen["light"], seen["dark"])
-
-    def test_texts_can_be_told_from_what_is_behind_them(self):
-        for scheme in ("light", "dark"):
-            self.set_scheme(scheme)
-            self.open("example")
-            for text, behind in ((".message", ".issue"), (".band.critical", ".issue"),
-                                 (".band.warning", ".issue"), (".band.informational", ".issue"),
-                                 ("dt", "html"), (".issue a", ".issue"), (".issue dt", ".issue"),
-                                 (".type", ".issue"), (".remark", "#acknowledged"),
-                                 (".status.pass", ".tree"), (".status.fail", ".tree"),
-                                 ("footer", "html"), (".reason", ".verdict")):
-                with self.subTest(scheme=scheme, text=text):
-                    self.assertGreaterEqual(
-                        contrast(self.color(text, "color"), self.color(behind, "background-color")),
-                        4.5)
-
-    def test_links_lead_to_issues(self):
-        self.open("example")
-        self.find("#band-critical li a").click()
-        self.assertTrue(self.browser.current_url.endswith("#issue-1"))
-        self.assertEqual(self.ask("document.querySelector(':target').id"), "issue-1")
-        self.assertLess(abs(self.ask("document.querySelector(':target').getBoundingClientRect().top")),
-                        100)
-
-    def test_a_link_to_an_issue_can_be_sent(self):
-        self.open("example", "#issue-5")
-        self.assertEqual(self.ask("document.querySelector(':target').id"), "issue-5")
-        self.assertGreater(self.ask("window.scrollY"), 0)
-
-    def test_definitions_are_folded_out_where_they_fail_alone(self):
-        self.open("example")
-        for details in self.browser.find_elements(By.TAG_NAME, "details"):
-            fails = details.find_element(By.CSS_SELECTOR, "summary .status").get_attribute("class")
-            is_open = details.get_attribute("open") is not None
-            self.assertEqual(is_open, "fail" in fails)
-
-    def test_nodes_that_nobody_looked_at_are_hatched_and_have_no_colour_of_health(self):
-        self.open("example")
-        clean = self.color(".strip .clean", "color")
-        for cell in self.browser.find_elements(By.CSS_SELECTOR, ".strip .not-examined"):
-            self.assertIn("gradient", cell.value_of_css_property("background-image"))
-            self.assertNotEqual(cell.value_of_css_property("color"), clean)
-        self.assertEqual(self.color(".strip .clean", "background-image"), "none")
-        self.assertEqual(len(self.browser.find_elements(By.CSS_SELECTOR, ".strip .not-examined")), 3)
-
-    def test_a_node_leads_to_its_worst_issue(self):
-        self.open("example")
-        cell = self.find(".strip a[title^='cn031:']")
-        name = cell.get_attribute("title")
-        self.assertIn("CRITICAL", name)
-        cell.click()
-        self.assertIn("cn[011,031", self.find(":target .nodes").text)
-
-    def test_keys_alone_reach_links_and_fold(self):
-        self.open("example")
-        body = self.find("body")
-        body.send_keys(Keys.TAB)
-        self.assertEqual(self.ask("document.activeElement.getAttribute('href')"), "#changes")
-        summary = self.find(".tree summary")
-        summary.send_keys(Keys.ENTER)
-        self.assertIsNone(self.find(".tree details").get_attribute("open"))
-
-    def test_prints_to_a_document_with_the_last_line(self):
-        self.open("example")
-        pdf = base64.b64decode(self.browser.print_page())
-        self.assertEqual(pdf[:5], b"%PDF-")
-        self.assertGreater(pdf.count(b"/Type /Page\n") + pdf.count(b"/Type /Page "), 3)
-
-    def test_policy_that_forbids_styles_leaves_all_to_read(self):
-        server = Server("sandbox; default-src 'none'; img-src 'self'; style-src 'self'")
-        self.browser.get("about:blank")
-        self.browser.get(server.url("example.html"))
-        self.assertEqual(self.color(".verdict", "border-left-width"), "0px")
-        self.assertIn("Cluster health: ✖ FAIL", self.find("h1").text)
-        self.assertIn("CRITICAL", self.find("article").text)
-        self.assertIn("End of report.", self.find("footer").text)
-        server.shutdown()
-
-    def test_hostile_texts_fetch_nothing(self):
-        server = Server("img-src 'self'")
-        self.browser.get("about:blank")
-        self.browser.get(server.url("hostile.html"))
-        self.assertIn("End of report.", self.find("footer").text)
-        # The browser itself asks for a picture of a page that names none.
-        self.assertEqual(set(server.asked) - {"/favicon.ico"}, {"/hostile.html"})
-        server.shutdown()
-
-
-class WithoutScriptTest(unittest.TestCase):
-    def setUp(self):
-        self.browser = open_browser(with_script=False)
-        self.addCleanup(self.browser.quit)
-
-    def test_all_is_there(self):
-        self.browser.get(f"file://{FOLDER}/example.html")
-        self.assertGreater(len(self.browser.find_elements(By.TAG_NAME, "article")), 50)
-        self.assertIn("End of report.", self.browser.find_element(By.TAG_NAME, "footer").text)
+    def assert_no_message(self):
         self.assertEqual(self.browser.get_log("browser"), [])
 
-    def test_scripts_are_off(self):
-        self.browser.get("data:text/html,<title>off</title><script>document.title = 'on'</script>")
-        self.assertEqual(self.browser.title, "off")
+    def assert_fits(self, width):
+        self.assertEqual(self.ask("window.innerWidth"), width)
+        self.assertLessEqual(self.ask("document.documentElement.scrollWidth"), width)
+
+    def assert_readable(self, text, behind):
+        self.assertGreaterEqual(
+            contrast(self.color(text, "color"), self.color(behind, "background-color")), 4.5)
 
 
 def contrast(one, other):
@@ -270,7 +137,7 @@ def linear(part):
     return part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4
 
 
-if __name__ == "__main__":
+def main():
     # What the browser keeps goes with the folder.
     os.environ["HOME"] = str(FOLDER)
     unittest.main()

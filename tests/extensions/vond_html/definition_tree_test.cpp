@@ -63,10 +63,14 @@ TEST_F(DefinitionTreeTest, CountsOfEachBandLeadToTheIssues) {
   add_issue(data, 25, make_issue({.id = "o", .definitions = {"a"}}));
   add_issue(data, 4, make_issue({.id = "w", .definitions = {"a"}}));
   const std::string text = tree();
-  EXPECT_THAT(text, HasSubstr("<a href=\"#issue-1\">2 <span class=\"band critical\">"));
+  EXPECT_THAT(
+      text,
+      HasSubstr("<a href=\"#issue-1\" data-filter=\"band=critical&amp;definition=a\">2 <span "));
   EXPECT_THAT(text, HasSubstr("</a>: <a href=\"#issue-1\"><bdi>d</bdi></a>, "
                               "<a href=\"#issue-3\"><bdi>o</bdi></a></p>"));
-  EXPECT_THAT(text, HasSubstr("<a href=\"#issue-4\">1 <span class=\"band warning\">"));
+  EXPECT_THAT(
+      text,
+      HasSubstr("<a href=\"#issue-4\" data-filter=\"band=warning&amp;definition=a\">1 <span "));
   EXPECT_THAT(text, Not(HasSubstr("other")));
 }
 
@@ -78,7 +82,8 @@ TEST_F(DefinitionTreeTest, IssuesThatAreNotOnThePageAreCounted) {
   add_issue(data, 4, make_issue({.id = "far", .definitions = {"a"}}));
   const std::string text = tree();
   EXPECT_THAT(text, HasSubstr("<a href=\"#issue-200\"><bdi>last</bdi></a> and 1 more</p>"));
-  EXPECT_THAT(text, HasSubstr(" WARNING</span>, not on this page</p>"));
+  EXPECT_THAT(text, HasSubstr("<span data-filter=\"band=warning&amp;definition=a\">1 <span "));
+  EXPECT_THAT(text, HasSubstr("</span><span class=\"static\">, not on this page</span></p>"));
 }
 
 TEST_F(DefinitionTreeTest, PassingDefinitionsTakeNoRoomFromFailingOnes) {

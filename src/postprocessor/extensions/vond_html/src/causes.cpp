@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "band_mark.h"
+#include "filter_link.h"
 #include "vond/extension/markup_text.h"
 #include "vond/extension/node_summaries.h"
 #include "wording.h"
@@ -32,15 +33,18 @@ class Causes {
     page_.open("h3");
     write_band_mark(page_, summary.band);
     page_.text(": " + summary.counts()).close();
-    write_list("", summary.first_diagnoses, summary.diagnoses);
-    write_list(summary.explained == 0 ? "Observations" : "Observations that nothing explains",
+    write_list(name, "diagnosis", "", summary.first_diagnoses, summary.diagnoses);
+    write_list(name, "observation",
+               summary.explained == 0 ? "Observations" : "Observations that nothing explains",
                summary.first_unexplained, summary.unexplained());
-    write_list("Checks without data", summary.first_without_data, summary.without_data);
+    write_list(name, "missing_data", "Checks without data", summary.first_without_data,
+               summary.without_data);
     page_.close();
   }
 
  private:
-  void write_list(const std::string& heading, const BandSummary::Issues& shown, std::size_t count) {
+  void write_list(std::string_view band, std::string_view type, const std::string& heading,
+                  const BandSummary::Issues& shown, std::size_t count) {
     if (count == 0) {
       return;
     }
@@ -52,7 +56,10 @@ class Causes {
       write_issue(*issue);
     }
     if (shown.size() < count) {
-      page_.element("li", "and " + std::to_string(count - shown.size()) + " more");
+      page_.open("li");
+      write_filter_text(page_, {{"band", band}, {"type", type}},
+                        "and " + std::to_string(count - shown.size()) + " more");
+      page_.close();
     }
     page_.close();
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "band_mark.h"
+#include "filter_link.h"
 #include "vond/extension/issue_order.h"
 #include "vond/extension/issues_by_definition.h"
 #include "vond/extension/words.h"
@@ -70,7 +71,7 @@ class DefinitionTree {
       page_.open("summary");
       write_label(*node.fwd, own);
       page_.close();
-      write_issues(own);
+      write_issues(node.fwd->name, own);
       write_children(node, level);
     }
     page_.close().close();
@@ -142,33 +143,35 @@ class DefinitionTree {
     }
   }
 
-  void write_issues(const std::vector<OwnIssues>& own) {
+  void write_issues(const std::string& definition, const std::vector<OwnIssues>& own) {
     for (const OwnIssues& issues : own) {
       page_.open("p", {{"class", "of-definition"}});
-      write_count(issues);
+      write_count(definition, issues);
       for (std::size_t i = 0; i < issues.on_page.size(); ++i) {
         page_.text(i == 0 ? ": " : ", ");
         page_issues_.write_link(page_, *issues.on_page[i]);
       }
       const std::size_t others = issues.count - issues.on_page.size();
-      if (others != 0) {
-        page_.text(issues.on_page.empty() ? ", not on this page"
-                                          : " and " + std::to_string(others) + " more");
+      if (issues.on_page.empty()) {
+        page_.element("span", {{"class", "static"}}, ", not on this page");
+      } else if (others != 0) {
+        page_.text(" and " + std::to_string(others) + " more");
       }
       page_.close();
     }
   }
 
-  /// Writes how many there are, as a link to the first.
-  void write_count(const OwnIssues& issues) {
-    const std::string count = std::to_string(issues.count) + " ";
+  /// Writes how many there are, as a link to the first, which a script makes one to all.
+  void write_count(const std::string& definition, const OwnIssues& issues) {
+    const std::string filter = filter_fragment(
+        {{"band", band_class(issues.band)}, {"definition", shortened_name(definition)}});
     if (issues.on_page.empty()) {
-      page_.text(count);
-      write_band_mark(page_, issues.band);
-      return;
+      page_.open("span", {{"data-filter", filter}});
+    } else {
+      page_.open("a", {{"href", "#" + page_issues_.anchor_of(*issues.on_page.front())},
+                       {"data-filter", filter}});
     }
-    page_.open("a", {{"href", "#" + page_issues_.anchor_of(*issues.on_page.front())}});
-    page_.text(count);
+    page_.text(std::to_string(issues.count) + " ");
     write_band_mark(page_, issues.band);
     page_.close();
   }

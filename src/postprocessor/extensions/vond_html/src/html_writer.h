@@ -37,6 +37,9 @@ class HtmlWriter {
   /// Writes our own markup or style as it is.
   HtmlWriter& verbatim(std::string_view markup);
 
+  /// Returns what takes text as it is, for those who write it piece by piece.
+  vond::extension::StatementWriter& output() { return out_; }
+
   /// Writes what is left. All elements must be closed.
   void finish() { out_.finish(); }
 

@@ -7,6 +7,7 @@
 
 #include "band_mark.h"
 #include "band_summaries.h"
+#include "issue_values.h"
 #include "vond/extension/markup_text.h"
 #include "vond/extension/node_summaries.h"
 #include "vond/extension/text.h"
@@ -25,12 +26,6 @@ using vond::postprocessor::Type;
 namespace {
 
 constexpr std::size_t MOST_LINKS = 50;
-/// How many values of a place stand at either end of its list.
-constexpr std::size_t MOST_VALUES = 5;
-/// In bytes.
-constexpr std::size_t LONGEST_UNIT = 30;
-/// In bytes: of the nodes that have a value.
-constexpr std::size_t LONGEST_NODES = 300;
 
 /// Writes an issue with all that is known of it.
 class IssueArticle {
@@ -155,7 +150,7 @@ class IssueArticle {
     // Where findings differ in the name of their node, it stands there already.
     if (!value.nodes.empty() && value.nodes != std::vector{value.value}) {
       page_.text(" on ");
-      write_nodes(page_, folded(value.nodes), LONGEST_NODES);
+      write_nodes(page_, folded(value.nodes), LONGEST_VALUE_NODES);
     }
   }
 
@@ -221,6 +216,7 @@ void write_others(HtmlWriter& page, std::size_t others) {
 
 void write_issues(HtmlWriter& page, const PageIssues& issues, const std::string& log_level) {
   page.open("section", {{"id", "issues"}}).element("h2", "Issues");
+  page.open("div", {{"class", "static"}});
   if (issues.issues().empty()) {
     page.element("p", "No issues detected.");
   }
@@ -234,7 +230,7 @@ void write_issues(HtmlWriter& page, const PageIssues& issues, const std::string&
     previous = &issue;
   }
   write_others(page, issues.others());
-  page.close();
+  page.close().close();
 }
 
 }  // namespace vond_html

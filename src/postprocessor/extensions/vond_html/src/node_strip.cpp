@@ -100,7 +100,7 @@ void write_legend(HtmlWriter& page, const Counts& counts) {
 
 /// Returns "cn001: CRITICAL, 3 issues", what a cell tells besides its shape.
 std::string text_of(const NodeState& node) {
-  std::string text = vond::extension::shortened(node.name, LONGEST_NAME) + ": " + word_of(node);
+  std::string text = shortened_name(node.name) + ": " + word_of(node);
   if (node.band && !node.is_examined) {
     text += ", not examined";
   }
@@ -120,7 +120,7 @@ void write_cell(HtmlWriter& page, const NodeState& node, const PageIssues& issue
 }
 
 void write_group(HtmlWriter& page, const NodeGroup& group, const PageIssues& issues) {
-  page.open("div", {{"class", "group"}}).open("h3");
+  page.open("div", {{"class", "group static"}}).open("h3");
   if (group.prefix.empty()) {
     page.text("others");
   } else {
@@ -150,7 +150,7 @@ void write_nodes_strip(HtmlWriter& page, const std::vector<NodeGroup>& groups,
     }
   }
   if (!has_room) {
-    page.element("p", "They are too many to be shown one by one.");
+    page.element("p", {{"class", "static"}}, "They are too many to be shown one by one.");
   }
   page.close();
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "page_style.h"
+#include "page_assets.h"
 #include "vond/facts/run_facts.h"
 #include "wording.h"
 
@@ -10,6 +10,7 @@ namespace vond_html {
 
 void write_page_start(HtmlWriter& page) {
   const std::string policy = "default-src 'none'; style-src '" + std::string(PAGE_STYLE_HASH) +
+                             "'; script-src '" + std::string(PAGE_SCRIPT_HASH) +
                              "'; base-uri 'none'; form-action 'none'";
   const std::string title =
       "Cluster health: " + vond::facts::verdict() + ", " + readable_time(vond::facts::written_at());

@@ -32,8 +32,11 @@ class PageIssues {
   /// In the order of the report, each once.
   const std::vector<PageIssue>& issues() const { return issues_; }
 
+  /// Returns how many issues the report has.
+  std::size_t size() const { return numbers_.size(); }
+
   /// Returns how many issues the report has beside those on the page.
-  std::size_t others() const { return numbers_.size() - issues_.size(); }
+  std::size_t others() const { return size() - issues_.size(); }
 
   /// Returns the issue's number in the report.
   std::size_t number_of(const vond::postprocessor::CollapsedAnalysisOutput& issue) const {

@@ -12,6 +12,7 @@
 #include "overview.h"
 #include "page_frame.h"
 #include "page_issues.h"
+#include "page_script.h"
 // The copy of the band table that all of the page reads; the other files are handed it.
 #include "vond/vocabulary/severity_bands.h"
 
@@ -34,10 +35,12 @@ int VondHtml::run() {
   write_causes(page, summaries, issues);
   write_changes(page, issues);
   write_acknowledged(page);
-  write_nodes_strip(page, group_nodes(data, SEVERITY_BANDS), issues);
+  const auto groups = group_nodes(data, SEVERITY_BANDS);
+  write_nodes_strip(page, groups, issues);
   write_definitions(page, data, SEVERITY_BANDS, issues);
   write_issues(page, issues, data.log_level);
   page.close();
+  write_page_script(page, data, SEVERITY_BANDS, groups, issues);
   write_page_end(page);
   page.finish();
   return 0;

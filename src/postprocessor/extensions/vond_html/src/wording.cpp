@@ -45,6 +45,10 @@ std::string readable_age(std::int64_t seconds) {
   return seconds < 0 ? readable_span(0 - age) + " in the future" : readable_span(age) + " old";
 }
 
+std::string shortened_name(std::string_view name) {
+  return vond::extension::shortened(name, LONGEST_NAME);
+}
+
 std::string folded(const std::vector<std::string>& names) {
   std::vector<std::vector<std::string>> lists = {names};
   return vond::postprocessor::StringInterface().get_node_string(lists);
@@ -60,7 +64,7 @@ void write_nodes(HtmlWriter& page, std::string_view folded, std::size_t most) {
 }
 
 void write_name(HtmlWriter& page, std::string_view name) {
-  page.element("bdi", vond::extension::shortened(name, LONGEST_NAME));
+  page.element("bdi", shortened_name(name));
 }
 
 }  // namespace vond_html

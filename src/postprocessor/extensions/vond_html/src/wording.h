@@ -31,6 +31,9 @@ std::string readable_span(std::uint64_t seconds);
 /// Returns "2 minutes old" or, for less than 0, "2 minutes in the future".
 std::string readable_age(std::int64_t seconds);
 
+/// Returns a name as the page has it.
+std::string shortened_name(std::string_view name);
+
 /// Returns the names as one node set.
 std::string folded(const std::vector<std::string>& names);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,8 +23,18 @@ namespace vond::extension {
 ///     json.end_object();
 class JsonWriter {
  public:
+  /// Where the text is going to stand.
+  enum class Place {
+    /// In a file, for people, too.
+    FILE,
+    /// In the script element of a page: no blanks between items, and no `<`, so that nothing ends
+    /// the element.
+    PAGE,
+  };
+
   /// Keeps a reference to `output`.
-  explicit JsonWriter(StatementWriter& output) : output_(output) {}
+  explicit JsonWriter(StatementWriter& output, Place place = Place::FILE)
+      : output_(output), place_(place) {}
 
   void begin_object() { begin('{'); }
   void end_object() { end('}'); }
@@ -33,15 +44,15 @@ class JsonWriter {
   /// Begins the next member of an object.
   JsonWriter& key(std::string_view name) {
     separate();
-    append_json_string(text_, name);
-    text_ += ": ";
+    append_string(name);
+    text_ += place_ == Place::PAGE ? ":" : ": ";
     is_behind_key_ = true;
     return *this;
   }
 
   void value(std::string_view text) {
     separate();
-    append_json_string(text_, text);
+    append_string(text);
     flush();
   }
   void value(const std::string& text) { value(std::string_view(text)); }
@@ -109,7 +120,7 @@ class JsonWriter {
     }
     const bool is_first = has_items_.empty() || !has_items_.back();
     if (!is_first) {
-      text_ += breaks_line_ ? "," : ", ";
+      text_ += breaks_line_ || place_ == Place::PAGE ? "," : ", ";
     }
     if (breaks_line_) {
       text_ += '\n';
@@ -120,12 +131,24 @@ class JsonWriter {
     }
   }
 
+  void append_string(std::string_view text) {
+    std::size_t at = text_.size();
+    append_json_string(text_, text);
+    if (place_ == Place::PAGE) {
+      constexpr std::string_view LESS = "\\u003c";
+      while ((at = text_.find('<', at)) != std::string::npos) {
+        text_.replace(at, 1, LESS);
+      }
+    }
+  }
+
   void flush() {
     output_ << text_;
     text_.clear();
   }
 
   StatementWriter& output_;
+  Place place_;
   /// What is not handed on yet.
   std::string text_;
   /// Of the objects and arrays that are not ended yet, the outermost first.

@@ -1,0 +1,96 @@
+import { make } from "./elements.mjs";
+import { emptyFilter, formatFilter, parseFilter } from "./filter.mjs";
+import { FilterForm } from "./filter_form.mjs";
+import { IssueDetail } from "./issue_detail.mjs";
+import { IssueList } from "./issue_list.mjs";
+import { NodeMap } from "./node_map.mjs";
+import { NodeTable } from "./node_table.mjs";
+import { Search } from "./search.mjs";
+
+/** The address says what is shown: it is read when it changes, and written when somebody chooses. */
+class Page {
+  constructor(report) {
+    this.nodes = new NodeTable(report.groups);
+    this.search = new Search(report, this.nodes);
+    this.filter = emptyFilter();
+    this.form = new FilterForm(report, this.nodes, (fields) => this.choose(fields ?? emptyFilter()));
+    this.list = new IssueList(report, new IssueDetail(report, this.nodes),
+      (place) => this.choose({ issue: this.filter.issue === place + 1 ? 0 : place + 1 }));
+    if (report.issues.length > 0) {
+      document.getElementById("issues").append(this.form.element, this.list.element);
+    }
+    if (NodeMap.canShow(this.nodes)) {
+      const map = new NodeMap(report, this.nodes, (name) => this.showNode(name));
+      document.getElementById("nodes").append(map.help, map.element);
+    }
+    upgradeLinks();
+    document.documentElement.classList.add("scripted");
+    window.addEventListener("hashchange", () => this.readAddress());
+    this.show();
+    this.readAddress();
+  }
+
+  /** Shows what the address asks for; the name of another place on the page changes nothing. */
+  readAddress() {
+    const filter = parseFilter(window.location.hash.slice(1));
+    if (filter === null) {
+      return;
+    }
+    const isSame = formatFilter(filter) === formatFilter(this.filter);
+    this.filter = filter;
+    if (!isSame) {
+      this.show();
+    }
+    if (filter.issue !== 0) {
+      this.list.revealOpen();
+    } else if (formatFilter(filter) !== "") {
+      this.form.element.scrollIntoView();
+    }
+  }
+
+  /** Changes fields of the filter. */
+  choose(fields) {
+    this.filter = { ...this.filter, ...fields };
+    const shown = this.list.element.getBoundingClientRect().top;
+    this.show();
+    if (fields.issue === undefined && shown < 0) {
+      this.form.element.scrollIntoView();
+    }
+    this.writeAddressSoon();
+  }
+
+  showNode(name) {
+    this.choose({ ...emptyFilter(), node: name });
+    this.form.element.scrollIntoView();
+  }
+
+  show() {
+    const found = this.search.find(this.filter);
+    this.form.show(this.filter, found);
+    this.list.show(found, this.filter.issue - 1);
+  }
+
+  /** Browsers count how often an address changes, and somebody may still be typing. */
+  writeAddressSoon() {
+    const DELAY_MS = 300;
+    clearTimeout(this.writing);
+    this.writing = setTimeout(() => {
+      const fragment = formatFilter(this.filter);
+      window.history.replaceState(null, "", fragment === "" ? "#issues" : `#${fragment}`);
+    }, DELAY_MS);
+  }
+}
+
+/** Makes links of the texts that tell which issues they count. */
+function upgradeLinks() {
+  for (const text of document.querySelectorAll("[data-filter]")) {
+    const href = `#${text.dataset.filter}`;
+    if (text.tagName === "A") {
+      text.setAttribute("href", href);
+    } else {
+      text.replaceWith(make("a", { href }, ...text.childNodes));
+    }
+  }
+}
+
+new Page(JSON.parse(document.getElementById("data").textContent));
