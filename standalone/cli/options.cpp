@@ -73,11 +73,13 @@ void refuse_to_share_standard_input(const Options& options) {
   const auto count_in = [](const std::vector<std::string>& paths) {
     return std::count(paths.begin(), paths.end(), "-");
   };
-  const std::vector<std::string> acknowledged =
-      options.acknowledged ? std::vector{*options.acknowledged} : std::vector<std::string>();
+  const auto is_in = [](const std::optional<std::string>& path) {
+    return std::ptrdiff_t{path == "-" ? 1 : 0};
+  };
   const auto readers = {std::pair("--expect-file", count_in(options.expect_files)),
                         std::pair("--since", count_in(options.since)),
-                        std::pair("--acknowledged", count_in(acknowledged))};
+                        std::pair("--acknowledged", is_in(options.acknowledged)),
+                        std::pair("--racks", is_in(options.racks))};
   std::ptrdiff_t all = count_in(options.inputs);
   for (const auto& [option, count] : readers) {
     all += count;
@@ -117,7 +119,7 @@ class CommandLine {
   /// What needs no understanding.
   Options taken_as_is_;
   std::string definitions_, fail_threshold_, width_, log_level_, color_, collapse_, fail_on_, part_;
-  std::string acknowledged_, acknowledge_at_most_;
+  std::string acknowledged_, acknowledge_at_most_, racks_;
   std::vector<std::string> examined_, expected_, expected_parts_, extensions_;
   bool lists_extensions_ = false;
 };
@@ -188,6 +190,9 @@ void CommandLine::add_report_options() {
   add_flag("--syslog", taken_as_is_.syslog,
            "Send messages and the verdict to the system log,\ntoo");
   add_value("--color", "WHEN", color_, "Colours: auto, always or never (default: auto)");
+  add_value(
+      "--racks", "FILE", racks_,
+      "Which nodes stand together, for the output\n\"html\": a rack's name and a node set a line");
 }
 
 void CommandLine::add_output_options() {
@@ -252,6 +257,10 @@ Options CommandLine::understand() const {
   if (is_given("--part")) {
     refuse_empty_paths("--part", {part_});
     options.part = part_;
+  }
+  if (is_given("--racks")) {
+    refuse_empty_paths("--racks", {racks_});
+    options.racks = racks_;
   }
   understand_acknowledged(options);
   options.examined = parse_node_sets("--examined", examined_);

@@ -57,6 +57,8 @@ struct Options {
   int acknowledge_at_most = 90;
   /// Whether the report is to show what is acknowledged all the same.
   bool ignores_acknowledged = false;
+  /// The file that tells which nodes stand together, "-" for standard input.
+  std::optional<std::string> racks;
   /// In terminal columns, 0 for no wrapping; without a value standard output decides.
   std::optional<int> width;
   /// A name of the log level table.

@@ -25,11 +25,10 @@ struct Output {
 
 std::vector<std::string> input_files(const Options& options) {
   std::vector<std::string> inputs = options.inputs;
-  if (options.definitions) {
-    inputs.push_back(*options.definitions);
-  }
-  if (options.acknowledged) {
-    inputs.push_back(*options.acknowledged);
+  for (const auto* file : {&options.definitions, &options.acknowledged, &options.racks}) {
+    if (*file) {
+      inputs.push_back(**file);
+    }
   }
   for (const auto* files : {&options.expect_files, &options.since}) {
     inputs.insert(inputs.end(), files->begin(), files->end());

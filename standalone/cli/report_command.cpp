@@ -20,6 +20,7 @@
 #include "standalone/report/check_run.h"
 #include "standalone/report/facts_of_run.h"
 #include "standalone/report/node_list_file.h"
+#include "standalone/report/racks_file.h"
 #include "standalone/report/record_issue_facts.h"
 #include "standalone/report/report_record.h"
 #include "standalone/report/run_history.h"
@@ -141,6 +142,7 @@ ExitStatus write_report(const Options& options) {
   RecordOptions record_options = make_record_options(options, warnings);
   RunSources sources = make_sources(options);
   sources.time = started_at;
+  const auto racks = options.racks ? read_racks(*options.racks) : std::vector<ReportFacts::Rack>();
   sources.acknowledged = acknowledged_at(started_at, options, warnings);
   ReportOutputs outputs(extensions, options.outputs, wants_color(options.color));
 
@@ -150,6 +152,7 @@ ExitStatus write_report(const Options& options) {
   ReportRecord record(run->collapser(), record_options, run->everything());
   // Behind the reading: what was collected meanwhile, at a gateway, is not from the future.
   report_facts() = facts_of_run(*run, record, report_time());
+  report_facts().racks = racks;
   if (history) {
     history->compare(*run, record);
     report_facts().changes = history->summary();

@@ -94,6 +94,14 @@ struct ReportFacts {
   };
   std::optional<Expectation> expectation;
 
+  /// Nodes that stand together.
+  struct Rack {
+    std::string name;
+    std::vector<std::string> nodes;
+  };
+  /// In the order of the user's file.
+  std::vector<Rack> racks;
+
   /// What has changed, where there are earlier runs to compare with.
   std::optional<Changes> changes;
   /// What the user has acknowledged.

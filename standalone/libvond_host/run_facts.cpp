@@ -94,6 +94,15 @@ std::vector<std::string> nodes_not_expected() {
   return expectation ? expectation->not_expected : std::vector<std::string>();
 }
 
+std::vector<Rack> racks() {
+  std::vector<Rack> racks;
+  racks.reserve(report_facts().racks.size());
+  for (const auto& [name, nodes] : report_facts().racks) {
+    racks.push_back({name, nodes});
+  }
+  return racks;
+}
+
 std::vector<Acknowledgement> acknowledgements() {
   const auto& acknowledged = report_facts().acknowledged;
   std::vector<Acknowledgement> entries;

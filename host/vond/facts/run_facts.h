@@ -12,7 +12,7 @@
 
 /// The version of these functions. It is raised when functions are added and when what one returns
 /// changes its meaning; what is declared here never changes its layout.
-#define VOND_FACTS_VERSION 2
+#define VOND_FACTS_VERSION 3
 
 /// What the record cannot carry: where a report comes from, how far it can be trusted, and what its
 /// issues were made of. The stand-alone host exports these functions; other hosts need not have
@@ -83,6 +83,16 @@ VOND_HOST_API std::vector<std::string> nodes_not_examined();
 
 /// Returns the nodes that were examined and not expected.
 VOND_HOST_API std::vector<std::string> nodes_not_expected();
+
+/// Nodes that stand together.
+struct Rack {
+  std::string name;
+  std::vector<std::string> nodes;
+};
+
+/// Returns the racks of the cluster as the user told them, in their order, each node in one at
+/// most; none when nobody told.
+VOND_HOST_API std::vector<Rack> racks();
 
 /// What the user has acknowledged: findings of an id that are known on some nodes until some day.
 struct Acknowledgement {

@@ -98,6 +98,23 @@ TEST_F(NodeStripTest, NodesStandWithThoseThatBeginAlike) {
   EXPECT_LT(text.find("cn9:"), text.find("cn10:"));
 }
 
+TEST_F(NodeStripTest, RacksStandInTheirOrderAndTheOthersBehindThem) {
+  facts().racks = {
+      {"right", {"cn3", "unknown"}}, {"left", {"cn1", "cn10", "cn2"}}, {"none", {"x"}}};
+  add_issue(data, 24,
+            make_issue({.id = "a", .nodes = {"cn1", "cn2", "cn3", "cn4", "cn5", "cn10"}}));
+  const std::string text = strip();
+  const std::size_t right = text.find("<h3><bdi>right</bdi>: 1 node</h3>");
+  const std::size_t left = text.find("<h3><bdi>left</bdi>: 3 nodes</h3>");
+  const std::size_t others = text.find("<h3><bdi>cn</bdi>: 2 nodes</h3>");
+  EXPECT_LT(right, left);
+  EXPECT_LT(left, others);
+  EXPECT_NE(others, std::string::npos);
+  EXPECT_LT(text.find("cn2:"), text.find("cn10:"));
+  EXPECT_THAT(text, Not(HasSubstr("none")));
+  EXPECT_THAT(text, Not(HasSubstr("unknown")));
+}
+
 TEST_F(NodeStripTest, NodeWhoseIssueIsNotOnThePageLeadsNowhere) {
   add_issues(data, 24, "worse", 200);
   add_issue(data, 25, make_issue({.id = "beyond", .nodes = {"n1"}}));

@@ -421,6 +421,15 @@ class NodeMapTest(ScriptedPageCase):
         self.settle()
         self.assertNotEqual(self.colors_of(0, 18, 19), light)
 
+    def test_racks_stand_in_their_order_and_the_others_behind_them(self):
+        self.open("racks")
+        self.ask("document.querySelector('.cell-button').focus()")
+        seen = []
+        for _ in range(4):
+            seen.append(self.find(".cell-button").get_attribute("aria-label").split(":")[0])
+            self.press(Keys.RIGHT)
+        self.assertEqual(seen, ["cn3", "cn1", "cn2", "cn4"])
+
     def test_thousands_of_nodes_have_cells(self):
         self.open("nodes")
         self.assertTrue(self.find(".map canvas").is_displayed())

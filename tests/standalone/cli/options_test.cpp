@@ -62,6 +62,8 @@ Options:
   --syslog                    Send messages and the verdict to the system log,
                               too
   --color WHEN                Colours: auto, always or never (default: auto)
+  --racks FILE                Which nodes stand together, for the output
+                              "html": a rack's name and a node set a line
   -o,--output FILE            A further destination; may be repeated
   -e,--extension NAME[:FILE]  An output extension to run, a name of
                               --list-extensions or a library's path; its output

@@ -51,6 +51,16 @@ TEST_F(RunFactsTest, WhatNobodyToldIsNotKnown) {
   EXPECT_EQ(facts::verdict(), "UNKNOWN");
 }
 
+TEST_F(RunFactsTest, TellTheRacksInTheirOrder) {
+  EXPECT_THAT(facts::racks(), IsEmpty());
+  report_facts().racks = {{"r2", {"n3"}}, {"r1", {"n1", "n2"}}};
+  const auto racks = facts::racks();
+  ASSERT_EQ(racks.size(), 2U);
+  EXPECT_EQ(racks[0].name, "r2");
+  EXPECT_EQ(racks[1].name, "r1");
+  EXPECT_THAT(racks[1].nodes, ElementsAre("n1", "n2"));
+}
+
 TEST_F(RunFactsTest, TellWhatIsAcknowledged) {
   using State = ReportFacts::Acknowledgement::State;
   EXPECT_THAT(facts::acknowledgements(), IsEmpty());

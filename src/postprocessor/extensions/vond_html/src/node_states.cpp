@@ -1,6 +1,7 @@
 #include "node_states.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -64,6 +65,45 @@ std::string_view take_number(std::string_view& text) {
   return number;
 }
 
+/// Takes the nodes of racks out of `states`. Racks without any are left out.
+std::vector<NodeGroup> take_racks(States& states) {
+  std::vector<NodeGroup> groups;
+  for (const auto& [name, nodes] : vond::facts::racks()) {
+    NodeGroup group{name, {}};
+    for (const std::string& node : nodes) {
+      if (auto state = states.extract(node)) {
+        group.nodes.push_back(std::move(state.mapped()));
+      }
+    }
+    if (!group.nodes.empty()) {
+      groups.push_back(std::move(group));
+    }
+  }
+  return groups;
+}
+
+std::vector<NodeGroup> group_by_prefix(const States& states) {
+  std::map<std::string, std::vector<NodeState>> nodes_of_prefix;
+  for (const auto& [name, state] : states) {
+    nodes_of_prefix[prefix_of(name)].push_back(state);
+  }
+  std::vector<NodeGroup> groups;
+  groups.reserve(nodes_of_prefix.size() + 1);
+  // All nodes that would be alone in theirs.
+  NodeGroup others;
+  for (auto& [prefix, nodes] : nodes_of_prefix) {
+    if (nodes.size() == 1) {
+      others.nodes.push_back(std::move(nodes.front()));
+    } else {
+      groups.push_back({prefix, std::move(nodes)});
+    }
+  }
+  if (!others.nodes.empty()) {
+    groups.push_back(std::move(others));
+  }
+  return groups;
+}
+
 }  // namespace
 
 bool comes_before(std::string_view left, std::string_view right) {
@@ -88,28 +128,10 @@ bool comes_before(std::string_view left, std::string_view right) {
 
 std::vector<NodeGroup> group_nodes(const PostprocessorExtensionData& data,
                                    const SeverityBandTable& bands) {
-  // 1. Nodes whose names begin alike.
-  std::map<std::string, std::vector<NodeState>> nodes_of_prefix;
-  for (auto& [name, state] : states_of_nodes(data, bands)) {
-    nodes_of_prefix[prefix_of(name)].push_back(state);
-  }
-
-  // 2. The groups, and one of all nodes that would be alone in theirs.
-  std::vector<NodeGroup> groups;
-  groups.reserve(nodes_of_prefix.size() + 1);
-  NodeGroup others;
-  for (auto& [prefix, nodes] : nodes_of_prefix) {
-    if (nodes.size() == 1) {
-      others.nodes.push_back(std::move(nodes.front()));
-    } else {
-      groups.push_back({prefix, std::move(nodes)});
-    }
-  }
-  if (!others.nodes.empty()) {
-    groups.push_back(std::move(others));
-  }
-
-  // 3. Their order.
+  States states = states_of_nodes(data, bands);
+  std::vector<NodeGroup> groups = take_racks(states);
+  std::vector<NodeGroup> others = group_by_prefix(states);
+  std::move(others.begin(), others.end(), std::back_inserter(groups));
   for (NodeGroup& group : groups) {
     std::sort(group.nodes.begin(), group.nodes.end(), [](const auto& left, const auto& right) {
       return comes_before(left.name, right.name);

@@ -24,10 +24,11 @@ struct NodeState {
   std::optional<vond::vocabulary::SeverityBand> band = std::nullopt;
 };
 
-/// Nodes whose names begin alike.
+/// Nodes that stand together.
 struct NodeGroup {
-  /// What stands before the first digit; "" for nodes with which no other begins alike.
-  std::string prefix;
+  /// Their rack or, of nodes without one, what stands before the first digit of their names; "" for
+  /// nodes with which no other begins alike.
+  std::string name;
   /// In natural order, cn9 before cn10.
   std::vector<NodeState> nodes;
 };
@@ -35,8 +36,8 @@ struct NodeGroup {
 /// Returns whether a name comes before another where numbers in them count as numbers.
 bool comes_before(std::string_view left, std::string_view right);
 
-/// Returns all nodes that issues name, that were examined, or that should have been; the groups in
-/// the order of their prefixes, the one without a prefix last.
+/// Returns all nodes that issues name, that were examined, or that should have been; the racks in
+/// their order, then the others by their names, the group without a name last.
 std::vector<NodeGroup> group_nodes(const vond::postprocessor::PostprocessorExtensionData& data,
                                    const vond::vocabulary::SeverityBandTable& bands);
 

@@ -121,10 +121,10 @@ void write_cell(HtmlWriter& page, const NodeState& node, const PageIssues& issue
 
 void write_group(HtmlWriter& page, const NodeGroup& group, const PageIssues& issues) {
   page.open("div", {{"class", "group static"}}).open("h3");
-  if (group.prefix.empty()) {
+  if (group.name.empty()) {
     page.text("others");
   } else {
-    write_name(page, group.prefix);
+    write_name(page, group.name);
   }
   page.text(": " + count_of(group.nodes.size(), "node", "nodes")).close();
   page.open("ul", {{"class", "strip"}});

@@ -55,7 +55,7 @@ void write_groups(JsonWriter& json, const std::vector<NodeGroup>& groups,
   for (const NodeGroup& group : groups) {
     json.break_line();
     json.begin_object();
-    json.key("name").value(shortened_name(group.prefix));
+    json.key("name").value(shortened_name(group.name));
     json.key("states").value(states_of(group, bands));
     json.key("nodes").begin_array();
     for (const NodeState& node : group.nodes) {

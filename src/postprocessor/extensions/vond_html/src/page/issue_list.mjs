@@ -59,13 +59,15 @@ export class IssueList {
     return this.rows.get(row).firstChild;
   }
 
-  /** Brings the open row to the top of the window. */
+  /** Brings the open row to the top of the window. Returns whether there is one. */
   revealOpen() {
     if (this.openRow < 0) {
-      return;
+      return false;
     }
-    this.scrollTo(this.openRow);
+    window.scrollBy(0, this.topInWindow(this.openRow) - this.rowHeight);
+    this.draw();
     this.lineOf(this.openRow).focus({ preventScroll: true });
+    return true;
   }
 
   get rowHeight() {
@@ -86,11 +88,6 @@ export class IssueList {
       return row;
     }
     return Math.max(this.openRow, Math.floor((y - this.openHeight) / this.rowHeight));
-  }
-
-  scrollTo(row) {
-    window.scrollBy(0, this.topInWindow(row) - this.rowHeight);
-    this.draw();
   }
 
   drawSoon() {

@@ -125,6 +125,8 @@ export class NodeMap {
     if (band !== undefined) {
       drawShape(context, inner, band.class, color(band.class));
     } else if (isExamined) {
+      // What is healthy steps back behind what is not.
+      context.globalAlpha = 0.5;
       context.strokeStyle = color("pass");
       context.strokeRect(0.5, 0.5, inner - 1, inner - 1);
     }

@@ -24,10 +24,13 @@ class Page {
       document.getElementById("nodes").append(map.help, map.element);
     }
     upgradeLinks();
+    forgetPlaces();
     document.documentElement.classList.add("scripted");
     window.addEventListener("hashchange", () => this.readAddress());
     this.show();
     this.readAddress();
+    // When the page has been drawn.
+    setTimeout(() => this.search.prepare(), 500);
   }
 
   /** Shows what the address asks for; the name of another place on the page changes nothing. */
@@ -41,9 +44,7 @@ class Page {
     if (!isSame) {
       this.show();
     }
-    if (filter.issue !== 0) {
-      this.list.revealOpen();
-    } else if (formatFilter(filter) !== "") {
+    if (!this.list.revealOpen() && formatFilter(filter) !== "") {
       this.form.element.scrollIntoView();
     }
   }
@@ -90,6 +91,13 @@ function upgradeLinks() {
     } else {
       text.replaceWith(make("a", { href }, ...text.childNodes));
     }
+  }
+}
+
+/** Lets browsers look for no issue in what is hidden now, for that takes the focus from the list. */
+function forgetPlaces() {
+  for (const place of document.querySelectorAll(".static [id]")) {
+    place.removeAttribute("id");
   }
 }
 

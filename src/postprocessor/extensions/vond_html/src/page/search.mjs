@@ -7,6 +7,13 @@ export class Search {
     this.texts = null;
   }
 
+  /** Does what the first search for a word would have to wait for. */
+  prepare() {
+    this.nodes.numberOf("");
+    this.texts ??= this.report.issues.map(
+      (issue) => `${issue.id}\n${issue.message ?? ""}`.toLowerCase());
+  }
+
   /** Returns the places of the issues that a filter leaves, ascending from 0. */
   find(filter) {
     const tests = this.testsOf(filter);
@@ -55,8 +62,7 @@ export class Search {
 
   /** A word is found in the id, in the message, or as a node. */
   testOfWord(word) {
-    this.texts ??= this.report.issues.map(
-      (issue) => `${issue.id}\n${issue.message ?? ""}`.toLowerCase());
+    this.prepare();
     const part = word.toLowerCase();
     const numbers = this.nodes.matching(word);
     const hasNode = this.testOfNodes(numbers);
