@@ -1,5 +1,4 @@
-# What is installed is checked where users meet it. The CMakeLists.txt beside this file is an outside
-# project's, so that these tests are registered here.
+# What is installed is checked where users meet it.
 
 # A sanitized library asks for its runtime in every program that loads it, and such a build is nobody's
 # to install.
