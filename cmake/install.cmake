@@ -23,9 +23,6 @@ if(NOT VOND_HOST_LIBRARIES)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/report.schema.json
           DESTINATION ${CMAKE_INSTALL_DATADIR}/vond)
-  set(extension ${PROJECT_SOURCE_DIR}/examples/extension)
-  install(FILES ${extension}/CMakeLists.txt ${extension}/findings.jsonl ${extension}/vond_tickets.cpp
-          DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/extension)
   foreach(document IN ITEMS extensions json junit metrics outputs)
     install(FILES ${PROJECT_SOURCE_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
   endforeach()
@@ -34,6 +31,9 @@ if(NOT VOND_HOST_LIBRARIES)
   install(FILES ${nightly}/README.md ${nightly}/nightly.conf ${nightly}/vond-nightly.service
                 ${nightly}/vond-nightly.timer
           DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/nightly)
+  set(extension ${PROJECT_SOURCE_DIR}/examples/extension)
+  install(FILES ${extension}/CMakeLists.txt ${extension}/findings.jsonl ${extension}/vond_tickets.cpp
+          DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/extension)
 endif()
 
 install(EXPORT vond_targets
