@@ -11,17 +11,19 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/host/vond
 
 install(TARGETS vond_contract EXPORT vond_targets)
 set(VOND_PKGCONFIG_LIBS "")
+set(VOND_PKGCONFIG_NO_UNDEFINED "")
 if(NOT VOND_HOST_LIBRARIES)
   install(TARGETS vond-report)
   install(TARGETS vond_host_standalone EXPORT vond_targets)
   set(VOND_PKGCONFIG_LIBS "-L\${libdir} -lvond_host")
+  set(VOND_PKGCONFIG_NO_UNDEFINED "-Wl,--no-undefined")
   install(FILES ${PROJECT_SOURCE_DIR}/docs/vond-report.1
           DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${PROJECT_SOURCE_DIR}/completion/vond-report
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/report.schema.json
           DESTINATION ${CMAKE_INSTALL_DATADIR}/vond)
-  foreach(document IN ITEMS json junit metrics outputs)
+  foreach(document IN ITEMS extensions json junit metrics outputs)
     install(FILES ${PROJECT_SOURCE_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
   endforeach()
   set(nightly ${PROJECT_SOURCE_DIR}/examples/nightly)
@@ -29,6 +31,9 @@ if(NOT VOND_HOST_LIBRARIES)
   install(FILES ${nightly}/README.md ${nightly}/nightly.conf ${nightly}/vond-nightly.service
                 ${nightly}/vond-nightly.timer
           DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/nightly)
+  set(extension ${PROJECT_SOURCE_DIR}/examples/extension)
+  install(FILES ${extension}/CMakeLists.txt ${extension}/findings.jsonl ${extension}/vond_tickets.cpp
+          DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/extension)
 endif()
 
 install(EXPORT vond_targets
@@ -36,6 +41,11 @@ install(EXPORT vond_targets
   NAMESPACE vond::
   DESTINATION ${VOND_INSTALL_CMAKEDIR}
 )
+file(STRINGS ${PROJECT_SOURCE_DIR}/host/vond/contract.h VOND_CONTRACT_VERSION
+     REGEX "^#define VOND_CONTRACT_VERSION [0-9]+$")
+string(REGEX REPLACE ".* " "" VOND_CONTRACT_VERSION "${VOND_CONTRACT_VERSION}")
+configure_file(${PROJECT_SOURCE_DIR}/cmake/add_extension.cmake.in
+               ${PROJECT_BINARY_DIR}/add_extension.cmake @ONLY)
 configure_package_config_file(
   ${PROJECT_SOURCE_DIR}/cmake/vondConfig.cmake.in ${PROJECT_BINARY_DIR}/vondConfig.cmake
   INSTALL_DESTINATION ${VOND_INSTALL_CMAKEDIR}
@@ -44,11 +54,16 @@ configure_package_config_file(
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/vondConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/vondConfig.cmake ${PROJECT_BINARY_DIR}/vondConfigVersion.cmake
+              ${PROJECT_BINARY_DIR}/add_extension.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/link_extension.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/extension.map
         DESTINATION ${VOND_INSTALL_CMAKEDIR})
 
 # The way from the file to the prefix, so that the tree can be moved.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
            BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}/${VOND_INSTALL_PKGCONFIGDIR}
            OUTPUT_VARIABLE VOND_PREFIX_FROM_PKGCONFIGDIR)
+# The folder of the documents is often given whole.
+file(RELATIVE_PATH VOND_DOCDIR_FROM_PREFIX ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_DOCDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/vond.pc.in ${PROJECT_BINARY_DIR}/vond.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/vond.pc DESTINATION ${VOND_INSTALL_PKGCONFIGDIR})

@@ -1,5 +1,4 @@
-# What is installed is checked where users meet it. The CMakeLists.txt beside this file is an outside
-# project's, so that these tests are registered here.
+# What is installed is checked where users meet it.
 
 # A sanitized library asks for its runtime in every program that loads it, and such a build is nobody's
 # to install.
@@ -8,7 +7,7 @@ if(VOND_SANITIZERS)
 endif()
 
 # One at a time: all of them write the list of installed files, and one tests what the golden tests do.
-foreach(check IN ITEMS outside_project package tree)
+foreach(check IN ITEMS extensions_document outside_project package tree)
   add_test(NAME install.${check}
            COMMAND ${CMAKE_CURRENT_LIST_DIR}/check_${check} ${PROJECT_BINARY_DIR})
   set_tests_properties(install.${check} PROPERTIES

@@ -19,6 +19,18 @@ using SeverityBandTable = std::map<std::string, std::tuple<int, int, postprocess
 /// Lower bound, upper bound, severity and name of a band.
 using SeverityBand = std::tuple<int, int, postprocessor::Severity, std::string>;
 
+/// Returns the name of a band, "critical" for example. Lives as long as `band`.
+inline const std::string& band_name(const SeverityBand& band) { return std::get<3>(band); }
+
+/// Returns the three bands of the severity scale.
+inline SeverityBandTable standard_bands() {
+  return {
+      {"informational", {0, 24, postprocessor::Severity::INFORMATIONAL}},
+      {"warning", {25, 74, postprocessor::Severity::WARNING}},
+      {"critical", {75, 100, postprocessor::Severity::CRITICAL}},
+  };
+}
+
 /// Returns the rows of `table` in the order of reports: descending, so the worst band is first.
 inline std::vector<SeverityBand> descending_bands(const SeverityBandTable& table) {
   std::vector<SeverityBand> bands;

@@ -6,10 +6,6 @@
 namespace vond::vocabulary {
 
 /// Not constant: an inserting lookup of an unknown name adds a row of zeros to this file's copy.
-static SeverityBandTable SEVERITY_BANDS = {
-    {"informational", {0, 24, postprocessor::Severity::INFORMATIONAL}},
-    {"warning", {25, 74, postprocessor::Severity::WARNING}},
-    {"critical", {75, 100, postprocessor::Severity::CRITICAL}},
-};
+static SeverityBandTable SEVERITY_BANDS = standard_bands();
 
 }  // namespace vond::vocabulary

@@ -20,7 +20,7 @@ bool is_part_of_a_line(std::string_view name) {
 HtmlWriter& HtmlWriter::open(std::string_view name, Attributes attributes) {
   out_ << "<" << name;
   for (const auto& [key, value] : attributes) {
-    out_ << " " << key << "=\"" << vond::extension::markup_text(value) << "\"";
+    out_ << " " << key << "=\"" << vond::extension::html_escape(value) << "\"";
   }
   out_ << ">";
   open_.push_back(name);
@@ -35,7 +35,7 @@ HtmlWriter& HtmlWriter::close() {
 }
 
 HtmlWriter& HtmlWriter::text(std::string_view text) {
-  out_ << vond::extension::markup_text(text);
+  out_ << vond::extension::html_escape(text);
   return *this;
 }
 

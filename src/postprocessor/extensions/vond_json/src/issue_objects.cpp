@@ -1,15 +1,14 @@
 #include "issue_objects.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "node_lists.h"
 #include "vond/extension/issue_order.h"
 #include "vond/extension/node_summaries.h"
+#include "vond/extension/related_issues.h"
 #include "vond/extension/utc_time.h"
 #include "vond/extension/words.h"
 #include "vond/facts/run_facts.h"
@@ -40,7 +39,7 @@ void write_heading(JsonWriter& json, const CollapsedAnalysisOutput& issue, const
   json.key("id").value(issue.get_id());
   json.key("type").value(vond::extension::type_word(heading.type));
   json.key("severity").value(facts::severity(issue));
-  json.key("band").value(std::get<3>(heading.band));
+  json.key("band").value(vond::vocabulary::band_name(heading.band));
   json.key("contributes_to_fail").value(heading.fails);
 }
 
@@ -63,14 +62,11 @@ void write_nodes(JsonWriter& json, const CollapsedAnalysisOutput& issue) {
 
 void write_related(JsonWriter& json, const CollapsedAnalysisOutput& issue, Type type,
                    const IssueNumbers& numbers) {
-  std::vector<std::size_t> related;
-  if (const auto found = issue.related_issues.find(type); found != issue.related_issues.end()) {
-    for (const auto& other : found->second) {
-      related.push_back(numbers.of(other.get()));
-    }
+  json.begin_array();
+  for (const auto* related : vond::extension::related_issues(issue, type, numbers)) {
+    json.value(numbers.of(related));
   }
-  std::sort(related.begin(), related.end());
-  json.array(related);
+  json.end_array();
 }
 
 void write_values(JsonWriter& json, const facts::Place& place) {

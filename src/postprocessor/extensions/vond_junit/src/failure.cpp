@@ -49,7 +49,8 @@ Failure Failures::of(const TestCase& test) {
   const auto add = [&](const vond::extension::Issue& issue,
                        const vond::vocabulary::SeverityBand& band,
                        vond::postprocessor::TypeCode type, bool fails) {
-    issues.add(issues.has_room() ? line_.format(*issue, std::get<3>(band), type) : "");
+    issues.add(issues.has_room() ? line_.format(*issue, vond::vocabulary::band_name(band), type)
+                                 : "");
     if (fails) {
       contributing.add(*issue);
     }
@@ -68,7 +69,7 @@ Failure Failures::of(const TestCase& test) {
 std::string Failures::type_of(const TestCase& test) const {
   const auto descending = vond::vocabulary::descending_bands(bands_);
   return test.worst_band < descending.size()
-             ? vond::str::upper(std::get<3>(descending[test.worst_band]))
+             ? vond::str::upper(vond::vocabulary::band_name(descending[test.worst_band]))
              : "FAIL";
 }
 

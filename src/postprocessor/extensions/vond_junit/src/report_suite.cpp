@@ -61,10 +61,11 @@ ReportSuite::ReportSuite(const vond::postprocessor::PostprocessorExtensionData& 
       return;
     }
     if (worst_band_.empty()) {
-      worst_band_ = vond::str::upper(std::get<3>(band));
+      worst_band_ = vond::str::upper(vond::vocabulary::band_name(band));
     }
     contributing_.add(*issue);
-    unassigned_.add(unassigned_.has_room() ? line.format(*issue, std::get<3>(band), type) : "");
+    unassigned_.add(
+        unassigned_.has_room() ? line.format(*issue, vond::vocabulary::band_name(band), type) : "");
   };
   vond::extension::for_each_issue(data, bands, add);
 }

@@ -3,22 +3,21 @@
 
 #include "vond/extension/issue_order.h"
 #include "vond/extension/node_summaries.h"
+#include "vond/extension/one_line.h"
 #include "vond/extension/statement.h"
-#include "vond/extension/text.h"
 #include "vond/extension/words.h"
 #include "vond/facts/run_facts.h"
 #include "vond/host_api.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 #include "vond/postprocessor/string_interface.h"
-#include "vond/vocabulary/severity_bands.h"
+#include "vond/vocabulary/severity_band_table.h"
 
 namespace vond_list {
 
-using vond::extension::as_field;
 using vond::extension::Issue;
+using vond::extension::one_line;
 using vond::extension::StatementWriter;
 using vond::postprocessor::TypeCode;
-using vond::vocabulary::SEVERITY_BANDS;
 using vond::vocabulary::SeverityBand;
 
 /// A line an issue, in the order of the report: band, type, id, number of nodes, nodes, message,
@@ -34,9 +33,9 @@ class List : public vond::postprocessor::PostprocessorExtension {
   int run() override {
     StatementWriter output;
     vond::extension::for_each_issue(
-        data, SEVERITY_BANDS,
-        [&](const Issue& issue, const SeverityBand& band, TypeCode type, bool /*fails*/) {
-          write_line(output, *issue, std::get<3>(band), vond::extension::type_word(type));
+        data, [&](const Issue& issue, const SeverityBand& band, TypeCode type, bool /*fails*/) {
+          write_line(output, *issue, vond::vocabulary::band_name(band),
+                     vond::extension::type_word(type));
         });
     output.finish();
     return 0;
@@ -47,10 +46,9 @@ class List : public vond::postprocessor::PostprocessorExtension {
                   const vond::postprocessor::CollapsedAnalysisOutput& issue, std::string_view band,
                   std::string_view type) {
     const std::string message = issue.outputs.empty() ? "" : issue.outputs[0]->message;
-    output << band << "\t" << type << "\t" << as_field(issue.get_id()) << "\t"
+    output << band << "\t" << type << "\t" << one_line(issue.get_id()) << "\t"
            << std::to_string(vond::extension::count_distinct_nodes(issue)) << "\t"
-           << as_field(vond::extension::folded_nodes(issue, host_)) << "\t"
-           << as_field(host_.remove_endl(message));
+           << one_line(vond::extension::folded_nodes(issue, host_)) << "\t" << one_line(message);
     if (const auto change = vond::facts::change(issue)) {
       output << "\t" << change->change;
     }

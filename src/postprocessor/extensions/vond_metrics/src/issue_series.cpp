@@ -29,7 +29,7 @@ WorstIssues::WorstIssues(const vond::postprocessor::PostprocessorExtensionData& 
                                 vond::postprocessor::TypeCode type, bool /*fails*/) {
     const std::string id = label_text(UtilityFunctions::get_usable_id(issue->get_id()));
     if (takes(id)) {
-      add(*issue, {id, std::get<3>(band), type});
+      add(*issue, {id, vond::vocabulary::band_name(band), type});
     }
   };
   vond::extension::for_each_issue(data, bands, add_issue);

@@ -75,7 +75,7 @@ int CountBlock::print(const Fwd& fwd, std::string& text) const {
 
 int CountBlock::format(const Fwd& fwd, std::string& count_text, std::string& text) const {
   for (const SeverityBand& band : descending_bands(bands_)) {
-    text = vond::str::upper(std::get<3>(band));
+    text = vond::str::upper(vond::vocabulary::band_name(band));
     if (line_.append(count_text, text, counts_of(fwd, band)) == 1) {
       return 1;
     }

@@ -23,7 +23,7 @@ int DefinitionDetails::print(const vond::Fwd& fwd, const std::string& child_pref
   IssueList diagnoses;
   IssueList observations;
   for (const SeverityBand& band : bands) {
-    const std::string& name = std::get<3>(band);
+    const std::string& name = vond::vocabulary::band_name(band);
     const auto find = [&](IssueList& found, unsigned char type_code) {
       const IssueList* entry = issues == nullptr ? nullptr : lookup.find(*issues, name, type_code);
       if (entry != nullptr) {

@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/records.h"
-#include "vond/extension/text.h"
 #include "vond/extension/words.h"
 #include "vond/vocabulary/severity_bands.h"
 
 namespace {
 
-using vond::extension::as_field;
 using vond::extension::IssueNumbers;
 using vond::extension::status_word;
 using vond::extension::type_word;
@@ -50,6 +48,42 @@ TEST(IssueNumbers, AnIssueThatIsFiledTwiceHasOneNumberAndAStrangerNone) {
   EXPECT_EQ(numbers.of(nullptr), 0U);
 }
 
+TEST(IssueNumbers, KnowWhereAnIssueStands) {
+  auto data = vond::test::make_record();
+  const auto failing = make_issue({.id = "failing"});
+  const auto passing = make_issue({.id = "passing"});
+  add_issue(data, static_cast<unsigned>(Severity::CRITICAL) | FAIL_BIT, failing);
+  add_issue(data, static_cast<unsigned>(Severity::WARNING) | vond::postprocessor::MISSING_DATA,
+            passing);
+  const IssueNumbers numbers(data);
+  const auto* place = numbers.place_of(failing.get());
+  ASSERT_NE(place, nullptr);
+  EXPECT_EQ(place->number, 1U);
+  EXPECT_EQ(place->band, "critical");
+  EXPECT_EQ(place->type, vond::postprocessor::DIAGNOSES);
+  EXPECT_TRUE(place->fails);
+  place = numbers.place_of(passing.get());
+  ASSERT_NE(place, nullptr);
+  EXPECT_EQ(place->number, 2U);
+  EXPECT_EQ(place->band, "warning");
+  EXPECT_EQ(place->type, vond::postprocessor::MISSING_DATA);
+  EXPECT_FALSE(place->fails);
+}
+
+TEST(IssueNumbers, AnIssueThatIsFiledTwiceStandsWhereItIsFirst) {
+  auto data = vond::test::make_record();
+  const auto twice = make_issue({.id = "twice"});
+  add_issue(data, static_cast<unsigned>(Severity::WARNING), twice);
+  add_issue(data, static_cast<unsigned>(Severity::CRITICAL), twice);
+  EXPECT_EQ(IssueNumbers(data).place_of(twice.get())->band, "critical");
+}
+
+TEST(IssueNumbers, KnowNoPlaceOfAStranger) {
+  const IssueNumbers numbers(vond::test::make_record());
+  EXPECT_EQ(numbers.place_of(make_issue({.id = "stranger"}).get()), nullptr);
+  EXPECT_EQ(numbers.place_of(nullptr), nullptr);
+}
+
 TEST(Words, AreThoseOfFindings) {
   EXPECT_EQ(type_word(vond::postprocessor::DIAGNOSES), "diagnosis");
   EXPECT_EQ(type_word(vond::postprocessor::OBSERVATIONS), "observation");
@@ -63,11 +97,6 @@ TEST(Words, OfADefinitionThatIsSkippedDoNotTellWhetherItPassed) {
   EXPECT_EQ(status_word(definition), "PASS");
   definition.skipped = true;
   EXPECT_EQ(status_word(definition), "SKIPPED");
-}
-
-TEST(Fields, HoldNeitherTabsNorLineEndsNorOtherControlCharacters) {
-  EXPECT_EQ(as_field("a\tb\nc\rd\x1b[0m\x7f"), "a b c d [0m ");
-  EXPECT_EQ(as_field("caf\xC3\xA9"), "caf\xC3\xA9");
 }
 
 }  // namespace

@@ -62,6 +62,18 @@ TEST(IssueOrder, OfAnIndexIsThatOfItsRecord) {
   EXPECT_EQ(ids.back(), "2");
 }
 
+TEST(IssueOrder, NeedsNoTableForTheBandsOfTheScale) {
+  const Data data = make_record_with_all_masks();
+  Texts texts;
+  for_each_issue(data,
+                 [&texts](const auto& issue, const auto& band, auto /*type*/, bool /*fails*/) {
+                   texts.push_back(issue->get_id() + " " + vocabulary::band_name(band));
+                 });
+  ASSERT_EQ(texts.size(), 18U);
+  EXPECT_EQ(texts.front(), "24 critical");
+  EXPECT_EQ(texts.back(), "2 informational");
+}
+
 TEST(IssueOrder, KeepsTheOrderOfAListAndItsRepetitionsAndLeavesEmptyEntriesOut) {
   Data data = make_record();
   const Issue twice = make_issue({.id = "z"});

@@ -11,8 +11,8 @@ namespace vond::extension {
 /// filed, in the order of the report: those that contribute to FAIL first, the worst band first,
 /// and within a band diagnoses, observations, missing data. Entries without an issue are left out.
 ///
-/// The arguments are a `const Issue&`, a `const vocabulary::SeverityBand&`, a
-/// `postprocessor::TypeCode` and a `bool`. `bands` is the severity band table of the caller's file.
+/// The arguments are a `const Issue&`, a `const vocabulary::SeverityBand&` that lives as long as
+/// the call, a `postprocessor::TypeCode` and a `bool`.
 template <typename Visit>
 void for_each_issue(const postprocessor::IssuesByMask& index,
                     const vocabulary::SeverityBandTable& bands, Visit visit) {
@@ -43,6 +43,16 @@ void for_each_issue(const postprocessor::PostprocessorExtensionData& data,
   if (data.issues_by_mask) {
     for_each_issue(*data.issues_by_mask, bands, visit);
   }
+}
+
+/// The same with the bands of the severity scale.
+///
+///     for_each_issue(data, [](const Issue& issue, const auto& band, TypeCode type, bool fails) {
+///       write(vocabulary::band_name(band) + " " + issue->get_id() + "\n");
+///     });
+template <typename Visit>
+void for_each_issue(const postprocessor::PostprocessorExtensionData& data, Visit visit) {
+  for_each_issue(data, vocabulary::standard_bands(), visit);
 }
 
 }  // namespace vond::extension

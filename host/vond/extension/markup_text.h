@@ -40,8 +40,8 @@ inline std::string_view markup_reference(char32_t value) {
 
 /// Returns `text` as it stands between tags of XML and HTML, or between quotes in a tag of HTML.
 /// What XML 1.0 forbids, control characters other than tabs and line feeds, noncharacters, and
-/// bytes that are not UTF-8 become U+FFFD.
-inline std::string markup_text(std::string_view text) {
+/// bytes that are not UTF-8 become U+FFFD. Line feeds stay; one_line() takes them out.
+inline std::string html_escape(std::string_view text) {
   std::string markup;
   markup.reserve(text.size());
   for_each_code_point(text, [&markup](char32_t value, std::string_view bytes) {
