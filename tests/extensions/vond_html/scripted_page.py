@@ -409,7 +409,7 @@ class NodeMapTest(ScriptedPageCase):
     def test_what_nobody_looked_at_is_hatched_and_never_green(self):
         self.open("silent")
         clean, silent = self.colors_of(0, 18, 19), self.colors_of(20, 18, 19)
-        is_green = lambda color: color[1] > color[0] + 30 and color[1] > color[2] + 30
+        is_green = lambda color: color[1] > color[0] + 20 and color[1] > color[2] + 20
         self.assertTrue(any(is_green(color) for color in clean))
         self.assertFalse(any(is_green(color) for color in silent))
         self.assertGreater(len(silent), 2)
