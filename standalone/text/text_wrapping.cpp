@@ -41,7 +41,6 @@ class TextWrapper {
         short_line_size_(width_ == 0 ? std::numeric_limits<std::size_t>::max()
                                      : std::max(width_, LEAST_ROOM)) {
     layout_.splits_words = options.splits_words;
-    continue_at(indent_columns_);
   }
 
   std::string wrap(std::string_view text) {
@@ -87,9 +86,7 @@ class TextWrapper {
       output_ += words;
       return;
     }
-    if (options_.label_end) {
-      continue_at(continuation_column(line, column));
-    }
+    continue_at(options_.label_end ? continuation_column(line, column) : indent_columns_);
     fill_rows(words, printable_ascii, room, layout_, output_);
   }
 
