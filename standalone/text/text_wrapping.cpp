@@ -36,7 +36,8 @@ class TextWrapper {
  public:
   explicit TextWrapper(const WrapOptions& options)
       : options_(options),
-        indent_columns_(count_columns(options.indent)),
+        indent_columns_(is_printable_ascii(options.indent) ? options.indent.size()
+                                                           : count_columns(options.indent)),
         width_(static_cast<std::size_t>(std::max(options.width, 0))),
         short_line_size_(width_ == 0 ? std::numeric_limits<std::size_t>::max()
                                      : std::max(width_, LEAST_ROOM)) {
