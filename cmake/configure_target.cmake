@@ -19,3 +19,13 @@ function(vond_configure_target target)
     set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY ${VOND_CLANG_TIDY_PROGRAM})
   endif()
 endfunction()
+
+# vond_look_for_libraries(TARGET PATH): TARGET looks for libraries in PATH, where they are installed, and
+# beside itself, where they are built. One path for both: CMake ends one that it is going to replace with
+# an empty entry, which is the current folder.
+function(vond_look_for_libraries target path)
+  set_target_properties(${target} PROPERTIES
+    INSTALL_RPATH "${path};$ORIGIN"
+    BUILD_WITH_INSTALL_RPATH ON
+  )
+endfunction()

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,7 +16,7 @@ class FindingParser;
 
 /// Recognises a line that equals an earlier one but for its node, its row id and the values in its
 /// texts: a check says the same of node after node, and such a line need not be parsed. Remembers a
-/// fixed number of lines, which it finds by how they begin.
+/// fixed number of lines, which it finds by how they begin, whatever node is named there.
 class RepeatedFindings {
  public:
   RepeatedFindings();
@@ -41,9 +42,12 @@ class RepeatedFindings {
     unsigned patience = 1;
   };
 
+  std::optional<std::uint64_t> hash_of_beginning(std::string_view line) const;
   Slot& slot_of(std::uint64_t beginning);
 
   std::vector<Slot> slots_;
+  /// Whether a line had its node where lines begin. Most inputs have none, and are not searched.
+  bool nodes_come_early_ = false;
   std::uint64_t last_number_ = Finding::UNKNOWN_WORDING;
 };
 

@@ -36,12 +36,12 @@ class TextWrapper {
  public:
   explicit TextWrapper(const WrapOptions& options)
       : options_(options),
-        indent_columns_(count_columns(options.indent)),
+        indent_columns_(is_printable_ascii(options.indent) ? options.indent.size()
+                                                           : count_columns(options.indent)),
         width_(static_cast<std::size_t>(std::max(options.width, 0))),
         short_line_size_(width_ == 0 ? std::numeric_limits<std::size_t>::max()
                                      : std::max(width_, LEAST_ROOM)) {
     layout_.splits_words = options.splits_words;
-    continue_at(indent_columns_);
   }
 
   std::string wrap(std::string_view text) {
@@ -87,9 +87,7 @@ class TextWrapper {
       output_ += words;
       return;
     }
-    if (options_.label_end) {
-      continue_at(continuation_column(line, column));
-    }
+    continue_at(options_.label_end ? continuation_column(line, column) : indent_columns_);
     fill_rows(words, printable_ascii, room, layout_, output_);
   }
 

@@ -100,38 +100,69 @@ inline std::size_t count_distinct_nodes(const postprocessor::CollapsedAnalysisOu
   return distinct.count();
 }
 
-/// How a report shows the nodes of issues. A report shows an issue in its section and under each of
-/// its definitions; what that needs of its nodes is worked out once, when it is first asked for.
-/// Issues must neither change nor go while this lives, which is one report or one part of it.
-class NodeSummaries {
+/// How a report shows the nodes of one issue, worked out when it is first asked for.
+class NodeSummary {
  public:
   /// Returns on how many distinct nodes the issue was found.
   std::size_t count(const postprocessor::CollapsedAnalysisOutput& issue) {
-    std::optional<std::size_t>& count = summaries_[&issue].count;
-    if (!count) {
-      count = count_distinct_nodes(issue);
+    if (!count_) {
+      count_ = count_distinct_nodes(issue);
     }
-    return *count;
+    return *count_;
   }
 
   /// Returns the nodes of all outputs as `host` writes them.
   const std::string& text(const postprocessor::CollapsedAnalysisOutput& issue,
                           postprocessor::StringInterface& host) {
-    std::optional<std::string>& text = summaries_[&issue].text;
-    if (!text) {
+    if (!text_) {
       auto lists = node_lists(issue);
-      text = host.get_node_string(lists);
+      text_ = host.get_node_string(lists);
     }
-    return *text;
+    return *text_;
   }
 
  private:
-  struct Summary {
-    std::optional<std::size_t> count;
-    std::optional<std::string> text;
-  };
+  std::optional<std::size_t> count_;
+  std::optional<std::string> text_;
+};
 
+/// Something about each issue that it is asked for, empty at first. A report shows an issue in its
+/// section and under each of its definitions; what that needs is worked out once. Issues must
+/// neither change nor go while this lives, which is one report or one part of it.
+template <typename Summary>
+class SummaryByIssue {
+ public:
+  Summary& operator[](const postprocessor::CollapsedAnalysisOutput& issue) {
+    // What stands far away in memory is asked for several times in a row.
+    if (last_issue_ != &issue) {
+      last_ = &summaries_[&issue];
+      last_issue_ = &issue;
+    }
+    return *last_;
+  }
+
+ private:
   std::unordered_map<const postprocessor::CollapsedAnalysisOutput*, Summary> summaries_;
+  const postprocessor::CollapsedAnalysisOutput* last_issue_ = nullptr;
+  Summary* last_ = nullptr;
+};
+
+/// How a report shows the nodes of its issues.
+class NodeSummaries {
+ public:
+  /// Returns on how many distinct nodes the issue was found.
+  std::size_t count(const postprocessor::CollapsedAnalysisOutput& issue) {
+    return summaries_[issue].count(issue);
+  }
+
+  /// Returns the nodes of all outputs as `host` writes them.
+  const std::string& text(const postprocessor::CollapsedAnalysisOutput& issue,
+                          postprocessor::StringInterface& host) {
+    return summaries_[issue].text(issue, host);
+  }
+
+ private:
+  SummaryByIssue<NodeSummary> summaries_;
 };
 
 }  // namespace vond::extension

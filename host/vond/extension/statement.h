@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -8,8 +10,19 @@
 
 namespace vond::extension {
 
-/// Writes one statement without colour; an empty text reaches no destination.
-inline void write(const std::string& text) { log::OutputLog(log::OutputLog::NONE) << text; }
+/// Writes one statement without colour, as `OutputLog(NONE) << text` does; an empty text reaches no
+/// destination. An exception in here ends the program.
+inline void write(const std::string& text) noexcept {
+  // To make a stream takes longer than to write most statements.
+  static std::stringstream statement;
+  if (!log::OutputLog::singleton_obj) {
+    log::OutputLog::singleton_obj = std::make_unique<log::OutputLog::OutputLogStream>();
+  }
+  statement.str(std::string());
+  statement.clear();
+  statement << text;
+  log::OutputLog::singleton_obj->flush(statement);
+}
 
 /// Collects a long text and writes it in statements of a size that keeps memory small and spares
 /// the cost of many. What is left is written by finish(), which has to be called: a text that a

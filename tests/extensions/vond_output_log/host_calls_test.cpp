@@ -111,6 +111,14 @@ TEST_F(HostCallsTest, ReportAsksForTheNodesOfAnIssueOnce) {
   EXPECT_EQ(host().calls["get_node_string"], 2);
 }
 
+TEST_F(HostCallsTest, ReportAsksForTheObservationsOfADiagnosisOnce) {
+  EXPECT_EQ(run(make_record_with_issues()), 0);
+  // It stands in the section and under the definition.
+  EXPECT_EQ(host().calls["get_usable_id"], 1);
+  const std::string line = "Based on Observations: usable O";
+  EXPECT_NE(output.text().find(line), output.text().rfind(line));
+}
+
 TEST_F(HostCallsTest, TreeWrapsItsHeadingToTheLineWidthWithoutIndent) {
   Data data = make_record();
   data.line_width = 72;

@@ -55,6 +55,13 @@ TEST_F(ExtensionsTest, TheTextReportIsFoundInItsInstalledPlace) {
   EXPECT_EQ(Command({findings}).program(copy_program()).run().output, report);
 }
 
+TEST_F(ExtensionsTest, NoLibraryIsTakenFromTheCurrentFolder) {
+  for (const char* name : {"libstdc++.so.6", "libgcc_s.so.1", "libvond_host.so.1"}) {
+    fs::copy_file(PRINTS_A_LINE_PATH, folder / name);
+  }
+  EXPECT_EQ(Command({findings}).in_folder(folder.path()).run().output, report);
+}
+
 TEST_F(ExtensionsTest, TheTextReportIsNeverTakenFromTheCurrentFolder) {
   fs::copy_file(PRINTS_A_LINE_PATH, folder / "vond_output_log.so");
   EXPECT_EQ(Command({findings}).in_folder(folder.path()).run().output, report);

@@ -164,6 +164,59 @@ TEST(RepeatedFindings, MayHaveAnyForm) {
   }
 }
 
+TEST(RepeatedFindings, AreRecognisedWhereTheirNodeComesFirst) {
+  const std::string rest = R"("severity":1,"message":"The same of every node."})";
+  const Texts forms = {
+      R"({"nodes":["%"],"id":"fan",)" + rest,
+      R"({"nodes": "%", "id":"fan",)" + rest,
+      R"({ "nodes" : [ "%" ] , "row_ids":[1],"id":"fan",)" + rest,
+      R"({"id":"fan","nodes":["%"],)" + rest,
+      R"({"x-nodes":"%","nodes":["%"],"id":"fan",)" + rest,
+  };
+  for (const std::string& form : forms) {
+    Texts lines;
+    for (const char* node : {"n1", "cn0002", "n3.example", "n4"}) {
+      lines.push_back(filled(form, node, ""));
+    }
+    const Reading reading = read(joined(lines));
+    EXPECT_EQ(reading.findings, read_one_by_one(lines).findings) << form;
+    EXPECT_EQ(reading.recognised(), form.find('x') == std::string::npos ? 2U : 0U) << form;
+  }
+}
+
+TEST(RepeatedFindings, AreToldApartBehindTheirNode) {
+  Texts lines;
+  for (const char* node : {"n1", "n22", "n333"}) {
+    for (const char* id : {"fan", "psu", "dimm"}) {
+      lines.push_back(std::string(R"({"nodes":[")") + node + R"("],"id":")" + id +
+                      R"(","severity":1,"message":"The same of every check."})");
+      lines.push_back(std::string(R"({"id":")") + id + R"(","nodes":[")" + node +
+                      R"("],"severity":2,"message":"The same of every check."})");
+    }
+  }
+  const Reading reading = read(joined(lines));
+  EXPECT_EQ(reading.findings, read_one_by_one(lines).findings);
+  // Twice each but for the first of all, which was read when nobody looked for nodes.
+  EXPECT_EQ(reading.recognised(), 6U);
+}
+
+TEST(RepeatedFindings, MayEndRightBehindTheirNode) {
+  const Texts lines = {
+      R"({"id":"a-check-with-a-name","severity":1,"nodes":"n1)",
+      R"({"id":"a-check-with-a-name","severity":1,"nodes":)",
+      R"({"id":"a-check-with-a-name","severity":1,"nodes")",
+      R"({"nodes":["n1"],"id":"a","severity":1,"message":"The same of every check."})",
+      R"({"nodes":["n1"],"id":"a","severity":1})",
+      R"({"nodes":["n1"],"id":"a","severity":1,"message":"The same of every check."})",
+      R"({"nodes":[],"id":"a","severity":1,"message":"The same of every check, mostly."})",
+      R"({"id":"a-check-with-a-name","severity":1,"nodes":"n1)",
+      R"({"id":"a-check-with-a-name","severity":1,"nodes":"n1"})",
+  };
+  const Reading reading = read(joined(lines));
+  EXPECT_EQ(reading.findings, read_one_by_one(lines).findings);
+  EXPECT_EQ(reading.errors, read_one_by_one(lines).errors);
+}
+
 TEST(RepeatedFindings, AreOnlyThoseThatDifferInOneNodeAndOneRowId) {
   const Texts others = {
       R"({"id":"two-nodes","severity":1,"message":"aaaaaaaaaaaaaa","nodes":["%","n9"]})",

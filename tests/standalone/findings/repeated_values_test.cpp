@@ -262,7 +262,7 @@ class LineSource {
   void draw_form() {
     message_ = draw_text();
     remedy_ = draw_text();
-    node_is_first_ = random_() % 3 == 0;
+    node_place_ = random_() % 4;
   }
 
   std::string draw_line() {
@@ -272,10 +272,11 @@ class LineSource {
       node_ = one_of({"login", "login.site", "at", "12", "7.example", "a.b1", ".x1", "x:1", "n1.",
                       "a(1", "n=1", "Jan", "n1:", "5"});
     }
-    const std::string node = R"(,"nodes":[")" + node_ + "\"]";
-    return R"({"id":"a-check-with-a-name","severity":50)" + (node_is_first_ ? node : "") +
-           R"(,"category":"c","message":")" + filled(message_) + R"(","remedy":")" +
-           filled(remedy_) + "\"" + (node_is_first_ ? "" : node) + R"(,"row_ids":[)" +
+    const std::string node = R"("nodes":[")" + node_ + "\"],";
+    const auto node_at = [&](unsigned place) { return place == node_place_ ? node : ""; };
+    return "{" + node_at(0) + R"("id":"a-check-with-a-name","severity":50,)" + node_at(1) +
+           R"("category":"c","message":")" + filled(message_) + R"(","remedy":")" +
+           filled(remedy_) + "\"," + node_at(2) + node_at(3) + R"("row_ids":[)" +
            std::to_string(random_() % 1000) + "]}";
   }
 
@@ -319,7 +320,8 @@ class LineSource {
   std::string message_;
   std::string remedy_;
   std::string node_;
-  bool node_is_first_ = false;
+  /// Before the id, before the texts or behind them.
+  unsigned node_place_ = 0;
 };
 
 TEST(RepeatedValues, AreThoseOfEveryLineReadAlone) {

@@ -18,7 +18,7 @@ int DefinitionDetails::print(const vond::Fwd& fwd, const std::string& child_pref
     return 1;
   }
   const BandLookup lookup(bands_, data_.fail_threshold);
-  DetailBlock block(strings_, nodes_, child_prefix, width, text);
+  DetailBlock block(strings_, summaries_, child_prefix, width, text);
   const auto bands = descending_bands(bands_);
   IssueList diagnoses;
   IssueList observations;

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "issue_summaries.h"
 #include "vond/extension/issues_by_definition.h"
-#include "vond/extension/node_summaries.h"
 #include "vond/fwd.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
@@ -17,9 +17,8 @@ class DefinitionDetails {
  public:
   DefinitionDetails(const vond::postprocessor::PostprocessorExtensionData& data,
                     vond::vocabulary::SeverityBandTable& bands,
-                    vond::postprocessor::StringInterface& strings,
-                    vond::extension::NodeSummaries& nodes)
-      : data_(data), bands_(bands), strings_(strings), nodes_(nodes), issues_(data) {}
+                    vond::postprocessor::StringInterface& strings, IssueSummaries& summaries)
+      : data_(data), bands_(bands), strings_(strings), summaries_(summaries), issues_(data) {}
 
   /// Writes the details of one definition's issues. Every line begins with `child_prefix`; `text`
   /// is scratch. Returns 0, or 1 as soon as something fails; what is written by then stays.
@@ -29,7 +28,7 @@ class DefinitionDetails {
   const vond::postprocessor::PostprocessorExtensionData& data_;
   vond::vocabulary::SeverityBandTable& bands_;
   vond::postprocessor::StringInterface& strings_;
-  vond::extension::NodeSummaries& nodes_;
+  IssueSummaries& summaries_;
   vond::extension::IssuesByDefinition issues_;
 };
 

@@ -42,8 +42,8 @@ int DetailBlock::print_group(const IssueList& issues, bool is_diagnosis) {
   const std::string body_indent = prefix_ + blanks(3 + digits - 1);
   const std::string spacer = label_spacer(is_diagnosis);
   const LabelColumn column(body_indent, spacer, width_);
-  const DetailHeader header(nodes_, prefix_);
-  DetailBody body(strings_, nodes_, column, buffer_);
+  const DetailHeader header(summaries_, prefix_);
+  DetailBody body(strings_, summaries_, column, buffer_);
   int ordinal = 0;
   for (const auto& issue : issues) {
     ++ordinal;

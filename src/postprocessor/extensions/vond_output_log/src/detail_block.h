@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "vond/extension/node_summaries.h"
+#include "issue_summaries.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
 
@@ -13,9 +13,9 @@ class DetailBlock {
  public:
   /// Every line begins with `prefix`. `buffer` takes each header and each body before it is
   /// written, and holds the last of them.
-  DetailBlock(vond::postprocessor::StringInterface& strings, vond::extension::NodeSummaries& nodes,
+  DetailBlock(vond::postprocessor::StringInterface& strings, IssueSummaries& summaries,
               const std::string& prefix, int width, std::string& buffer)
-      : strings_(strings), nodes_(nodes), prefix_(prefix), width_(width), buffer_(buffer) {}
+      : strings_(strings), summaries_(summaries), prefix_(prefix), width_(width), buffer_(buffer) {}
 
   /// Writes the band's heading, its diagnoses and its observations; nothing when there are none.
   /// Returns 0 or 1.
@@ -28,7 +28,7 @@ class DetailBlock {
 
  private:
   vond::postprocessor::StringInterface& strings_;
-  vond::extension::NodeSummaries& nodes_;
+  IssueSummaries& summaries_;
   const std::string& prefix_;
   int width_;
   std::string& buffer_;

@@ -1,14 +1,10 @@
 #include "detail_body.h"
 
-#include <utility>
-
 #include "layout.h"
-#include "vond/extension/related_issues.h"
 #include "vond/str/string_functions.h"
 
 namespace vond_output_log {
 
-using vond::extension::usable_related_ids;
 using vond::postprocessor::CollapsedAnalysisOutput;
 using vond::postprocessor::Type;
 
@@ -20,23 +16,6 @@ constexpr std::string_view OBSERVATION_REFERENCE = "Diagnoses:";
 
 constexpr std::string_view reference_label(bool is_diagnosis) {
   return is_diagnosis ? DIAGNOSIS_REFERENCE : OBSERVATION_REFERENCE;
-}
-
-/// Returns the ids of what an issue is related to, one string, empty if there is none.
-std::string related_ids(CollapsedAnalysisOutput& issue, bool is_diagnosis) {
-  std::string ids;
-  if (is_diagnosis) {
-    for (const std::string& id : usable_related_ids(issue, Type::OBSERVATION)) {
-      ids.append(id).append(", ");
-    }
-  } else {
-    // As they are and in the order of the set, neither made presentable nor sorted, unlike the
-    // observations of a diagnosis; that is wanted.
-    for (const auto& diagnosis : issue.related_issues[Type::DIAGNOSIS]) {
-      ids.append(diagnosis->get_id()).append(", ");
-    }
-  }
-  return vond::str::rstrip(std::move(ids), ", ");
 }
 
 }  // namespace
@@ -55,7 +34,7 @@ int DetailBody::format(CollapsedAnalysisOutput& issue, bool is_diagnosis) {
     return 1;
   }
   // An issue on no nodes has this line too; that is wanted.
-  if (has_outputs && append("Nodes:", nodes_.text(issue, strings_)) == 1) {
+  if (has_outputs && append("Nodes:", summaries_.nodes(issue, strings_)) == 1) {
     return 1;
   }
   return append_related(issue, is_diagnosis);
@@ -76,7 +55,8 @@ int DetailBody::append(std::string_view label, const std::string& text) {
   if (column_.format(segment, std::string(label), text) == 1) {
     return 1;
   }
-  buffer_ += "\n" + segment;
+  buffer_ += '\n';
+  buffer_ += segment;
   return 0;
 }
 
@@ -84,7 +64,12 @@ int DetailBody::append_related(CollapsedAnalysisOutput& issue, bool is_diagnosis
   if (issue.related_issues[is_diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS].empty()) {
     return 0;
   }
-  return append(reference_label(is_diagnosis), related_ids(issue, is_diagnosis));
+  // The diagnoses of an observation are neither made presentable nor sorted, unlike the
+  // observations of a diagnosis; that is wanted.
+  return append(
+      reference_label(is_diagnosis),
+      vond::str::rstrip(
+          is_diagnosis ? summaries_.observations_of(issue) : summaries_.diagnoses_of(issue), ", "));
 }
 
 }  // namespace vond_output_log

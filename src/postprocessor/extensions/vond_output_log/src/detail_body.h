@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "issue_summaries.h"
 #include "label_column.h"
-#include "vond/extension/node_summaries.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/string_interface.h"
 
@@ -17,9 +17,9 @@ std::string label_spacer(bool is_diagnosis);
 /// The labelled lines of an issue in the tree section. What it is made of must outlive it.
 class DetailBody {
  public:
-  DetailBody(vond::postprocessor::StringInterface& strings, vond::extension::NodeSummaries& nodes,
+  DetailBody(vond::postprocessor::StringInterface& strings, IssueSummaries& summaries,
              const LabelColumn& column, std::string& buffer)
-      : strings_(strings), nodes_(nodes), column_(column), buffer_(buffer) {}
+      : strings_(strings), summaries_(summaries), column_(column), buffer_(buffer) {}
 
   /// Sets the buffer to the lines, wrapped, with line ends between them. Returns 0, or 1 as soon as
   /// a line fails; the buffer then holds the lines before it, or what it held when the first
@@ -32,7 +32,7 @@ class DetailBody {
   int append_related(vond::postprocessor::CollapsedAnalysisOutput& issue, bool is_diagnosis);
 
   vond::postprocessor::StringInterface& strings_;
-  vond::extension::NodeSummaries& nodes_;
+  IssueSummaries& summaries_;
   const LabelColumn& column_;
   std::string& buffer_;
 };

@@ -6,6 +6,7 @@
 #include "detail_body.h"
 #include "detail_header.h"
 #include "issue_selection.h"
+#include "issue_summaries.h"
 #include "label_column.h"
 // The one copy of the band table that the tree section reads; the classes are handed it.
 #include "vond/vocabulary/severity_bands.h"
@@ -13,23 +14,22 @@
 namespace vond_output_log {
 
 using vond::Fwd;
-using vond::extension::NodeSummaries;
 using vond::postprocessor::IssueList;
 using vond::vocabulary::SEVERITY_BANDS;
 
-TreeWalk FwdOutputFunctions::make_walk(const Data& data, NodeSummaries& nodes) {
-  return TreeWalk(data, SEVERITY_BANDS, *this, nodes);
+TreeWalk FwdOutputFunctions::make_walk(const Data& data, IssueSummaries& summaries) {
+  return TreeWalk(data, SEVERITY_BANDS, *this, summaries);
 }
 
 int FwdOutputFunctions::print_full_tree(const Data& data) {
-  NodeSummaries nodes;
-  return make_walk(data, nodes).print_section();
+  IssueSummaries summaries;
+  return make_walk(data, summaries).print_section();
 }
 
 int FwdOutputFunctions::print_tree(const Data& data, const Fwd& fwd, const std::string& prefix,
                                    bool last) {
-  NodeSummaries nodes;
-  return make_walk(data, nodes).print_tree(fwd, prefix, last);
+  IssueSummaries summaries;
+  return make_walk(data, summaries).print_tree(fwd, prefix, last);
 }
 
 int FwdOutputFunctions::print_issue_num(const Data& data, std::string& text, int width,
@@ -55,8 +55,8 @@ int FwdOutputFunctions::format_fwd_issue_num(std::string& text, const std::strin
 int FwdOutputFunctions::print_details(const Data& data, const Fwd& fwd,
                                       const std::string& child_prefix, int width,
                                       std::string& text) {
-  NodeSummaries nodes;
-  return DefinitionDetails(data, SEVERITY_BANDS, *this, nodes)
+  IssueSummaries summaries;
+  return DefinitionDetails(data, SEVERITY_BANDS, *this, summaries)
       .print(fwd, child_prefix, width, text);
 }
 
@@ -97,23 +97,23 @@ int FwdOutputFunctions::print_details_by_severity(const IssueList& diagnoses,
                                                   const std::string& prefix, const int& width,
                                                   const std::string& band_name,
                                                   std::string& buffer) {
-  NodeSummaries nodes;
-  return DetailBlock(*this, nodes, prefix, width, buffer)
+  IssueSummaries summaries;
+  return DetailBlock(*this, summaries, prefix, width, buffer)
       .print_band(diagnoses, observations, band_name);
 }
 
 int FwdOutputFunctions::print_fwd_body(std::string& buffer, const int& width,
                                        const std::string& prefix, const IssueList& issues,
                                        bool is_diagnosis) {
-  NodeSummaries nodes;
-  return DetailBlock(*this, nodes, prefix, width, buffer).print_group(issues, is_diagnosis);
+  IssueSummaries summaries;
+  return DetailBlock(*this, summaries, prefix, width, buffer).print_group(issues, is_diagnosis);
 }
 
 int FwdOutputFunctions::format_fwd_header(std::string& buffer, const int& ordinal,
                                           const std::string& prefix, const std::string& ordinal_pad,
                                           const Issue& issue) {
-  NodeSummaries nodes;
-  return DetailHeader(nodes, prefix).format(buffer, ordinal, ordinal_pad, issue);
+  IssueSummaries summaries;
+  return DetailHeader(summaries, prefix).format(buffer, ordinal, ordinal_pad, issue);
 }
 
 void FwdOutputFunctions::format_fwd_spacer(std::string& spacer, bool is_diagnosis) {
@@ -123,9 +123,9 @@ void FwdOutputFunctions::format_fwd_spacer(std::string& spacer, bool is_diagnosi
 int FwdOutputFunctions::format_fwd_body(std::string& buffer, const std::string& body_indent,
                                         const std::string& spacer, const int& width,
                                         const Issue& issue, bool is_diagnosis) {
-  NodeSummaries nodes;
+  IssueSummaries summaries;
   const LabelColumn column(body_indent, spacer, width);
-  return DetailBody(*this, nodes, column, buffer).format(*issue, is_diagnosis);
+  return DetailBody(*this, summaries, column, buffer).format(*issue, is_diagnosis);
 }
 
 int FwdOutputFunctions::format_fwd_segment(std::string& segment, const std::string& body_indent,

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "issue_summaries.h"
 #include "tree_walk.h"
-#include "vond/extension/node_summaries.h"
 #include "vond/fwd.h"
 #include "vond/postprocessor/collapsed_analysis_output.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
@@ -29,7 +29,7 @@ class FwdOutputFunctions : public vond::postprocessor::StringInterface {
 
   /// Returns the walk that print_full_tree() makes, for a report that knows of the issues' nodes
   /// already. Its arguments and this object must outlive it.
-  TreeWalk make_walk(const Data& data, vond::extension::NodeSummaries& nodes);
+  TreeWalk make_walk(const Data& data, IssueSummaries& summaries);
 
   /// Writes one definition and everything below it. `prefix` is what its parent hands to its
   /// children, empty for a root; `last` tells that no sibling follows, and is set for every root.

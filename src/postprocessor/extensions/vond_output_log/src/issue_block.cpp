@@ -29,16 +29,6 @@ std::string header_line(const CollapsedAnalysisOutput& issue, IssueNumber number
          " (appears on " + std::to_string(nodes) + (nodes == 1 ? " node" : " nodes") + ")\n";
 }
 
-std::string related_issues_line(CollapsedAnalysisOutput& issue, const std::string& indent,
-                                bool is_diagnosis) {
-  const auto ids = usable_related_ids(issue, is_diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS);
-  if (ids.empty()) {
-    return {};
-  }
-  return indent + (is_diagnosis ? "Based on Observations: " : "Diagnoses: ") + join(ids, ", ") +
-         "\n";
-}
-
 /// Row ids are for people who look into the database, and shown only when the log is for them.
 std::string row_ids_line(const CollapsedAnalysisOutput& issue, const std::string& indent,
                          const std::string& log_level) {
@@ -66,7 +56,7 @@ void IssueBlock::print(Issue issue, IssueNumber number, const std::string& prefi
                        bool is_diagnosis) {
   // Further lines begin right under the first character of the id.
   const std::string indent = prefix + blanks(static_cast<std::size_t>(number.width) + 2);
-  write(vond::str::word_wrap(header_line(*issue, number, prefix, nodes_.count(*issue)),
+  write(vond::str::word_wrap(header_line(*issue, number, prefix, summaries_.count_nodes(*issue)),
                              data_.line_width, indent));
   write(vond::str::column_wrap(body(*issue, indent, is_diagnosis), data_.line_width, indent, ':',
                                false));
@@ -78,13 +68,25 @@ std::string IssueBlock::body(CollapsedAnalysisOutput& issue, const std::string& 
   std::string body = issue.get_message_string(indent);
   body += issue.get_remedy_string(indent);
   if (!issue.outputs.empty()) {
-    body += indent + "Nodes: " + nodes_.text(issue, strings_) + "\n";
+    body += indent + "Nodes: " + summaries_.nodes(issue, strings_) + "\n";
   }
   body += category_line(issue, indent);
   body += related_issues_line(issue, indent, is_diagnosis);
   body += issue.get_fwd_string(indent, "Framework Definition");
   body += row_ids_line(issue, indent, data_.log_level);
   return body;
+}
+
+std::string IssueBlock::related_issues_line(CollapsedAnalysisOutput& issue,
+                                            const std::string& indent, bool is_diagnosis) {
+  const Type type = is_diagnosis ? Type::OBSERVATION : Type::DIAGNOSIS;
+  if (issue.related_issues[type].empty()) {
+    return {};
+  }
+  return indent +
+         (is_diagnosis ? "Based on Observations: " + summaries_.observations_of(issue)
+                       : "Diagnoses: " + join(usable_related_ids(issue, type), ", ")) +
+         "\n";
 }
 
 }  // namespace vond_output_log

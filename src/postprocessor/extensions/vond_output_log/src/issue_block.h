@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "issue_summaries.h"
 #include "vond/extension/issue_index.h"
-#include "vond/extension/node_summaries.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
 
@@ -26,8 +26,8 @@ std::string category_line(const vond::postprocessor::CollapsedAnalysisOutput& is
 class IssueBlock {
  public:
   IssueBlock(const vond::postprocessor::PostprocessorExtensionData& data,
-             vond::postprocessor::StringInterface& strings, vond::extension::NodeSummaries& nodes)
-      : data_(data), strings_(strings), nodes_(nodes) {}
+             vond::postprocessor::StringInterface& strings, IssueSummaries& summaries)
+      : data_(data), strings_(strings), summaries_(summaries) {}
 
   /// Writes the header and the body, each as one statement, wrapped to the record's line width.
   /// Every line begins with `prefix`. Shares the issue until it is done, for an operation of the
@@ -38,10 +38,12 @@ class IssueBlock {
  private:
   std::string body(vond::postprocessor::CollapsedAnalysisOutput& issue, const std::string& indent,
                    bool is_diagnosis);
+  std::string related_issues_line(vond::postprocessor::CollapsedAnalysisOutput& issue,
+                                  const std::string& indent, bool is_diagnosis);
 
   const vond::postprocessor::PostprocessorExtensionData& data_;
   vond::postprocessor::StringInterface& strings_;
-  vond::extension::NodeSummaries& nodes_;
+  IssueSummaries& summaries_;
 };
 
 }  // namespace vond_output_log

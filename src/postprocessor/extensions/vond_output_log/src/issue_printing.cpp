@@ -1,7 +1,7 @@
 #include "issue_printing.h"
 
 #include "issue_block.h"
-#include "vond/extension/node_summaries.h"
+#include "issue_summaries.h"
 // Each part of the report has its own copy of the tables; that is wanted.
 #include "vond/vocabulary/tables.h"
 
@@ -13,8 +13,8 @@ namespace vond_output_log {
 void IssuePrinting::PrintOutput(std::shared_ptr<CollapsedAnalysisOutput> issue,
                                 const PostprocessorExtensionData& data, int number, int width,
                                 std::string prefix, bool diagnosis) {
-  vond::extension::NodeSummaries nodes;
-  IssueBlock(data, *this, nodes).print(issue, {number, width}, prefix, diagnosis);
+  IssueSummaries summaries;
+  IssueBlock(data, *this, summaries).print(issue, {number, width}, prefix, diagnosis);
 }
 
 std::string IssuePrinting::GetCategoryLine(std::shared_ptr<CollapsedAnalysisOutput> issue,

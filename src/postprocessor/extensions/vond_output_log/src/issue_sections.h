@@ -4,8 +4,8 @@
 #include <string>
 
 #include "issue_block.h"
+#include "issue_summaries.h"
 #include "vond/extension/issue_index.h"
-#include "vond/extension/node_summaries.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -19,9 +19,8 @@ class IssueSections {
   IssueSections(const vond::postprocessor::PostprocessorExtensionData& data,
                 const vond::vocabulary::SeverityBandTable& bands,
                 const vond::postprocessor::UtilityFunctions& utilities,
-                vond::postprocessor::StringInterface& strings,
-                vond::extension::NodeSummaries& nodes)
-      : data_(data), bands_(bands), utilities_(utilities), block_(data, strings, nodes) {}
+                vond::postprocessor::StringInterface& strings, IssueSummaries& summaries)
+      : data_(data), bands_(bands), utilities_(utilities), block_(data, strings, summaries) {}
 
   /// Writes the section of the issues that contribute to FAIL or, with `other`, that of all others.
   /// Returns 0, or 1, with a message on standard error, when the record lacks the section's counts.

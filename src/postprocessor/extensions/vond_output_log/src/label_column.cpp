@@ -3,7 +3,6 @@
 #include <exception>
 
 #include "error_report.h"
-#include "layout.h"
 #include "vond/str/string_functions.h"
 
 namespace vond_output_log {
@@ -16,8 +15,10 @@ int LabelColumn::format(std::string& segment, const std::string& label,
     if (spacer_.size() <= label.size()) {
       return 1;
     }
-    segment = vond::str::word_wrap(indent_ + label + blanks(spacer_.size() - label.size()) + text,
-                                   width_, indent_ + spacer_);
+    std::string line;
+    line.reserve(indent_.size() + spacer_.size() + text.size());
+    line.append(indent_).append(label).append(spacer_.size() - label.size(), ' ').append(text);
+    segment = vond::str::word_wrap(line, width_, indent_ + spacer_);
   } catch (const std::exception& error) {
     return report_error(FORMAT_FWD_SEGMENT, error);
   }

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "definition_details.h"
-#include "vond/extension/node_summaries.h"
+#include "issue_summaries.h"
 #include "vond/fwd.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/postprocessor/string_interface.h"
@@ -18,8 +18,8 @@ class TreeWalk {
  public:
   TreeWalk(const vond::postprocessor::PostprocessorExtensionData& data,
            vond::vocabulary::SeverityBandTable& bands,
-           vond::postprocessor::StringInterface& strings, vond::extension::NodeSummaries& nodes)
-      : data_(data), bands_(bands), strings_(strings), details_(data, bands, strings, nodes) {}
+           vond::postprocessor::StringInterface& strings, IssueSummaries& summaries)
+      : data_(data), bands_(bands), strings_(strings), details_(data, bands, strings, summaries) {}
 
   /// Writes the section's heading and the tree of every root.
   int print_section();

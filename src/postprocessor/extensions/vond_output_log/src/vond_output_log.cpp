@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "issue_summaries.h"
 #include "statement.h"
 #include "vond/util/engine_helper.h"
 #include "vond/vocabulary/month_names.h"
@@ -10,7 +11,6 @@
 
 namespace vond_output_log {
 
-using vond::extension::NodeSummaries;
 using vond::vocabulary::SEVERITY_BANDS;
 
 namespace {
@@ -29,8 +29,8 @@ VondOutputLog::~VondOutputLog() = default;
 // Of the results 1 alone is a failure, of these steps and of all others of the report; that is
 // wanted.
 int VondOutputLog::run() {
-  NodeSummaries nodes;
-  IssueSections sections = make_sections(nodes);
+  IssueSummaries summaries;
+  IssueSections sections = make_sections(summaries);
   // As it is: a header that does not end its last line runs into the rule; that is wanted.
   write(vond::util::EngineHelper::format_header());
   write_rule();
@@ -46,7 +46,7 @@ int VondOutputLog::run() {
     return 1;
   }
   write_rule();
-  if (utilities_.make_walk(data, nodes).print_section() == 1) {
+  if (utilities_.make_walk(data, summaries).print_section() == 1) {
     return 1;
   }
   // What it returns does not count; that is wanted.
@@ -55,13 +55,13 @@ int VondOutputLog::run() {
 }
 
 int VondOutputLog::PrintSection(bool other) {
-  NodeSummaries nodes;
-  return make_sections(nodes).print(other);
+  IssueSummaries summaries;
+  return make_sections(summaries).print(other);
 }
 
-IssueSections VondOutputLog::make_sections(NodeSummaries& nodes) {
+IssueSections VondOutputLog::make_sections(IssueSummaries& summaries) {
   return IssueSections(data, SEVERITY_BANDS, utilities_, static_cast<IssuePrinting&>(utilities_),
-                       nodes);
+                       summaries);
 }
 
 }  // namespace vond_output_log

@@ -7,7 +7,7 @@
 #include "fwd_output.h"
 #include "issue_printing.h"
 #include "issue_sections.h"
-#include "vond/extension/node_summaries.h"
+#include "issue_summaries.h"
 #include "vond/host_api.h"
 #include "vond/postprocessor/postprocessor_extension.h"
 #include "vond/postprocessor/utility_functions.h"
@@ -49,7 +49,7 @@ class VondOutputLog : public vond::postprocessor::PostprocessorExtension {
   int PrintSection(bool other);
 
  private:
-  IssueSections make_sections(vond::extension::NodeSummaries& nodes);
+  IssueSections make_sections(IssueSummaries& summaries);
 
   Utilities utilities_;
 };
