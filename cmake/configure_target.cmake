@@ -22,10 +22,13 @@ endfunction()
 
 # vond_look_for_libraries(TARGET PATH): TARGET looks for libraries in PATH, where they are installed, and
 # beside itself, where they are built. One path for both: CMake ends one that it is going to replace with
-# an empty entry, which is the current folder.
+# an empty entry, which is the current folder. Who packages for a system, which finds its libraries, has
+# none installed.
 function(vond_look_for_libraries target path)
-  set_target_properties(${target} PROPERTIES
-    INSTALL_RPATH "${path};$ORIGIN"
-    BUILD_WITH_INSTALL_RPATH ON
-  )
+  if(NOT CMAKE_SKIP_INSTALL_RPATH)
+    set_target_properties(${target} PROPERTIES
+      INSTALL_RPATH "${path};$ORIGIN"
+      BUILD_WITH_INSTALL_RPATH ON
+    )
+  endif()
 endfunction()

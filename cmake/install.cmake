@@ -23,9 +23,18 @@ if(NOT VOND_HOST_LIBRARIES)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/report.schema.json
           DESTINATION ${CMAKE_INSTALL_DATADIR}/vond)
-  foreach(document IN ITEMS extensions json junit metrics outputs)
-    install(FILES ${PROJECT_SOURCE_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  # Installed, the documents stand beside the examples and not beside the schema.
+  file(RELATIVE_PATH data_from_documents
+       ${CMAKE_INSTALL_FULL_DOCDIR} ${CMAKE_INSTALL_FULL_DATADIR}/vond)
+  foreach(document IN ITEMS extensions findings json junit metrics nights outputs report scale)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/${document}.md)
+    file(READ ${PROJECT_SOURCE_DIR}/docs/${document}.md text)
+    string(REPLACE "](../" "](" text "${text}")
+    string(REPLACE "](report.schema.json" "](${data_from_documents}/report.schema.json" text "${text}")
+    file(WRITE ${PROJECT_BINARY_DIR}/docs/${document}.md "${text}")
+    install(FILES ${PROJECT_BINARY_DIR}/docs/${document}.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
   endforeach()
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR})
   set(nightly ${PROJECT_SOURCE_DIR}/examples/nightly)
   install(PROGRAMS ${nightly}/vond-nightly DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples/nightly)
   install(FILES ${nightly}/README.md ${nightly}/nightly.conf ${nightly}/vond-nightly.service
@@ -60,9 +69,9 @@ install(FILES ${PROJECT_BINARY_DIR}/vondConfig.cmake ${PROJECT_BINARY_DIR}/vondC
         DESTINATION ${VOND_INSTALL_CMAKEDIR})
 
 # The way from the file to the prefix, so that the tree can be moved.
-cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
-           BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}/${VOND_INSTALL_PKGCONFIGDIR}
-           OUTPUT_VARIABLE VOND_PREFIX_FROM_PKGCONFIGDIR)
+file(RELATIVE_PATH VOND_PREFIX_FROM_PKGCONFIGDIR
+     ${CMAKE_INSTALL_PREFIX}/${VOND_INSTALL_PKGCONFIGDIR} ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" VOND_PREFIX_FROM_PKGCONFIGDIR ${VOND_PREFIX_FROM_PKGCONFIGDIR})
 # The folder of the documents is often given whole.
 file(RELATIVE_PATH VOND_DOCDIR_FROM_PREFIX ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_DOCDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/vond.pc.in ${PROJECT_BINARY_DIR}/vond.pc @ONLY)

@@ -1,5 +1,6 @@
 #include "standalone/cli/environment.h"
 
+#include <sys/auxv.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -76,7 +77,15 @@ std::time_t report_time() {
 std::string_view extension_search_path() { return environment_variable("VOND_EXTENSION_PATH"); }
 
 std::filesystem::path program_folder() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  std::error_code error;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error) {
+    return program.parent_path();
+  }
+  // Where /proc is not mounted, as in a bare chroot, the kernel still told what was executed; it
+  // hands out addresses as numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+  const auto* const executed = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
+  return std::filesystem::canonical(executed).parent_path();
 }
 
 }  // namespace vond::standalone

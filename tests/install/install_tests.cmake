@@ -7,7 +7,7 @@ if(VOND_SANITIZERS)
 endif()
 
 # One at a time: all of them write the list of installed files, and one tests what the golden tests do.
-foreach(check IN ITEMS extensions_document outside_project package tree)
+foreach(check IN ITEMS extensions_document outside_project tree)
   add_test(NAME install.${check}
            COMMAND ${CMAKE_CURRENT_LIST_DIR}/check_${check} ${PROJECT_BINARY_DIR})
   set_tests_properties(install.${check} PROPERTIES
