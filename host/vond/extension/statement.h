@@ -10,11 +10,18 @@
 
 namespace vond::extension {
 
+namespace statement_detail {
+
+/// To make a stream takes longer than to write most statements. No static object of a function,
+/// which is built under a lock.
+inline std::stringstream stream;
+
+}  // namespace statement_detail
+
 /// Writes one statement without colour, as `OutputLog(NONE) << text` does; an empty text reaches no
 /// destination. An exception in here ends the program.
 inline void write(const std::string& text) noexcept {
-  // To make a stream takes longer than to write most statements.
-  static std::stringstream statement;
+  std::stringstream& statement = statement_detail::stream;
   if (!log::OutputLog::singleton_obj) {
     log::OutputLog::singleton_obj = std::make_unique<log::OutputLog::OutputLogStream>();
   }

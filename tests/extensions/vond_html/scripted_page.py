@@ -37,6 +37,7 @@ class ScriptedPageCase(PageCase):
         """Returns the numbers of the issues in the list, from its first row to its last."""
         numbers, last = [], None
         self.ask("window.scrollTo(0, document.querySelector('.list').offsetTop - 100)")
+        self.settle()
         while last != (last := self.ask("window.scrollY")):
             numbers += [int(title.replace(",", "")) for title in self.ask(
                 "Array.from(document.querySelectorAll('.title'), one => one.textContent.split('.')[0])")]
