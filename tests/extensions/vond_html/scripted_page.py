@@ -125,6 +125,20 @@ class SearchTest(ScriptedPageCase):
         self.assertEqual(self.shown(), self.numbers(
             lambda issue: {"cn030", "cn031", "cn032"} & set(issue["nodes"])))
 
+    def test_node_sets_are_read_as_the_report_writes_them(self):
+        self.open("names")
+        for words, found in (("r[1-2]c[08-09]", [2]), ("r2c[8-9]", []), ("n[1-3]", [3]),
+                             ("n[001-003]", []), ("[1-2]cn,n10", [1, 3]), ("n[02", []),
+                             ("n[9-99999999999999999999]", [3])):
+            with self.subTest(words=words):
+                self.search(words)
+                self.assertEqual(self.shown(), found)
+
+    def test_node_sets_of_more_nodes_than_there_are_find_all_of_theirs(self):
+        self.open("nodes")
+        self.search("x[1-200000],cn[9999-99999999999]")
+        self.assertEqual(self.shown(), [1])
+
     def test_what_nobody_wrote_finds_nothing(self):
         self.open("example")
         self.search("zzz")
@@ -337,6 +351,15 @@ class CopyTest(ScriptedPageCase):
         self.assertLess(len(folded), len(",".join(wanted)))
         lines = self.copy(self.button(".result button", "copy one per line"))
         self.assertEqual(set(lines.split()), wanted)
+
+    def test_names_are_copied_so_that_nothing_in_them_runs(self):
+        self.open("names")
+        folded = self.copy(self.button(".result button", "copy all their nodes"))
+        self.assertTrue(folded.endswith(",'$(reboot)','-rf','a b','it'\\''s','x;y'"), folded)
+        harmless = folded.partition(",'")[0]
+        self.assertEqual(expanded(harmless), {
+            "cn", "1cn", "n1", "n01", "n2", "n02", "n10",
+            *(f"r{rack}c{number:02}" for rack in (1, 2) for number in (8, 9, 10))})
 
     def test_quoted_commands_of_a_remedy_are_copied(self):
         issue = next(one for one in self.issues if '("' in one["remedy"])

@@ -2,7 +2,7 @@ import { makeCopyButton } from "./copying.mjs";
 import { countOf, make } from "./elements.mjs";
 import { isEmptyFilter } from "./filter.mjs";
 import { TYPE_NAMES } from "./issue_detail.mjs";
-import { folded } from "./node_table.mjs";
+import { folded } from "./node_set.mjs";
 
 /** A browser shows no longer list of choices in good time. */
 const MOST_DEFINITIONS = 2000;
