@@ -6,6 +6,9 @@ export function emptyFilter() {
   return { words: "", node: "", bands: [], types: [], changes: [], definition: "", related: 0, issue: 0 };
 }
 
+/** The place that the address names when nothing is left out any more. */
+export const ALL_ISSUES = "issues";
+
 const KEYS = { words: "q", node: "node", bands: "band", types: "type", changes: "change",
   definition: "definition", related: "related", issue: "issue" };
 
@@ -20,7 +23,7 @@ export function parseFilter(fragment) {
     return { ...filter, issue: Number(issue[1]) };
   }
   if (!fragment.includes("=")) {
-    return fragment === "" ? filter : null;
+    return fragment === "" || fragment === ALL_ISSUES ? filter : null;
   }
   const values = new URLSearchParams(fragment);
   for (const [field, key] of Object.entries(KEYS)) {

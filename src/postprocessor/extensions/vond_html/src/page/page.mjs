@@ -1,5 +1,5 @@
 import { make } from "./elements.mjs";
-import { emptyFilter, formatFilter, parseFilter } from "./filter.mjs";
+import { ALL_ISSUES, emptyFilter, formatFilter, parseFilter } from "./filter.mjs";
 import { FilterForm } from "./filter_form.mjs";
 import { IssueDetail } from "./issue_detail.mjs";
 import { IssueList } from "./issue_list.mjs";
@@ -22,11 +22,15 @@ class Page {
     if (NodeMap.canShow(this.nodes)) {
       const map = new NodeMap(report, this.nodes, (name) => this.showNode(name));
       document.getElementById("nodes").append(map.help, map.element);
+    } else {
+      // What the page itself says in place of the cells.
+      document.querySelector("#nodes > p.static")?.classList.remove("static");
     }
     upgradeLinks();
     forgetPlaces();
     document.documentElement.classList.add("scripted");
     window.addEventListener("hashchange", () => this.readAddress());
+    document.addEventListener("click", (event) => this.followAgain(event.target.closest("a")));
     this.show();
     this.readAddress();
     // When the page has been drawn.
@@ -46,6 +50,13 @@ class Page {
     }
     if (!this.list.revealOpen() && formatFilter(filter) !== "") {
       this.form.element.scrollIntoView();
+    }
+  }
+
+  /** Follows a link to what the address has already, of which browsers tell nothing. */
+  followAgain(link) {
+    if (link !== null && link.hash === window.location.hash) {
+      this.readAddress();
     }
   }
 
@@ -76,8 +87,7 @@ class Page {
     const DELAY_MS = 300;
     clearTimeout(this.writing);
     this.writing = setTimeout(() => {
-      const fragment = formatFilter(this.filter);
-      window.history.replaceState(null, "", fragment === "" ? "#issues" : `#${fragment}`);
+      window.history.replaceState(null, "", `#${formatFilter(this.filter) || ALL_ISSUES}`);
     }, DELAY_MS);
   }
 }
