@@ -4,6 +4,7 @@ would. NAME.json beside NAME.html is the same report for programs."""
 import json
 import re
 import subprocess
+import time
 
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
@@ -533,6 +534,18 @@ class ReadingTest(ScriptedPageCase):
         self.assertTrue(self.find("article").is_displayed())
         for part in (".list", ".filter", ".map"):
             self.assertFalse(self.find(part).is_displayed())
+
+    def test_a_page_that_was_cut_off_says_so(self):
+        page = (FOLDER / "example.html").read_text()
+        for end in ('id="changes"', 'id="issues"', '"groups"', "<script>", "class NodeTable", "<footer>"):
+            with self.subTest(end=end):
+                (FOLDER / "cut.html").write_text(page[:page.index(end)])
+                self.open("cut")
+                (FOLDER / "cut.html").unlink()
+                self.wait_for(lambda: self.find(".cut-off").is_displayed())
+        self.open("example")
+        time.sleep(2.5)
+        self.assertFalse(self.find(".cut-off").is_displayed())
 
     def test_values_that_differ_are_drawn(self):
         self.open("values", "#issue-1")
