@@ -266,6 +266,14 @@ class AddressTest(ScriptedPageCase):
         self.wait_for(lambda: not self.find_all(".detail"))
         self.assertTrue(self.browser.current_url.endswith("#issues"))
 
+    def test_back_leads_to_what_was_typed_a_moment_before_a_link_was_pressed(self):
+        self.open("example")
+        self.find("#search").send_keys("dimm")
+        self.ask("document.querySelector('#band-critical li a').click()")
+        self.wait_for(lambda: self.find_all(".detail"))
+        self.browser.back()
+        self.wait_for(lambda: self.find("#search").get_attribute("value") == "dimm")
+
     def test_other_places_of_the_page_can_still_be_reached(self):
         self.open("example", "#definitions")
         self.assertLess(abs(self.ask("document.getElementById('definitions')"
@@ -335,6 +343,21 @@ class ListTest(ScriptedPageCase):
                 self.settle()
                 self.press(Keys.TAB)
                 self.assertEqual(self.browser.switch_to.active_element.get_attribute("id"), "search")
+
+    def test_what_is_read_stays_where_it_is_when_the_window_gets_another_width(self):
+        for number in (1, 2, 20):
+            self.open("example", f"#issue-{number}")
+            self.settle()
+            row = self.find("[aria-expanded=true]")
+            before = self.ask("arguments[0].getBoundingClientRect().top", row)
+            for width in (320, 700):
+                with self.subTest(number=number, width=width):
+                    self.set_width(width)
+                    self.settle()
+                    self.assertAlmostEqual(self.ask(
+                        "document.querySelector('[aria-expanded=true]').getBoundingClientRect().top"),
+                        before, delta=2)
+            self.browser.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
 
     def test_what_is_pressed_stays_where_it_is_when_another_row_closes(self):
         self.open("example", "#issue-2")

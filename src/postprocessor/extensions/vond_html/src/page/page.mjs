@@ -13,6 +13,8 @@ class Page {
     this.nodes = new NodeTable(report.groups);
     this.search = new Search(report, this.nodes);
     this.filter = emptyFilter();
+    /** The timer that writes the address; 0 when that is done. */
+    this.writing = 0;
     this.form = new FilterForm(report, this.nodes, (fields) => this.choose(fields ?? emptyFilter()));
     this.list = new IssueList(report, new IssueDetail(report, this.nodes),
       (place) => this.choose({ issue: this.filter.issue === place + 1 ? 0 : place + 1 }));
@@ -30,7 +32,7 @@ class Page {
     forgetPlaces();
     document.documentElement.classList.add("scripted");
     window.addEventListener("hashchange", () => this.readAddress());
-    document.addEventListener("click", (event) => this.followAgain(event.target.closest("a")));
+    document.addEventListener("click", (event) => this.leaveBy(event.target.closest("a")));
     this.show();
     this.readAddress();
     // When the page has been drawn.
@@ -53,9 +55,16 @@ class Page {
     }
   }
 
-  /** Follows a link to what the address has already, of which browsers tell nothing. */
-  followAgain(link) {
-    if (link !== null && link.hash === window.location.hash) {
+  /** Sees to it that a link, null for none, leads there and from there back to what is shown now. */
+  leaveBy(link) {
+    if (link === null) {
+      return;
+    }
+    if (this.writing !== 0) {
+      this.writeAddress();
+    }
+    // Of a link to what the address has already browsers tell nothing.
+    if (link.hash === window.location.hash) {
       this.readAddress();
     }
   }
@@ -86,9 +95,13 @@ class Page {
   writeAddressSoon() {
     const DELAY_MS = 300;
     clearTimeout(this.writing);
-    this.writing = setTimeout(() => {
-      window.history.replaceState(null, "", `#${formatFilter(this.filter) || ALL_ISSUES}`);
-    }, DELAY_MS);
+    this.writing = setTimeout(() => this.writeAddress(), DELAY_MS);
+  }
+
+  writeAddress() {
+    clearTimeout(this.writing);
+    this.writing = 0;
+    window.history.replaceState(null, "", `#${formatFilter(this.filter) || ALL_ISSUES}`);
   }
 }
 
