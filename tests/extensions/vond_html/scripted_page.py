@@ -205,6 +205,19 @@ class SearchTest(ScriptedPageCase):
         self.wait_for(lambda: self.find(".result").text.startswith("1,000 of 3,000 issues"))
 
 
+    def test_what_has_no_room_among_what_nothing_explains_is_without_what_something_does(self):
+        self.issues = report_of("explained")["issues"]
+        self.open("explained")
+        wanted = self.numbers(lambda issue: issue["type"] == "observation" and not issue["diagnoses"])
+        self.assertEqual(len(wanted), 28)
+        link = next(one for one in self.find_all("#band-critical a") if one.text == "and 18 more")
+        link.click()
+        self.wait_for(lambda: self.find(".result").text.startswith("28 of 31 issues"))
+        self.assertEqual(self.shown(), wanted)
+        self.button(".chosen button", "remove").click()
+        self.assertIn("30 of 31 issues", self.find(".result").text)
+
+
 class AddressTest(ScriptedPageCase):
     def test_the_address_holds_the_state(self):
         self.open("example")

@@ -111,6 +111,9 @@ export class FilterForm {
     if (filter.node !== "") {
       add(`node ${filter.node}`, { node: "" });
     }
+    if (filter.explained === "no") {
+      add("without explanation", { explained: "" });
+    }
     if (filter.related !== 0) {
       add(`related to issue ${filter.related}`, { related: 0 });
     }
