@@ -28,10 +28,10 @@ export class IssueList {
       keydown: (event) => this.handleKey(event) });
     this.resized = new ResizeObserver(() => this.measure());
     this.isDrawing = false;
-    /** Where the row that is read stood in the window when it was this wide. */
+    /** Where the row that is read stood in the window when the page was this wide. */
     this.anchor = { row: -1, top: 0, width: 0 };
     window.addEventListener("scroll", () => this.drawSoon(), { passive: true });
-    window.addEventListener("resize", () => this.stay());
+    window.addEventListener("resize", () => this.draw());
   }
 
   /** Shows these issues, one of them open; `openPlace` is -1 for none. */
@@ -92,12 +92,11 @@ export class IssueList {
   }
 
   /** Keeps what is read where it is when a window of another width makes the page above it longer. */
-  stay() {
+  keepPlace() {
     const { row, top, width } = this.anchor;
-    if (row >= 0 && width !== window.innerWidth) {
+    if (row >= 0 && width !== document.documentElement.clientWidth) {
       window.scrollBy(0, this.topInWindow(row) - top);
     }
-    this.draw();
   }
 
   /** Remembers the open row where it can be seen, else the first one at the top of the window. */
@@ -107,7 +106,8 @@ export class IssueList {
       this.topInWindow(row) >= 0 && this.topInWindow(row) < window.innerHeight;
     const row = [this.openRow, listTop < this.rowHeight ? this.rowAt(Math.max(-listTop, 0)) + 1 : -1]
       .find(isInWindow) ?? -1;
-    this.anchor = { row, top: row < 0 ? 0 : this.topInWindow(row), width: window.innerWidth };
+    this.anchor = { row, top: row < 0 ? 0 : this.topInWindow(row),
+      width: document.documentElement.clientWidth };
   }
 
   drawSoon() {
@@ -122,6 +122,7 @@ export class IssueList {
 
   draw() {
     this.element.style.height = `${this.topOf(this.places.length)}px`;
+    this.keepPlace();
     const top = -this.element.getBoundingClientRect().top;
     const first = Math.max(this.rowAt(top - MARGIN), 0);
     const last = Math.min(this.rowAt(top + window.innerHeight + MARGIN), this.places.length - 1);
