@@ -136,9 +136,10 @@ TEST_F(PageTest, CausesThatHaveNoRoomAreCounted) {
       HasSubstr(
           "<bdi>d20</bdi></a></li>\n<li><span data-filter=\"band=critical&amp;type=diagnosis\">and "
           "2 more</span></li>"));
-  EXPECT_THAT(text, HasSubstr("<bdi>o10</bdi></a></li>\n<li><span "
-                              "data-filter=\"band=critical&amp;type=observation\">and "
-                              "1 more</span></li>"));
+  EXPECT_THAT(text,
+              HasSubstr("<bdi>o10</bdi></a></li>\n<li><span "
+                        "data-filter=\"band=critical&amp;type=observation&amp;explained=no\">and "
+                        "1 more</span></li>"));
 }
 
 TEST_F(PageTest, DiagnosesAndObservationsLeadToEachOther) {

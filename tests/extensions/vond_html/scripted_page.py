@@ -4,6 +4,7 @@ would. NAME.json beside NAME.html is the same report for programs."""
 import json
 import re
 import subprocess
+import time
 
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
@@ -91,6 +92,11 @@ class SearchTest(ScriptedPageCase):
         self.assertEqual(self.shown(), [issue["number"] for issue in self.issues])
         self.assertIn(f"{len(self.issues)} issues", self.find(".result").text)
 
+    def test_a_page_without_issues_says_so(self):
+        self.open("nothing")
+        self.assertIn("No issues detected.", self.find("#issues").text)
+        self.assertEqual(self.find_all(".filter"), [])
+
     def test_a_word_is_found_in_ids_and_messages_in_any_case(self):
         self.open("example")
         self.search("DIMM")
@@ -125,6 +131,20 @@ class SearchTest(ScriptedPageCase):
         self.search("cn[030-032]")
         self.assertEqual(self.shown(), self.numbers(
             lambda issue: {"cn030", "cn031", "cn032"} & set(issue["nodes"])))
+
+    def test_node_sets_are_read_as_the_report_writes_them(self):
+        self.open("names")
+        for words, found in (("r[1-2]c[08-09]", [2]), ("r2c[8-9]", []), ("n[1-3]", [3]),
+                             ("n[001-003]", []), ("[1-2]cn,n10", [1, 3]), ("n[02", []),
+                             ("n[9-99999999999999999999]", [3])):
+            with self.subTest(words=words):
+                self.search(words)
+                self.assertEqual(self.shown(), found)
+
+    def test_node_sets_of_more_nodes_than_there_are_find_all_of_theirs(self):
+        self.open("nodes")
+        self.search("x[1-200000],cn[9999-99999999999]")
+        self.assertEqual(self.shown(), [1])
 
     def test_what_nobody_wrote_finds_nothing(self):
         self.open("example")
@@ -186,6 +206,19 @@ class SearchTest(ScriptedPageCase):
         self.wait_for(lambda: self.find(".result").text.startswith("1,000 of 3,000 issues"))
 
 
+    def test_what_has_no_room_among_what_nothing_explains_is_without_what_something_does(self):
+        self.issues = report_of("explained")["issues"]
+        self.open("explained")
+        wanted = self.numbers(lambda issue: issue["type"] == "observation" and not issue["diagnoses"])
+        self.assertEqual(len(wanted), 28)
+        link = next(one for one in self.find_all("#band-critical a") if one.text == "and 18 more")
+        link.click()
+        self.wait_for(lambda: self.find(".result").text.startswith("28 of 31 issues"))
+        self.assertEqual(self.shown(), wanted)
+        self.button(".chosen button", "remove").click()
+        self.assertIn("30 of 31 issues", self.find(".result").text)
+
+
 class AddressTest(ScriptedPageCase):
     def test_the_address_holds_the_state(self):
         self.open("example")
@@ -223,6 +256,37 @@ class AddressTest(ScriptedPageCase):
         self.find("#band-critical li a").click()
         self.wait_for(lambda: self.find_all(".detail"))
         self.assertTrue(self.browser.switch_to.active_element.text.startswith("1. "))
+
+    def test_a_link_that_is_pressed_again_leads_there_again(self):
+        self.open("example")
+        link = self.find("#band-critical li a")
+        for leave in ("window.scrollTo(0, 0)", "document.querySelector('[aria-expanded=true]').click()"):
+            link.click()
+            self.wait_for(lambda: self.find_all(".detail"))
+            self.ask(leave)
+            link.click()
+            self.wait_for(lambda: self.find_all(".detail"))
+            row = self.browser.switch_to.active_element
+            self.assertTrue(row.text.startswith("1. "), leave)
+            self.assertLess(abs(self.ask("arguments[0].getBoundingClientRect().top", row)), 200)
+
+    def test_back_leads_to_all_issues_where_nothing_was_left_out_before(self):
+        self.open("example", "#q=dimm")
+        self.button(".filter button", "show all").click()
+        self.wait_for(lambda: self.browser.current_url.endswith("#issues"))
+        self.find("#band-critical li a").click()
+        self.wait_for(lambda: self.find_all(".detail"))
+        self.browser.back()
+        self.wait_for(lambda: not self.find_all(".detail"))
+        self.assertTrue(self.browser.current_url.endswith("#issues"))
+
+    def test_back_leads_to_what_was_typed_a_moment_before_a_link_was_pressed(self):
+        self.open("example")
+        self.find("#search").send_keys("dimm")
+        self.ask("document.querySelector('#band-critical li a').click()")
+        self.wait_for(lambda: self.find_all(".detail"))
+        self.browser.back()
+        self.wait_for(lambda: self.find("#search").get_attribute("value") == "dimm")
 
     def test_other_places_of_the_page_can_still_be_reached(self):
         self.open("example", "#definitions")
@@ -285,6 +349,30 @@ class ListTest(ScriptedPageCase):
         self.assertEqual(self.find_all(".detail"), [])
         self.assertEqual(at(), "1")
 
+    def test_keys_stay_in_the_form_when_the_button_that_was_pressed_goes(self):
+        for selector, fragment in ((".chosen button", "#node=cn031"), (".result button:last-child", "#q=dimm")):
+            with self.subTest(button=selector):
+                self.open("example", fragment)
+                self.find(selector).send_keys(Keys.ENTER)
+                self.settle()
+                self.press(Keys.TAB)
+                self.assertEqual(self.browser.switch_to.active_element.get_attribute("id"), "search")
+
+    def test_what_is_read_stays_where_it_is_when_the_window_gets_another_width(self):
+        for number in (1, 2, 20):
+            self.open("example", f"#issue-{number}")
+            self.settle()
+            row = self.find("[aria-expanded=true]")
+            before = self.ask("arguments[0].getBoundingClientRect().top", row)
+            for width in (320, 700):
+                with self.subTest(number=number, width=width):
+                    self.set_width(width)
+                    self.settle()
+                    self.assertAlmostEqual(self.ask(
+                        "document.querySelector('[aria-expanded=true]').getBoundingClientRect().top"),
+                        before, delta=2)
+            self.browser.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
+
     def test_what_is_pressed_stays_where_it_is_when_another_row_closes(self):
         self.open("example", "#issue-2")
         row = next(one for one in self.find_all(".line") if one.text.startswith("5. "))
@@ -338,6 +426,15 @@ class CopyTest(ScriptedPageCase):
         self.assertLess(len(folded), len(",".join(wanted)))
         lines = self.copy(self.button(".result button", "copy one per line"))
         self.assertEqual(set(lines.split()), wanted)
+
+    def test_names_are_copied_so_that_nothing_in_them_runs(self):
+        self.open("names")
+        folded = self.copy(self.button(".result button", "copy all their nodes"))
+        self.assertTrue(folded.endswith(",'$(reboot)','-rf','a b','it'\\''s','x;y'"), folded)
+        harmless = folded.partition(",'")[0]
+        self.assertEqual(expanded(harmless), {
+            "cn", "1cn", "n1", "n01", "n2", "n02", "n10",
+            *(f"r{rack}c{number:02}" for rack in (1, 2) for number in (8, 9, 10))})
 
     def test_quoted_commands_of_a_remedy_are_copied(self):
         issue = next(one for one in self.issues if '("' in one["remedy"])
@@ -431,6 +528,11 @@ class NodeMapTest(ScriptedPageCase):
             self.press(Keys.RIGHT)
         self.assertEqual(seen, ["cn3", "cn1", "cn2", "cn4"])
 
+    def test_more_nodes_than_there_is_room_for_are_told_of(self):
+        self.open("crowd")
+        self.assertEqual(self.find_all(".map"), [])
+        self.assertIn("too many to be shown one by one", self.find("#nodes").text)
+
     def test_thousands_of_nodes_have_cells(self):
         self.open("nodes")
         self.assertTrue(self.find(".map canvas").is_displayed())
@@ -469,6 +571,18 @@ class ReadingTest(ScriptedPageCase):
         self.assertTrue(self.find("article").is_displayed())
         for part in (".list", ".filter", ".map"):
             self.assertFalse(self.find(part).is_displayed())
+
+    def test_a_page_that_was_cut_off_says_so(self):
+        page = (FOLDER / "example.html").read_text()
+        for end in ('id="changes"', 'id="issues"', '"groups"', "<script>", "class NodeTable", "<footer>"):
+            with self.subTest(end=end):
+                (FOLDER / "cut.html").write_text(page[:page.index(end)])
+                self.open("cut")
+                (FOLDER / "cut.html").unlink()
+                self.wait_for(lambda: self.find(".cut-off").is_displayed())
+        self.open("example")
+        time.sleep(2.5)
+        self.assertFalse(self.find(".cut-off").is_displayed())
 
     def test_values_that_differ_are_drawn(self):
         self.open("values", "#issue-1")

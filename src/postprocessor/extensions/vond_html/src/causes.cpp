@@ -33,18 +33,20 @@ class Causes {
     page_.open("h3");
     write_band_mark(page_, summary.band);
     page_.text(": " + summary.counts()).close();
-    write_list(name, "diagnosis", "", summary.first_diagnoses, summary.diagnoses);
-    write_list(name, "observation",
+    write_list({{"band", name}, {"type", "diagnosis"}}, "", summary.first_diagnoses,
+               summary.diagnoses);
+    write_list({{"band", name}, {"type", "observation"}, {"explained", "no"}},
                summary.explained == 0 ? "Observations" : "Observations that nothing explains",
                summary.first_unexplained, summary.unexplained());
-    write_list(name, "missing_data", "Checks without data", summary.first_without_data,
-               summary.without_data);
+    write_list({{"band", name}, {"type", "missing_data"}}, "Checks without data",
+               summary.first_without_data, summary.without_data);
     page_.close();
   }
 
  private:
-  void write_list(std::string_view band, std::string_view type, const std::string& heading,
-                  const BandSummary::Issues& shown, std::size_t count) {
+  /// Writes the first of `count` issues, and a link to all of them where there are more.
+  void write_list(Filter filter, const std::string& heading, const BandSummary::Issues& shown,
+                  std::size_t count) {
     if (count == 0) {
       return;
     }
@@ -57,8 +59,7 @@ class Causes {
     }
     if (shown.size() < count) {
       page_.open("li");
-      write_filter_text(page_, {{"band", band}, {"type", type}},
-                        "and " + std::to_string(count - shown.size()) + " more");
+      write_filter_text(page_, filter, "and " + std::to_string(count - shown.size()) + " more");
       page_.close();
     }
     page_.close();

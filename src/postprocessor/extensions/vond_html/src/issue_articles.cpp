@@ -216,10 +216,10 @@ void write_others(HtmlWriter& page, std::size_t others) {
 
 void write_issues(HtmlWriter& page, const PageIssues& issues, const std::string& log_level) {
   page.open("section", {{"id", "issues"}}).element("h2", "Issues");
-  page.open("div", {{"class", "static"}});
   if (issues.issues().empty()) {
     page.element("p", "No issues detected.");
   }
+  page.open("div", {{"class", "static"}});
   IssueArticle article(page, issues, log_level == "info" || log_level == "debug");
   const PageIssue* previous = nullptr;
   for (const PageIssue& issue : issues.issues()) {

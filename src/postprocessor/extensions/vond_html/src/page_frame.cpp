@@ -25,6 +25,9 @@ void write_page_start(HtmlWriter& page) {
   page.element("title", title);
   page.open("style").verbatim(PAGE_STYLE).close();
   page.close().open("body");
+  // The style shows it where the end of the page is missing.
+  page.element("p", {{"class", "cut-off"}, {"hidden", ""}},
+               "This page was cut off: its end is missing, and what it shows is not all there is.");
 }
 
 void write_page_end(HtmlWriter& page) {

@@ -3,11 +3,15 @@
  * leaves nothing out.
  */
 export function emptyFilter() {
-  return { words: "", node: "", bands: [], types: [], changes: [], definition: "", related: 0, issue: 0 };
+  return { words: "", node: "", bands: [], types: [], changes: [], explained: "", definition: "",
+    related: 0, issue: 0 };
 }
 
+/** The place that the address names when nothing is left out any more. */
+export const ALL_ISSUES = "issues";
+
 const KEYS = { words: "q", node: "node", bands: "band", types: "type", changes: "change",
-  definition: "definition", related: "related", issue: "issue" };
+  explained: "explained", definition: "definition", related: "related", issue: "issue" };
 
 /**
  * Reads a fragment without its #. Returns null for one that is no filter: it is the name of a place on
@@ -20,7 +24,7 @@ export function parseFilter(fragment) {
     return { ...filter, issue: Number(issue[1]) };
   }
   if (!fragment.includes("=")) {
-    return fragment === "" ? filter : null;
+    return fragment === "" || fragment === ALL_ISSUES ? filter : null;
   }
   const values = new URLSearchParams(fragment);
   for (const [field, key] of Object.entries(KEYS)) {

@@ -2,7 +2,7 @@ import { makeCopyButton } from "./copying.mjs";
 import { countOf, make } from "./elements.mjs";
 import { isEmptyFilter } from "./filter.mjs";
 import { TYPE_NAMES } from "./issue_detail.mjs";
-import { folded } from "./node_table.mjs";
+import { folded } from "./node_set.mjs";
 
 /** A browser shows no longer list of choices in good time. */
 const MOST_DEFINITIONS = 2000;
@@ -29,6 +29,7 @@ export class FilterForm {
     this.chosen = make("p", { class: "chosen" });
     this.result = make("span", { role: "status" });
     this.element = make("form", { class: "filter", role: "search", "aria-label": "Issues",
+      tabindex: -1,
       submit: (event) => event.preventDefault() },
     make("div", {}, make("label", { for: "search" }, "Search in ids, messages and nodes"), this.words),
     ...this.choices.map(({ element }) => element),
@@ -55,6 +56,12 @@ export class FilterForm {
       (nodeCount === 0 ? "" : `, on ${countOf(nodeCount, "node", "nodes")}`) +
       (this.report.left_out === 0 ? ""
         : `; ${this.report.left_out.toLocaleString("en")} more are not on this page`);
+  }
+
+  /** Changes fields by a button that goes with that: whoever pressed it by keyboard stays in the form. */
+  leave(fields) {
+    this.onChange(fields);
+    this.element.focus({ preventScroll: true });
   }
 
   nodeNames() {
@@ -100,9 +107,12 @@ export class FilterForm {
   makeChosen(filter) {
     const parts = [];
     const add = (text, fields) => parts.push(make("span", { class: "chosen-one" }, text, " ",
-      make("button", { type: "button", click: () => this.onChange(fields) }, "remove")), " ");
+      make("button", { type: "button", click: () => this.leave(fields) }, "remove")), " ");
     if (filter.node !== "") {
       add(`node ${filter.node}`, { node: "" });
+    }
+    if (filter.explained === "no") {
+      add("without explanation", { explained: "" });
     }
     if (filter.related !== 0) {
       add(`related to issue ${filter.related}`, { related: 0 });
@@ -111,7 +121,7 @@ export class FilterForm {
   }
 
   makeResult() {
-    this.clear = make("button", { type: "button", click: () => this.onChange(null) }, "show all");
+    this.clear = make("button", { type: "button", click: () => this.leave(null) }, "show all");
     return make("p", { class: "result" }, this.result, " ",
       makeCopyButton("copy all their nodes", "as one node set", () => folded(this.nodeNames())), " ",
       makeCopyButton("copy one per line", "all their nodes", () => this.nodeNames().join("\n") + "\n"),

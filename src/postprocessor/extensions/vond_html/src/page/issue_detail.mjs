@@ -1,7 +1,8 @@
 import { makeCopyButton } from "./copying.mjs";
 import { countOf, make, makeName } from "./elements.mjs";
 import { emptyFilter, formatFilter } from "./filter.mjs";
-import { folded, sizeOf } from "./node_table.mjs";
+import { folded } from "./node_set.mjs";
+import { sizeOf } from "./node_table.mjs";
 import { relatedOf } from "./search.mjs";
 import { makeValueStrip } from "./value_strip.mjs";
 

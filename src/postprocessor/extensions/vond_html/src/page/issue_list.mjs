@@ -28,9 +28,10 @@ export class IssueList {
       keydown: (event) => this.handleKey(event) });
     this.resized = new ResizeObserver(() => this.measure());
     this.isDrawing = false;
-    for (const change of ["scroll", "resize"]) {
-      window.addEventListener(change, () => this.drawSoon(), { passive: true });
-    }
+    /** Where the row that is read stood in the window when the page was this wide. */
+    this.anchor = { row: -1, top: 0, width: 0 };
+    window.addEventListener("scroll", () => this.drawSoon(), { passive: true });
+    window.addEventListener("resize", () => this.draw());
   }
 
   /** Shows these issues, one of them open; `openPlace` is -1 for none. */
@@ -90,6 +91,25 @@ export class IssueList {
     return Math.max(this.openRow, Math.floor((y - this.openHeight) / this.rowHeight));
   }
 
+  /** Keeps what is read where it is when a window of another width makes the page above it longer. */
+  keepPlace() {
+    const { row, top, width } = this.anchor;
+    if (row >= 0 && width !== document.documentElement.clientWidth) {
+      window.scrollBy(0, this.topInWindow(row) - top);
+    }
+  }
+
+  /** Remembers the open row where it can be seen, else the first one at the top of the window. */
+  rememberPlace() {
+    const listTop = this.element.getBoundingClientRect().top;
+    const isInWindow = (row) => row >= 0 && row < this.places.length &&
+      this.topInWindow(row) >= 0 && this.topInWindow(row) < window.innerHeight;
+    const row = [this.openRow, listTop < this.rowHeight ? this.rowAt(Math.max(-listTop, 0)) + 1 : -1]
+      .find(isInWindow) ?? -1;
+    this.anchor = { row, top: row < 0 ? 0 : this.topInWindow(row),
+      width: document.documentElement.clientWidth };
+  }
+
   drawSoon() {
     if (!this.isDrawing) {
       this.isDrawing = true;
@@ -102,6 +122,7 @@ export class IssueList {
 
   draw() {
     this.element.style.height = `${this.topOf(this.places.length)}px`;
+    this.keepPlace();
     const top = -this.element.getBoundingClientRect().top;
     const first = Math.max(this.rowAt(top - MARGIN), 0);
     const last = Math.min(this.rowAt(top + window.innerHeight + MARGIN), this.places.length - 1);
@@ -121,6 +142,7 @@ export class IssueList {
     });
     this.addRows([...wanted].sort((left, right) => left - right));
     this.rows.forEach((element, row) => { element.style.top = `${this.topOf(row)}px`; });
+    this.rememberPlace();
   }
 
   /** Adds the rows that are not there yet, so that those who hear the page hear them in their order. */

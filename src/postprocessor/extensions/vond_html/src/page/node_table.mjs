@@ -1,3 +1,5 @@
+import { termsOf } from "./node_set.mjs";
+
 /**
  * Calls `visit(first, last)` for each range of a list of numbers, in which a number below zero is the end
  * of the range that the number before it begins: [3, -7, 9] is 3 to 7, and 9.
@@ -16,6 +18,8 @@ export function sizeOf(ranges) {
   forEachRange(ranges, (first, last) => { size += last - first + 1; });
   return size;
 }
+
+const MOST_LOOKED_UP = 1000;
 
 /** The nodes of the report, by numbers from 0 in natural order, group behind group. */
 export class NodeTable {
@@ -38,14 +42,26 @@ export class NodeTable {
    * that name, else all whose names contain it.
    */
   matching(text) {
-    const exact = expanded(text).map((name) => this.numberOf(name)).filter((number) => number >= 0);
+    const exact = termsOf(text).flatMap((term) => this.numbersOf(term));
     if (exact.length > 0) {
       return exact;
     }
     const part = text.toLowerCase();
+    return this.numbersWhere((name) => name.toLowerCase().includes(part));
+  }
+
+  /** Returns the numbers of the nodes of a NodeTerm, of which a reader may have typed half. */
+  numbersOf(term) {
+    // A few are looked up; cn[1-99999999] has more names than there is room for.
+    return term.size <= MOST_LOOKED_UP
+      ? term.names().map((name) => this.numberOf(name)).filter((number) => number >= 0)
+      : this.numbersWhere((name) => term.has(name));
+  }
+
+  numbersWhere(isWanted) {
     const numbers = [];
     this.names.forEach((name, number) => {
-      if (name.toLowerCase().includes(part)) {
+      if (isWanted(name)) {
         numbers.push(number);
       }
     });
@@ -90,79 +106,4 @@ export class NodeTable {
     const counts = this.countIn(lists);
     return this.names.filter((_, number) => counts[number] > 0);
   }
-}
-
-const MOST_EXPANDED = 100000;
-
-/** Returns the names of a node set such as cn[001-003,7]-ib or a,b; a text without brackets is a name. */
-export function expanded(text) {
-  const names = [];
-  for (const part of text.match(/(?:[^,[]|\[[^\]]*\]?)+/g) ?? []) {
-    const found = /^([^[]*)\[([\d,-]+)\]([^[]*)$/.exec(part);
-    if (found === null) {
-      names.push(part);
-      continue;
-    }
-    for (const range of found[2].split(",")) {
-      const [first, last = first] = range.split("-");
-      for (let i = Number(first); i <= Number(last) && names.length < MOST_EXPANDED; ++i) {
-        names.push(found[1] + String(i).padStart(first.length, "0") + found[3]);
-      }
-    }
-  }
-  return names;
-}
-
-/** Returns the names as one node set, their last numbers in brackets: cn[001-003,007],login1. */
-export function folded(names) {
-  const sets = new Map();
-  for (const name of names) {
-    const [, prefix, number, suffix] = /^(.*?)(\d*)(\D*)$/s.exec(name);
-    const key = JSON.stringify([prefix, suffix]);
-    if (!sets.has(key)) {
-      sets.set(key, { prefix, suffix, numbers: [] });
-    }
-    sets.get(key).numbers.push(number);
-  }
-  return Array.from(sets.values(), foldedSet).join(",");
-}
-
-function foldedSet({ prefix, suffix, numbers }) {
-  // Where there are zeros before numbers, those of a bracket are equally wide.
-  const isPadded = numbers.some((number) => number.length > 1 && number.startsWith("0"));
-  const brackets = isPadded ? groupedByWidth(numbers) : [numbers];
-  return brackets.map((bracket) => prefix + foldedNumbers(bracket) + suffix).join(",");
-}
-
-function groupedByWidth(numbers) {
-  const groups = new Map();
-  for (const number of numbers) {
-    if (!groups.has(number.length)) {
-      groups.set(number.length, []);
-    }
-    groups.get(number.length).push(number);
-  }
-  return [...groups.values()];
-}
-
-function foldedNumbers(numbers) {
-  const ranges = [];
-  for (const number of numbers) {
-    const range = ranges.at(-1);
-    if (range !== undefined && number === successorOf(range.last)) {
-      range.last = number;
-    } else {
-      ranges.push({ first: number, last: number });
-    }
-  }
-  if (ranges.length === 1 && ranges[0].first === ranges[0].last) {
-    return ranges[0].first;
-  }
-  const texts = ranges.map(({ first, last }) => (first === last ? first : `${first}-${last}`));
-  return `[${texts.join(",")}]`;
-}
-
-/** Returns the number behind this one, as wide. Numbers of names may have any size. */
-function successorOf(number) {
-  return String(BigInt(number) + 1n).padStart(number.length, "0");
 }

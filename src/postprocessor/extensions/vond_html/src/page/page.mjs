@@ -1,5 +1,5 @@
 import { make } from "./elements.mjs";
-import { emptyFilter, formatFilter, parseFilter } from "./filter.mjs";
+import { ALL_ISSUES, emptyFilter, formatFilter, parseFilter } from "./filter.mjs";
 import { FilterForm } from "./filter_form.mjs";
 import { IssueDetail } from "./issue_detail.mjs";
 import { IssueList } from "./issue_list.mjs";
@@ -13,6 +13,8 @@ class Page {
     this.nodes = new NodeTable(report.groups);
     this.search = new Search(report, this.nodes);
     this.filter = emptyFilter();
+    /** The timer that writes the address; 0 when that is done. */
+    this.writing = 0;
     this.form = new FilterForm(report, this.nodes, (fields) => this.choose(fields ?? emptyFilter()));
     this.list = new IssueList(report, new IssueDetail(report, this.nodes),
       (place) => this.choose({ issue: this.filter.issue === place + 1 ? 0 : place + 1 }));
@@ -22,11 +24,15 @@ class Page {
     if (NodeMap.canShow(this.nodes)) {
       const map = new NodeMap(report, this.nodes, (name) => this.showNode(name));
       document.getElementById("nodes").append(map.help, map.element);
+    } else {
+      // What the page itself says in place of the cells.
+      document.querySelector("#nodes > p.static")?.classList.remove("static");
     }
     upgradeLinks();
     forgetPlaces();
     document.documentElement.classList.add("scripted");
     window.addEventListener("hashchange", () => this.readAddress());
+    document.addEventListener("click", (event) => this.leaveBy(event.target.closest("a")));
     this.show();
     this.readAddress();
     // When the page has been drawn.
@@ -46,6 +52,20 @@ class Page {
     }
     if (!this.list.revealOpen() && formatFilter(filter) !== "") {
       this.form.element.scrollIntoView();
+    }
+  }
+
+  /** Sees to it that a link, null for none, leads there and from there back to what is shown now. */
+  leaveBy(link) {
+    if (link === null) {
+      return;
+    }
+    if (this.writing !== 0) {
+      this.writeAddress();
+    }
+    // Of a link to what the address has already browsers tell nothing.
+    if (link.hash === window.location.hash) {
+      this.readAddress();
     }
   }
 
@@ -75,10 +95,13 @@ class Page {
   writeAddressSoon() {
     const DELAY_MS = 300;
     clearTimeout(this.writing);
-    this.writing = setTimeout(() => {
-      const fragment = formatFilter(this.filter);
-      window.history.replaceState(null, "", fragment === "" ? "#issues" : `#${fragment}`);
-    }, DELAY_MS);
+    this.writing = setTimeout(() => this.writeAddress(), DELAY_MS);
+  }
+
+  writeAddress() {
+    clearTimeout(this.writing);
+    this.writing = 0;
+    window.history.replaceState(null, "", `#${formatFilter(this.filter) || ALL_ISSUES}`);
   }
 }
 

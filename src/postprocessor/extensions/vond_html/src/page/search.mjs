@@ -37,6 +37,9 @@ export class Search {
     addChoice(filter.bands, (issue) => this.report.bands[issue.band].class);
     addChoice(filter.types, (issue) => issue.type);
     addChoice(filter.changes, (issue) => issue.change);
+    if (filter.explained === "no") {
+      tests.push((issue) => issue.explained_by === undefined);
+    }
     if (filter.definition !== "") {
       const number = this.report.definitions.indexOf(filter.definition);
       tests.push((issue) => issue.definitions?.includes(number) ?? false);
