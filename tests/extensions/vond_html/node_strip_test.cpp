@@ -98,6 +98,13 @@ TEST_F(NodeStripTest, NodesStandWithThoseThatBeginAlike) {
   EXPECT_LT(text.find("cn9:"), text.find("cn10:"));
 }
 
+TEST_F(NodeStripTest, NodesThatAreNumbersStandWithTheOthers) {
+  add_issue(data, 24, make_issue({.id = "a", .nodes = {"1", "2", "alone"}}));
+  const std::string text = strip();
+  EXPECT_THAT(text, HasSubstr("<h3>others: 3 nodes</h3>"));
+  EXPECT_EQ(text.find("<h3>"), text.rfind("<h3>"));
+}
+
 TEST_F(NodeStripTest, RacksStandInTheirOrderAndTheOthersBehindThem) {
   facts().racks = {
       {"right", {"cn3", "unknown"}}, {"left", {"cn1", "cn10", "cn2"}}, {"none", {"x"}}};

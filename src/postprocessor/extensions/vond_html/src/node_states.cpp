@@ -89,11 +89,11 @@ std::vector<NodeGroup> group_by_prefix(const States& states) {
   }
   std::vector<NodeGroup> groups;
   groups.reserve(nodes_of_prefix.size() + 1);
-  // All nodes that would be alone in theirs.
+  // All nodes that would be alone in theirs, and those that are numbers.
   NodeGroup others;
   for (auto& [prefix, nodes] : nodes_of_prefix) {
-    if (nodes.size() == 1) {
-      others.nodes.push_back(std::move(nodes.front()));
+    if (nodes.size() == 1 || prefix.empty()) {
+      std::move(nodes.begin(), nodes.end(), std::back_inserter(others.nodes));
     } else {
       groups.push_back({prefix, std::move(nodes)});
     }

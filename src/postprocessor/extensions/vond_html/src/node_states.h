@@ -27,7 +27,7 @@ struct NodeState {
 /// Nodes that stand together.
 struct NodeGroup {
   /// Their rack or, of nodes without one, what stands before the first digit of their names; "" for
-  /// nodes with which no other begins alike.
+  /// nodes with which no other begins alike, and for numbers.
   std::string name;
   /// In natural order, cn9 before cn10.
   std::vector<NodeState> nodes;
