@@ -130,17 +130,6 @@ ExitStatus status_of(const ReportFacts& facts, const ReportRecord& record,
   return has_failed(record, *history, fail_on) ? FAILED : PASSED;
 }
 
-/// Lets an object live as long as the process, which ends with its report: to give back what a
-/// report was made of, piece by piece, takes a good part of the time that the report takes.
-template <typename Object>
-Object& kept(std::unique_ptr<Object> object) {
-  // Known from here, so that no tool takes it for lost; nobody reads it, which compilers see.
-  static Object* volatile last = nullptr;
-  Object* const known = object.release();
-  last = known;
-  return *known;
-}
-
 }  // namespace
 
 ExitStatus write_report(const Options& options) {
@@ -159,21 +148,20 @@ ExitStatus write_report(const Options& options) {
 
   const std::unique_ptr<RunHistory> history = read_history(options, sources);
   record_options.seen_names = history ? &history->names() : nullptr;
-  CheckRun& run = kept(read_run_with_messages(sources));
-  ReportRecord& record =
-      kept(std::make_unique<ReportRecord>(run.collapser(), record_options, run.everything()));
+  const std::unique_ptr<CheckRun> run = read_run_with_messages(sources);
+  ReportRecord record(run->collapser(), record_options, run->everything());
   // Behind the reading: what was collected meanwhile, at a gateway, is not from the future.
-  report_facts() = facts_of_run(run, record, report_time());
+  report_facts() = facts_of_run(*run, record, report_time());
   report_facts().racks = racks;
   if (history) {
-    history->compare(run, record);
+    history->compare(*run, record);
     report_facts().changes = history->summary();
   }
   report_facts().warnings.insert(report_facts().warnings.begin(), warnings.begin(), warnings.end());
   if (options.ignores_acknowledged) {
     report_facts().acknowledged = ReportFacts::Acknowledged{.is_ignored = true};
   }
-  RecordIssueFacts issue_facts(record, run.collapser().node_names(), run.names_of_kept(),
+  RecordIssueFacts issue_facts(record, run->collapser().node_names(), run->names_of_kept(),
                                history.get());
   const IssueFactsConnection connection(issue_facts);
   if (!outputs.write(record.data())) {
