@@ -83,15 +83,4 @@ std::vector<BandSummary> summarize_bands(
   return summaries;
 }
 
-BandSummary::Issues related_issues(const CollapsedAnalysisOutput& issue, Type type) {
-  BandSummary::Issues related;
-  if (const auto found = issue.related_issues.find(type); found != issue.related_issues.end()) {
-    related.reserve(found->second.size());
-    for (const auto& other : found->second) {
-      related.push_back(other.get());
-    }
-  }
-  return related;
-}
-
 }  // namespace vond_html

@@ -45,8 +45,4 @@ std::vector<BandSummary> summarize_bands(
     const vond::postprocessor::PostprocessorExtensionData& data,
     const vond::vocabulary::SeverityBandTable& bands);
 
-/// Returns the issues of the other type that an issue is related to, in the order of the report.
-BandSummary::Issues related_issues(const vond::postprocessor::CollapsedAnalysisOutput& issue,
-                                   vond::postprocessor::Type type);
-
 }  // namespace vond_html

@@ -76,7 +76,7 @@ class Causes {
       page_.element("p", {{"dir", "auto"}},
                     vond::extension::shortened(issue.outputs.front()->message, LONGEST_MESSAGE));
     }
-    write_explained(related_issues(issue, Type::OBSERVATION));
+    write_explained(issues_.related(issue, Type::OBSERVATION));
     page_.close();
   }
 

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "band_mark.h"
-#include "band_summaries.h"
 #include "issue_values.h"
 #include "vond/extension/markup_text.h"
 #include "vond/extension/node_summaries.h"
@@ -106,7 +105,7 @@ class IssueArticle {
   }
 
   void write_related(std::string_view label, const CollapsedAnalysisOutput& issue, Type type) {
-    const auto related = related_issues(issue, type);
+    const auto related = issues_.related(issue, type);
     if (related.empty()) {
       return;
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "band_summaries.h"
 #include "issue_values.h"
 #include "vond/extension/markup_text.h"
 #include "vond/extension/node_summaries.h"
@@ -88,7 +87,7 @@ void IssueData::write_nodes(const CollapsedAnalysisOutput& issue) {
 }
 
 void IssueData::write_related(const char* key, const CollapsedAnalysisOutput& issue, Type type) {
-  const auto related = related_issues(issue, type);
+  const auto related = issues_.related(issue, type);
   if (related.empty()) {
     return;
   }

@@ -6,6 +6,7 @@
 
 #include "html_writer.h"
 #include "vond/extension/issue_numbers.h"
+#include "vond/extension/related_issues.h"
 #include "vond/postprocessor/postprocessor_extension_data.h"
 #include "vond/vocabulary/severity_band_table.h"
 
@@ -45,6 +46,13 @@ class PageIssues {
 
   /// Returns the issue where it is on the page, else null.
   const PageIssue* find(const vond::postprocessor::CollapsedAnalysisOutput& issue) const;
+
+  /// Returns the issues of one type that an issue is related to, in the order of the report.
+  std::vector<const vond::postprocessor::CollapsedAnalysisOutput*> related(
+      const vond::postprocessor::CollapsedAnalysisOutput& issue,
+      vond::postprocessor::Type type) const {
+    return vond::extension::related_issues(issue, type, numbers_);
+  }
 
   /// Returns the name of the place of an issue, which a link has behind a `#`.
   std::string anchor_of(const vond::postprocessor::CollapsedAnalysisOutput& issue) const {

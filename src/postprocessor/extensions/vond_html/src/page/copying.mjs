@@ -36,11 +36,10 @@ function copyBySelection(text) {
 export function makeCopyButton(label, description, textOf) {
   const SHOWN_MS = 2000;
   const text = make("span", { "aria-live": "polite" }, label);
-  const button = make("button", { type: "button", class: "copy", title: description,
+  return make("button", { type: "button", class: "copy", title: description,
     click: async () => {
       const isCopied = await copy(textOf());
       text.textContent = isCopied ? "copied" : "the browser does not let this page copy";
       setTimeout(() => { text.textContent = label; }, SHOWN_MS);
     } }, text, make("span", { class: "unseen" }, ` ${description}`));
-  return button;
 }

@@ -14,7 +14,7 @@ export const TYPE_NAMES = { diagnosis: "diagnosis", observation: "observation",
   missing_data: "check without data" };
 
 /** Returns a link to the issues that a filter leaves; `filter` has the fields that are not empty. */
-export function makeFilterLink(filter, ...children) {
+function makeFilterLink(filter, ...children) {
   return make("a", { href: `#${formatFilter({ ...emptyFilter(), ...filter })}` }, ...children);
 }
 
@@ -106,7 +106,7 @@ function joined(elements) {
 }
 
 /** Returns the texts in quotes of a remedy that stand like words: commands to run. */
-export function commandsOf(remedy) {
+function commandsOf(remedy) {
   const quoted = /(?<=^|[\s(])(?:'([^'\n]+)'|"([^"\n]+)"|`([^`\n]+)`)(?=$|[\s).,;:!?])/g;
   return Array.from(remedy.matchAll(quoted), (found) => ({
     command: found[1] ?? found[2] ?? found[3], end: found.index + found[0].length }));

@@ -1,8 +1,9 @@
 import { countOf, make, makeBandMark, makeName } from "./elements.mjs";
+import { movedByKey } from "./keys.mjs";
 import { TYPE_NAMES } from "./issue_detail.mjs";
 import { sizeOf } from "./node_table.mjs";
 
-/** In `rem`; the style has the same for `.row > .line`. */
+/** In `rem`: from a row to the next. The style has less for `.row > .line`, so that they stand apart. */
 const ROW_HEIGHT = 3.5;
 /** In pixels: of what is drawn above and below the window. */
 const MARGIN = 400;
@@ -201,12 +202,11 @@ export class IssueList {
   handleKey(event) {
     const isRow = event.target.classList.contains("line");
     const page = Math.max(Math.floor(window.innerHeight / this.rowHeight) - 2, 1);
-    const last = this.places.length - 1;
-    const targets = { ArrowDown: this.activeRow + 1, ArrowUp: this.activeRow - 1,
-      PageDown: this.activeRow + page, PageUp: this.activeRow - page, Home: 0, End: last };
-    if (isRow && event.key in targets && !event.ctrlKey && !event.altKey && !event.metaKey) {
+    const steps = { ArrowDown: 1, ArrowUp: -1, PageDown: page, PageUp: -page };
+    const row = isRow ? movedByKey(event, this.activeRow, this.places.length, steps) : null;
+    if (row !== null) {
       event.preventDefault();
-      this.focusRow(Math.min(Math.max(targets[event.key], 0), last));
+      this.focusRow(row);
     } else if (event.key === "Escape" && this.openRow >= 0) {
       event.preventDefault();
       this.onToggle(this.places[this.openRow]);

@@ -1,4 +1,5 @@
 import { countOf, make } from "./elements.mjs";
+import { movedByKey } from "./keys.mjs";
 import { cellSize, LABEL_HEIGHT, layOut, nodeAt, placeOf } from "./node_layout.mjs";
 
 /** A browser has no room to draw more in good time. */
@@ -181,13 +182,12 @@ export class NodeMap {
   }
 
   handleKey(event) {
-    const last = this.nodes.names.length - 1;
     const { columns } = placeOf(this.layout, this.current);
-    const targets = { ArrowRight: this.current + 1, ArrowLeft: this.current - 1,
-      ArrowDown: this.current + columns, ArrowUp: this.current - columns, Home: 0, End: last };
-    if (event.key in targets && !event.ctrlKey && !event.altKey && !event.metaKey) {
+    const steps = { ArrowRight: 1, ArrowLeft: -1, ArrowDown: columns, ArrowUp: -columns };
+    const node = movedByKey(event, this.current, this.nodes.names.length, steps);
+    if (node !== null) {
       event.preventDefault();
-      this.move(Math.min(Math.max(targets[event.key], 0), last));
+      this.move(node);
     }
   }
 }
