@@ -7,7 +7,6 @@
 #include "standalone/cli/environment.h"
 #include "standalone/cli/exit_status.h"
 #include "standalone/cli/extension_choice.h"
-#include "standalone/cli/heap.h"
 #include "standalone/cli/information_command.h"
 #include "standalone/cli/memory_shortage.h"
 #include "standalone/cli/message.h"
@@ -48,6 +47,5 @@ ExitStatus execute(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   prepare_process();
-  prepare_heap();
   return allow_exit(execute(argc, argv));
 }

@@ -10,6 +10,12 @@
 namespace vond::test {
 namespace {
 
+#ifdef VOND_HAS_MIMALLOC
+constexpr bool HAS_MIMALLOC = true;
+#else
+constexpr bool HAS_MIMALLOC = false;
+#endif
+
 constexpr std::size_t MEBIBYTE = std::size_t{1} << 20;
 
 class MemoryTest : public ::testing::Test {
@@ -80,6 +86,19 @@ TEST_F(MemoryTest, AMessageThatIsLargerThanAllElse) {
 
 TEST_F(MemoryTest, ManyNodes) {
   expect_all_or_nothing(R"({"id": "a", "severity": 90, "nodes": "n[1-20000]"})");
+}
+
+TEST_F(MemoryTest, TheFirstOfAllComesInLargePages) {
+  if (!HAS_MIMALLOC) {
+    GTEST_SKIP() << "mimalloc is not here";
+  }
+  // With this mimalloc has but what the program has given it beforehand.
+  const Outcome outcome = Command({"-e", "text", "-e", "json:" + folder / "json",
+                                   folder.write("findings", R"({"id": "a", "severity": 90})")})
+                              .environment("MIMALLOC_LIMIT_OS_ALLOC", "1")
+                              .run();
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.status, 1);
 }
 
 TEST_F(MemoryTest, EachAllocationOfAnExtensionMayFail) {
