@@ -2,6 +2,8 @@
 # source that has the style and the script of the page, and their hashes as a content security policy
 # names them.
 
+cmake_minimum_required(VERSION 3.18)
+
 # Sets `variable` to the SHA-256 of `text`, in base64.
 function(hash_text text variable)
   string(SHA256 hash "${text}")
@@ -35,6 +37,17 @@ foreach(module IN LISTS SCRIPT)
   string(APPEND script "${text}")
 endforeach()
 string(APPEND script "})();\n")
+
+# In one function the later of two declarations would take the place of the other.
+string(REGEX MATCHALL "\n(async function|function|class|const|let) [A-Za-z_]+" declarations "${script}")
+set(names "")
+foreach(declaration IN LISTS declarations)
+  string(REGEX REPLACE ".* " "" name "${declaration}")
+  if(name IN_LIST names)
+    message(FATAL_ERROR "the modules of the page declare ${name} twice: their names are unique through all of them")
+  endif()
+  list(APPEND names ${name})
+endforeach()
 
 hash_text("${style}" style_hash)
 hash_text("${script}" script_hash)
