@@ -86,6 +86,17 @@ TEST_F(DefinitionTreeTest, IssuesThatAreNotOnThePageAreCounted) {
   EXPECT_THAT(text, HasSubstr("</span><span class=\"static\">, not on this page</span></p>"));
 }
 
+TEST_F(DefinitionTreeTest, WhereNoIssueIsOnThePageNothingFoldsOut) {
+  data.fwd_root->roots = {make_definition({.name = "a", .passed = false})};
+  add_issues(data, 24, "worse", 200);
+  add_issue(data, 4, make_issue({.id = "far", .definitions = {"a"}}));
+  const std::string text = tree();
+  EXPECT_THAT(text, HasSubstr("<div class=\"leaf\">"));
+  EXPECT_THAT(text,
+              HasSubstr("<span class=\"own\" data-filter=\"band=warning&amp;definition=a\">"));
+  EXPECT_THAT(text, Not(HasSubstr("<details")));
+}
+
 TEST_F(DefinitionTreeTest, PassingDefinitionsTakeNoRoomFromFailingOnes) {
   std::vector<Node> children;
   children.reserve(vond_html::MOST_DEFINITIONS + 3);

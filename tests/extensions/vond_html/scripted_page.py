@@ -199,6 +199,13 @@ class SearchTest(ScriptedPageCase):
         link.click()
         self.wait_for(lambda: self.find(".result").text.startswith(f"{count} of 3,000 issues"))
 
+    def test_counts_of_definitions_that_do_not_fold_out_are_links(self):
+        self.open("many")
+        link = self.find(".leaf a.own")
+        count = int(link.text.split()[-1])
+        link.click()
+        self.wait_for(lambda: self.find(".result").text.startswith(f"{count} of 3,000 issues"))
+
     def test_what_has_no_room_among_the_causes_is_a_link(self):
         self.open("many")
         link = next(one for one in self.find_all("#band-critical a") if one.text.startswith("and "))

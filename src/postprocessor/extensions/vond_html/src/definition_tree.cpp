@@ -48,6 +48,17 @@ bool has_children(const vond::FwdNode& node) {
                      [](const auto& group) { return !group.children.empty(); });
 }
 
+/// Whether the page has some of these issues.
+bool has_links(const std::vector<OwnIssues>& own) {
+  return std::any_of(own.begin(), own.end(),
+                     [](const OwnIssues& issues) { return !issues.on_page.empty(); });
+}
+
+/// Returns the fragment that asks the script for a definition's issues of a band.
+std::string filter_of(const std::string& definition, const SeverityBand& band) {
+  return filter_fragment({{"band", band_class(band)}, {"definition", shortened_name(definition)}});
+}
+
 /// Writes definitions with what is below them.
 class DefinitionTree {
  public:
@@ -63,13 +74,15 @@ class DefinitionTree {
     }
     const auto own = own_issues(*node.fwd);
     page_.open("li");
-    if (own.empty() && !has_children(node)) {
+    if (!has_children(node) && !has_links(own)) {
       page_.open("div", {{"class", "leaf"}});
-      write_label(*node.fwd, own);
+      write_label(*node.fwd);
+      write_linked_counts(node.fwd->name, own);
     } else {
       open_details(fails(*node.fwd));
       page_.open("summary");
-      write_label(*node.fwd, own);
+      write_label(*node.fwd);
+      write_counts(own);
       page_.close();
       write_issues(node.fwd->name, own);
       write_children(node, level);
@@ -128,7 +141,7 @@ class DefinitionTree {
     }
   }
 
-  void write_label(const vond::Fwd& definition, const std::vector<OwnIssues>& own) {
+  void write_label(const vond::Fwd& definition) {
     const std::string_view status = vond::extension::status_word(definition);
     page_.open("span", {{"class", "definition"}});
     write_name(page_, host_.get_short_name(definition.name));
@@ -136,8 +149,22 @@ class DefinitionTree {
     page_.open("span", {{"class", std::string("status ").append(class_of(status))}});
     write_shape(page_, shape_of(status));
     page_.text(" ").text(status).close();
+  }
+
+  /// Writes the counts for a line that folds out, in which there must be no links.
+  void write_counts(const std::vector<OwnIssues>& own) {
     for (const OwnIssues& issues : own) {
       page_.text(" ").open("span", {{"class", "own"}});
+      write_band_shape(page_, issues.band);
+      page_.text(std::to_string(issues.count)).close();
+    }
+  }
+
+  /// Writes the counts of a definition that has nothing to fold out.
+  void write_linked_counts(const std::string& definition, const std::vector<OwnIssues>& own) {
+    for (const OwnIssues& issues : own) {
+      page_.text(" ").open("span",
+                           {{"class", "own"}, {"data-filter", filter_of(definition, issues.band)}});
       write_band_shape(page_, issues.band);
       page_.text(std::to_string(issues.count)).close();
     }
@@ -163,8 +190,7 @@ class DefinitionTree {
 
   /// Writes how many there are, as a link to the first, which a script makes one to all.
   void write_count(const std::string& definition, const OwnIssues& issues) {
-    const std::string filter = filter_fragment(
-        {{"band", band_class(issues.band)}, {"definition", shortened_name(definition)}});
+    const std::string filter = filter_of(definition, issues.band);
     if (issues.on_page.empty()) {
       page_.open("span", {{"data-filter", filter}});
     } else {

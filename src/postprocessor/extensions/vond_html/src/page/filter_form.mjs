@@ -72,7 +72,8 @@ export class FilterForm {
   makeChoices(legend, field, values, valueOf) {
     const counts = new Map();
     for (const issue of this.report.issues) {
-      counts.set(valueOf(issue), (counts.get(valueOf(issue)) ?? 0) + 1);
+      const value = valueOf(issue);
+      counts.set(value, (counts.get(value) ?? 0) + 1);
     }
     const boxes = [];
     const element = make("fieldset", {}, make("legend", {}, legend));

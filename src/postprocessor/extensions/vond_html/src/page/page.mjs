@@ -112,7 +112,7 @@ function upgradeLinks() {
     if (text.tagName === "A") {
       text.setAttribute("href", href);
     } else {
-      text.replaceWith(make("a", { href }, ...text.childNodes));
+      text.replaceWith(make("a", { class: text.className || null, href }, ...text.childNodes));
     }
   }
 }
