@@ -31,6 +31,6 @@ void reserve_large_pages() {
 // mimalloc takes its first memory while libraries are initialised, before all that is in the
 // program.
 [[gnu::section(".preinit_array"),
-  gnu::used]] void (*const before_libraries)() = reserve_large_pages;
+  gnu::used]] void (*const BEFORE_LIBRARIES)() = reserve_large_pages;
 
 }  // namespace

@@ -10,6 +10,7 @@
 namespace vond::test {
 namespace {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -84,6 +85,18 @@ TEST_F(DefinitionTreeTest, IssuesThatAreNotOnThePageAreCounted) {
   EXPECT_THAT(text, HasSubstr("<a href=\"#issue-200\"><bdi>last</bdi></a> and 1 more</p>"));
   EXPECT_THAT(text, HasSubstr("<span data-filter=\"band=warning&amp;definition=a\">1 <span "));
   EXPECT_THAT(text, HasSubstr("</span><span class=\"static\">, not on this page</span></p>"));
+}
+
+TEST_F(DefinitionTreeTest, BandsWithoutIssuesOnThePageShareALine) {
+  data.fwd_root->roots = {
+      make_definition({.name = "a", .passed = false}, {{make_definition({.name = "a/b"})}})};
+  add_issues(data, 24, "worse", 200);
+  add_issue(data, 25, make_issue({.id = "beyond", .definitions = {"a"}}));
+  add_issue(data, 4, make_issue({.id = "far", .definitions = {"a"}}));
+  EXPECT_THAT(tree(),
+              ContainsRegex("<p class=\"of-definition\"><span data-filter=[^\n]* CRITICAL</span>"
+                            "</span>, <span data-filter=[^\n]* WARNING</span></span>"
+                            "<span class=\"static\">, not on this page</span></p>"));
 }
 
 TEST_F(DefinitionTreeTest, WhereNoIssueIsOnThePageNothingFoldsOut) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "band_mark.h"
@@ -170,21 +171,40 @@ class DefinitionTree {
     }
   }
 
+  /// Writes a line for each band of which issues are on the page, and one for all others.
   void write_issues(const std::string& definition, const std::vector<OwnIssues>& own) {
     for (const OwnIssues& issues : own) {
-      page_.open("p", {{"class", "of-definition"}});
+      if (!issues.on_page.empty()) {
+        page_.open("p", {{"class", "of-definition"}});
+        write_count(definition, issues);
+        write_links(issues);
+        page_.close();
+      }
+    }
+    std::string_view separator;
+    for (const OwnIssues& issues : own) {
+      if (!issues.on_page.empty()) {
+        continue;
+      }
+      if (separator.empty()) {
+        page_.open("p", {{"class", "of-definition"}});
+      }
+      page_.text(std::exchange(separator, ", "));
       write_count(definition, issues);
-      for (std::size_t i = 0; i < issues.on_page.size(); ++i) {
-        page_.text(i == 0 ? ": " : ", ");
-        page_issues_.write_link(page_, *issues.on_page[i]);
-      }
-      const std::size_t others = issues.count - issues.on_page.size();
-      if (issues.on_page.empty()) {
-        page_.element("span", {{"class", "static"}}, ", not on this page");
-      } else if (others != 0) {
-        page_.text(" and " + std::to_string(others) + " more");
-      }
-      page_.close();
+    }
+    if (!separator.empty()) {
+      page_.element("span", {{"class", "static"}}, ", not on this page").close();
+    }
+  }
+
+  void write_links(const OwnIssues& issues) {
+    for (std::size_t i = 0; i < issues.on_page.size(); ++i) {
+      page_.text(i == 0 ? ": " : ", ");
+      page_issues_.write_link(page_, *issues.on_page[i]);
+    }
+    const std::size_t others = issues.count - issues.on_page.size();
+    if (others != 0) {
+      page_.text(" and " + std::to_string(others) + " more");
     }
   }
 
