@@ -30,7 +30,7 @@ void reserve_large_pages() {
 
 // mimalloc takes its first memory while libraries are initialised, before all that is in the
 // program.
-[[gnu::section(".preinit_array"),
-  gnu::used]] void (*const BEFORE_LIBRARIES)() = reserve_large_pages;
+using Function = void (*)();
+[[gnu::section(".preinit_array"), gnu::used]] const Function BEFORE_LIBRARIES = reserve_large_pages;
 
 }  // namespace
