@@ -78,7 +78,7 @@ class DefinitionTree {
     if (!has_children(node) && !has_links(own)) {
       page_.open("div", {{"class", "leaf"}});
       write_label(*node.fwd);
-      write_linked_counts(node.fwd->name, own);
+      write_counts(own, &node.fwd->name);
     } else {
       open_details(fails(*node.fwd));
       page_.open("summary");
@@ -152,20 +152,17 @@ class DefinitionTree {
     page_.text(" ").text(status).close();
   }
 
-  /// Writes the counts for a line that folds out, in which there must be no links.
-  void write_counts(const std::vector<OwnIssues>& own) {
+  /// Writes how many issues each band has; a script makes links of what has a definition's name.
+  /// There must be no links in a line that folds out.
+  void write_counts(const std::vector<OwnIssues>& own, const std::string* definition = nullptr) {
     for (const OwnIssues& issues : own) {
-      page_.text(" ").open("span", {{"class", "own"}});
-      write_band_shape(page_, issues.band);
-      page_.text(std::to_string(issues.count)).close();
-    }
-  }
-
-  /// Writes the counts of a definition that has nothing to fold out.
-  void write_linked_counts(const std::string& definition, const std::vector<OwnIssues>& own) {
-    for (const OwnIssues& issues : own) {
-      page_.text(" ").open("span",
-                           {{"class", "own"}, {"data-filter", filter_of(definition, issues.band)}});
+      page_.text(" ");
+      if (definition == nullptr) {
+        page_.open("span", {{"class", "own"}});
+      } else {
+        page_.open("span",
+                   {{"class", "own"}, {"data-filter", filter_of(*definition, issues.band)}});
+      }
       write_band_shape(page_, issues.band);
       page_.text(std::to_string(issues.count)).close();
     }
