@@ -39,7 +39,7 @@ endforeach()
 string(APPEND script "})();\n")
 
 # In one function the later of two declarations would take the place of the other.
-string(REGEX MATCHALL "\n(async function|function|class|const|let) [A-Za-z_]+" declarations "${script}")
+string(REGEX MATCHALL "\n(async function|function|class|const|let) [A-Za-z0-9_$]+" declarations "${script}")
 set(names "")
 foreach(declaration IN LISTS declarations)
   string(REGEX REPLACE ".* " "" name "${declaration}")
