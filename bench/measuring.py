@@ -152,7 +152,11 @@ def megabytes(size):
 
 def machine():
     """Returns what figures depend on: the processor, and what else it has to do."""
-    models = [line.split(": ")[1] for line in Path("/proc/cpuinfo").read_text().splitlines()
-              if line.startswith("model name")]
-    model = models[0] if models else platform.machine()
+    first_processor = Path("/proc/cpuinfo").read_text().split("\n\n")[0]
+    told = {key.strip(): value.strip()
+            for key, _, value in (line.partition(":") for line in first_processor.splitlines())}
+    model = told.get("model name", platform.machine())
+    # A virtual machine may tell no more by name than the maker.
+    if "cpu family" in told:
+        model += f" (family {told['cpu family']}, model {told.get('model')})"
     return f"{os.cpu_count()} x {model}, load average {os.getloadavg()[0]:.1f} at the start"

@@ -37,7 +37,8 @@ Inputs older_than_a_day(Inputs inputs) {
 }
 
 Inputs from_the_future(Inputs inputs) {
-  std::erase_if(inputs, [](const auto& input) { return input.age.value_or(0) >= 0; });
+  std::erase_if(inputs,
+                [](const auto& input) { return input.age.value_or(0) >= -CLOCK_DIFFERENCE; });
   return inputs;
 }
 

@@ -85,11 +85,11 @@ TEST_F(Validation, TellsAgesOfMoreThanADayAndOfTheFuture) {
   facts.inputs = {{"day", 86400, false},
                   {"older", 86401, false},
                   {"old", 1'000'000, false},
-                  {"future", -1, false},
+                  {"future", -61, false},
                   {"pipe", {}, false}};
   EXPECT_EQ(doubts(),
             "  2 inputs are older than a day: older, 1 day old; old, 11 days old\n"
-            "  1 input is from the future: future, 1 second in the future\n");
+            "  1 input is from the future: future, 1 minute in the future\n");
 }
 
 TEST_F(Validation, TellsWhichPartsOfAnInputAreOldAndWhichAreFromTheFuture) {
@@ -98,13 +98,19 @@ TEST_F(Validation, TellsWhichPartsOfAnInputAreOldAndWhichAreFromTheFuture) {
                    .parts = {{{"rack01"}, 120},
                              {{"rack03", "rack02"}, 604'800},
                              {{}, 172'800},
-                             {{"rack07"}, -60},
+                             {{"rack07"}, -120},
                              {{"rack08"}, 86'400}}},
                   {.name = "raw", .age = 86'401}};
   EXPECT_EQ(doubts(),
             "  1 input is older than a day: raw, 1 day old\n"
             "  2 parts are older than a day: rack[02-03], 7 days old; a part of racks, 2 days old\n"
-            "  1 part is from the future: rack07, 1 minute in the future\n");
+            "  1 part is from the future: rack07, 2 minutes in the future\n");
+}
+
+TEST_F(Validation, DoesNotTellThatClocksDifferByNoMoreThanAMinute) {
+  facts.inputs = {{.name = "racks", .parts = {{{"rack01"}, -60}, {{"rack02"}, -1}}},
+                  {.name = "raw", .age = -60}};
+  EXPECT_EQ(doubts(), "");
 }
 
 TEST_F(Validation, TellsAnInputOfOnePartByItsOwnName) {
