@@ -124,9 +124,10 @@ struct ReportFacts {
   struct Acknowledged {
     /// The user wants to see all the same what is acknowledged; nothing else is known then.
     bool is_ignored = false;
-    /// How many issues there would be of what is acknowledged, and on how many nodes.
+    /// How many issues there would be of what is acknowledged.
     std::size_t issues = 0;
-    std::size_t nodes = 0;
+    /// The nodes of what is acknowledged; sorted.
+    std::vector<std::string> nodes = {};
     /// In the order of the file.
     std::vector<Acknowledgement> entries = {};
   };

@@ -115,6 +115,11 @@ std::vector<Acknowledgement> acknowledgements() {
   return entries;
 }
 
+std::vector<std::string> acknowledged_nodes() {
+  const auto& acknowledged = report_facts().acknowledged;
+  return acknowledged ? acknowledged->nodes : std::vector<std::string>();
+}
+
 std::optional<std::size_t> issues_acknowledged() {
   const auto& acknowledged = report_facts().acknowledged;
   return acknowledged && !acknowledged->is_ignored ? std::optional(acknowledged->issues)

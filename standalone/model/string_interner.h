@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "standalone/model/flat_index.h"
 #include "standalone/text/text_hash.h"
@@ -28,6 +30,13 @@ class StringInterner {
 
   const std::string& operator[](Id id) const { return strings_[id]; }
   std::size_t size() const { return strings_.size(); }
+  /// Returns copies of all strings, sorted.
+  std::vector<std::string> sorted() const {
+    std::vector<std::string> strings(strings_.begin(), strings_.end());
+    std::sort(strings.begin(), strings.end());
+    return strings;
+  }
+
   bool contains(std::string_view text) const { return find(text).has_value(); }
 
   /// Returns the number of the string, nothing when it has none.

@@ -49,7 +49,7 @@ void add_facts_of_acknowledged(ReportFacts& facts, const CheckRun& run) {
   facts.findings_acknowledged = run.findings_read() - run.collapser().findings();
   forget_acknowledged_ids(facts.unknown_based_on, acknowledged);
   ReportFacts::Acknowledged told{.issues = acknowledged.issues().size(),
-                                 .nodes = acknowledged.node_names().size()};
+                                 .nodes = acknowledged.node_names().sorted()};
   told.entries.reserve(acknowledged.entries().size());
   for (std::size_t number = 0; number < acknowledged.entries().size(); ++number) {
     const Acknowledgement& entry = acknowledged.entries()[number];

@@ -32,13 +32,7 @@ std::vector<std::string> Examination::seen(const StringInterner& nodes_with_find
   if (known_) {
     return {examined_.begin(), examined_.end()};
   }
-  std::vector<std::string> names;
-  names.reserve(nodes_with_findings.size());
-  for (StringInterner::Id id = 0; id < nodes_with_findings.size(); ++id) {
-    names.push_back(nodes_with_findings[id]);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
+  return nodes_with_findings.sorted();
 }
 
 std::vector<std::string> Examination::expected_and_not_in(

@@ -12,7 +12,7 @@
 
 /// The version of these functions. It is raised when functions are added and when what one returns
 /// changes its meaning; what is declared here never changes its layout.
-#define VOND_FACTS_VERSION 3
+#define VOND_FACTS_VERSION 4
 
 /// What the record cannot carry: where a report comes from, how far it can be trusted, and what its
 /// issues were made of. The stand-alone host exports these functions; other hosts need not have
@@ -45,6 +45,12 @@ struct Input {
   /// what is no regular file.
   std::optional<std::int64_t> age_seconds;
 };
+
+/// What an input of more than this age, in seconds, tells may no longer be so.
+inline constexpr std::int64_t OLD_AGE = std::int64_t{24} * 60 * 60;
+
+/// By as many seconds the clocks of a cluster may differ before it is worth a warning.
+inline constexpr std::int64_t CLOCK_DIFFERENCE = 60;
 
 /// Returns the inputs in reading order.
 VOND_HOST_API std::vector<Input> inputs();
@@ -109,12 +115,18 @@ struct Acknowledgement {
   std::string state;
 };
 
+/// An acknowledgement that ends within as many days warns.
+inline constexpr std::int64_t ACKNOWLEDGEMENT_WARNING_DAYS = 7;
+
 /// Returns what the user has acknowledged, in the order of the file. What an active entry covers is
 /// no part of the record.
 VOND_HOST_API std::vector<Acknowledgement> acknowledgements();
 
 /// Returns how many issues there would be of what is acknowledged; nothing when nothing may be.
 VOND_HOST_API std::optional<std::size_t> issues_acknowledged();
+
+/// Returns the nodes of what is acknowledged, which may have issues of the record, too.
+VOND_HOST_API std::vector<std::string> acknowledged_nodes();
 
 /// Returns the issue's severity, 0 to 100, of which the record knows the band alone: the highest of
 /// its findings; -1 for an issue that is none of the record's.

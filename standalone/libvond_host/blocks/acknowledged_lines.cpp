@@ -11,6 +11,7 @@
 #include "standalone/text/columns.h"
 #include "standalone/text/messages.h"
 #include "standalone/text/utc_time.h"
+#include "vond/facts/run_facts.h"
 
 namespace vond::standalone {
 namespace {
@@ -21,8 +22,6 @@ using State = Entry::State;
 
 constexpr std::size_t MOST_LINES = 5;
 constexpr std::time_t DAY = std::time_t{24} * 60 * 60;
-/// How many days before its end an entry warns.
-constexpr std::time_t WARNING_DAYS = 7;
 
 /// Returns the time of an end, without the time of day for the end of a day.
 std::string format_end(std::time_t until) {
@@ -71,8 +70,8 @@ class EntryText {
 /// Returns "12 issues on 34 nodes".
 std::string format_count(const ReportFacts::Acknowledged& acknowledged) {
   const std::string issues = count_of(acknowledged.issues, "issue", "issues");
-  return acknowledged.nodes == 0 ? issues
-                                 : issues + " on " + count_of(acknowledged.nodes, "node", "nodes");
+  const std::size_t nodes = acknowledged.nodes.size();
+  return nodes == 0 ? issues : issues + " on " + count_of(nodes, "node", "nodes");
 }
 
 /// Writes the block's lines; each group of entries has a heading.
@@ -128,7 +127,8 @@ class AcknowledgedLines {
   }
 
   void write_entry(const Entry& entry, OutputLog::Colors color) const {
-    const bool ends_soon = entry.state == State::ACTIVE && days_left(entry) <= WARNING_DAYS;
+    const bool ends_soon =
+        entry.state == State::ACTIVE && days_left(entry) <= facts::ACKNOWLEDGEMENT_WARNING_DAYS;
     const EntryText text(ends_soon ? time_left(entry) + ": " : "", entry);
     const ListLayout layout{.lead = "    ", .indent = "      ", .width = width_};
     write_unwrapped_line(ends_soon ? OutputLog::YELLOW : color,

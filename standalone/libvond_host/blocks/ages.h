@@ -5,12 +5,6 @@
 
 namespace vond::standalone {
 
-/// What an input of more than this age in seconds tells may no longer be so.
-inline constexpr std::int64_t OLD_AGE = std::int64_t{24} * 60 * 60;
-
-/// By as many seconds the clocks of a cluster may differ before it is worth a warning.
-inline constexpr std::int64_t CLOCK_DIFFERENCE = 60;
-
 /// Returns a time span in its largest whole unit: "3 days". One below 0 is none.
 std::string format_duration(std::int64_t seconds);
 

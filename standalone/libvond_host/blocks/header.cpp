@@ -13,8 +13,8 @@ std::string format_nodes(const ReportFacts& facts) {
   const std::string seen = std::to_string(facts.nodes_seen);
   // A node whose issues are all acknowledged is not healthy.
   const std::string acknowledged =
-      facts.acknowledged && facts.acknowledged->nodes != 0
-          ? ", " + std::to_string(facts.acknowledged->nodes) + " with acknowledged ones"
+      facts.acknowledged && !facts.acknowledged->nodes.empty()
+          ? ", " + std::to_string(facts.acknowledged->nodes.size()) + " with acknowledged ones"
           : std::string();
   const std::string expected =
       facts.expectation ? ", " + std::to_string(facts.expectation->nodes_expected) + " expected"

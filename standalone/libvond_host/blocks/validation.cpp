@@ -13,6 +13,7 @@
 #include "standalone/libvond_host/blocks/severity_bands.h"
 #include "standalone/nodes/node_folding.h"
 #include "standalone/text/messages.h"
+#include "vond/facts/run_facts.h"
 
 namespace vond::standalone {
 namespace {
@@ -32,13 +33,13 @@ void add_parts(const ReportFacts::Input& input, Inputs& parts) {
 }
 
 Inputs older_than_a_day(Inputs inputs) {
-  std::erase_if(inputs, [](const auto& input) { return input.age.value_or(0) <= OLD_AGE; });
+  std::erase_if(inputs, [](const auto& input) { return input.age.value_or(0) <= facts::OLD_AGE; });
   return inputs;
 }
 
 Inputs from_the_future(Inputs inputs) {
-  std::erase_if(inputs,
-                [](const auto& input) { return input.age.value_or(0) >= -CLOCK_DIFFERENCE; });
+  std::erase_if(
+      inputs, [](const auto& input) { return input.age.value_or(0) >= -facts::CLOCK_DIFFERENCE; });
   return inputs;
 }
 

@@ -42,6 +42,14 @@ TEST(IssueValues, SpreadCountsNodesInPartsOfEqualWidth) {
   EXPECT_EQ(spread[39], 1);
 }
 
+TEST(IssueValues, CommasAndPlusSignsBelongToNumbers) {
+  const auto spread = spread_of(numbers({"+0", "1,000", "+4,000B"}));
+  ASSERT_THAT(spread, SizeIs(40));
+  EXPECT_EQ(spread[0], 1);
+  EXPECT_EQ(spread[10], 1);
+  EXPECT_EQ(spread[39], 1);
+}
+
 TEST(IssueValues, OneNumberAloneHasNoSpread) {
   EXPECT_THAT(spread_of(numbers({"5C"})), IsEmpty());
   EXPECT_THAT(spread_of(numbers({})), IsEmpty());

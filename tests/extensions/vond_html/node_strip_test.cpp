@@ -23,6 +23,11 @@ TEST(NodeOrder, NumbersInNamesCountAsNumbers) {
               ElementsAre("a", "cn", "cn0", "cn9", "cn9a", "cn010", "cn10", "r1n10", "r10n1"));
 }
 
+TEST(NodeOrder, BytesBeyondAsciiComeLast) {
+  EXPECT_TRUE(vond_html::comes_before("n1z", "n1é"));
+  EXPECT_FALSE(vond_html::comes_before("n1é", "n1z"));
+}
+
 TEST(NodeOrder, NoNameComesBeforeItself) {
   for (const char* name : {"", "cn", "cn01", "0"}) {
     EXPECT_FALSE(vond_html::comes_before(name, name));
@@ -69,6 +74,27 @@ TEST_F(NodeStripTest, WhatWasNotExaminedIsNeverClean) {
   EXPECT_THAT(text, HasSubstr("<li><span " + cell("silent not-examined", "?", "n2: not examined")));
   EXPECT_THAT(text,
               HasSubstr(cell("critical not-examined", "◆", "n3: CRITICAL, not examined, 1 issue")));
+}
+
+TEST_F(NodeStripTest, WhoeverIsNotAmongTheExaminedWasNotExamined) {
+  facts().examination = {
+      .nodes_examined = 1, .not_examined_with_findings = {"n2"}, .names = {"n1"}};
+  add_issue(data, 24, make_issue({.id = "c", .nodes = {"n2"}}));
+  EXPECT_THAT(strip(),
+              HasSubstr(cell("critical not-examined", "◆", "n2: CRITICAL, not examined, 1 issue")));
+}
+
+TEST_F(NodeStripTest, NodeWhoseIssuesAreAllAcknowledgedIsNotClean) {
+  facts().examination = {
+      .nodes_examined = 3, .not_examined_with_findings = {}, .names = {"n1", "n2", "n3"}};
+  facts().acknowledged = {.issues = 1, .nodes = {"n1", "n2"}};
+  add_issue(data, 24, make_issue({.id = "c", .nodes = {"n2"}}));
+  const std::string text = strip();
+  EXPECT_THAT(text, HasSubstr("<li><span " + cell("acknowledged", "◐", "n1: acknowledged")));
+  EXPECT_THAT(text, HasSubstr(cell("critical", "◆", "n2: CRITICAL, 1 issue")));
+  EXPECT_THAT(text, HasSubstr("◆</span> 1 CRITICAL</span> <span><span class=\"cell acknowledged\" "
+                              "aria-hidden=\"true\">◐</span> 1 acknowledged</span> <span><span "
+                              "class=\"cell clean\" aria-hidden=\"true\">○</span> 1 clean"));
 }
 
 TEST_F(NodeStripTest, LegendCountsNodesTheWorstFirst) {

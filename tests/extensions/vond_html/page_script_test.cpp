@@ -51,12 +51,13 @@ TEST_F(PageScriptTest, IssueThatIsFiledTwiceIsThereOnce) {
 
 TEST_F(PageScriptTest, StatesOfNodesAreACharacterEach) {
   facts().examination = {
-      .nodes_examined = 3, .not_examined_with_findings = {}, .names = {"n1", "n2", "n3"}};
+      .nodes_examined = 3, .not_examined_with_findings = {}, .names = {"n1", "n2", "n3", "n6"}};
   facts().expectation = {
       .nodes_expected = 5, .silent = {"n4", "n5"}, .not_expected = {}, .alike = {}};
+  facts().acknowledged = {.issues = 1, .nodes = {"n1", "n4", "n5", "n6"}};
   add_issue(data, 24, make_issue({.id = "a", .nodes = {"n1", "n4"}}));
   add_issue(data, 4, make_issue({.id = "b", .nodes = {"n1", "n2"}}));
-  EXPECT_THAT(document(), HasSubstr("{\"name\":\"n\",\"states\":\"01-A?\",\"nodes\":["));
+  EXPECT_THAT(document(), HasSubstr("{\"name\":\"n\",\"states\":\"01-A?+\",\"nodes\":["));
 }
 
 TEST_F(PageScriptTest, RelatedIssuesAreNamedByTheirNumbers) {

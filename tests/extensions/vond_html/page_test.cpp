@@ -263,7 +263,7 @@ TEST_F(PageTest, TextsWithoutMeasureAreCut) {
   EXPECT_THAT(text, HasSubstr("All of them are in the list (-e list)."));
 }
 
-TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEnd) {
+TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEndAndBeforeWhatHoldsNoMore) {
   using State = standalone::ReportFacts::Acknowledgement::State;
   constexpr std::time_t NOW = 1763699400;
   constexpr std::time_t DAY = 86400;
@@ -276,24 +276,57 @@ TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEnd) {
                   entry("vain", NOW - 1, State::UNUSED)}};
   facts().acknowledged->entries[1].nodes = {"n1", "n2"};
   facts().acknowledged->entries[1].by = "me";
-  EXPECT_EQ(section("acknowledged"),
-            "<section id=\"acknowledged\"><h2>Acknowledged: 2 issues</h2>\n"
-            "<ul><li><strong class=\"remark\">expired</strong> <b><bdi>over</bdi></b> on every "
-            "node until <time datetime=\"1970-01-01T00:00:01Z\">1970-01-01 00:00:01 UTC</time>: "
-            "<bdi>r</bdi></li>\n"
-            "<li><strong class=\"remark\">covers nothing</strong> <b><bdi>vain</bdi></b> on every "
-            "node until <time datetime=\"2025-11-21T04:29:59Z\">2025-11-21 04:29:59 UTC</time>: "
-            "<bdi>r</bdi></li>\n"
-            "<li><strong class=\"remark\">ends within a day</strong> <b><bdi>today</bdi></b> on "
-            "every node until <time datetime=\"2025-11-21T04:30:01Z\">2025-11-21 04:30:01 UTC"
-            "</time>: <bdi>r</bdi></li>\n"
-            "<li><strong class=\"remark\">ends in 3 days</strong> <b><bdi>soon</bdi></b> on <code "
-            "class=\"nodes\" dir=\"ltr\">n[1-2]</code> until <time "
-            "datetime=\"2025-11-24T04:30:00Z\">2025-11-24 04:30:00 UTC</time>: <bdi>r</bdi> "
-            "(<bdi>me</bdi>)</li>\n"
-            "<li><b><bdi>late</bdi></b> on every node until <time "
-            "datetime=\"2025-11-29T04:30:00Z\">2025-11-29 04:30:00 UTC</time>: <bdi>r</bdi></li>\n"
-            "</ul>\n");
+  EXPECT_EQ(
+      section("acknowledged"),
+      "<section id=\"acknowledged\"><h2>Acknowledged: 2 issues</h2>\n"
+      "<ul><li><strong class=\"remark\">ends within a day</strong> <b><bdi>today</bdi></b> on "
+      "every node until <time datetime=\"2025-11-21T04:30:01Z\">2025-11-21 04:30:01 UTC"
+      "</time>: <bdi>r</bdi></li>\n"
+      "<li><strong class=\"remark\">ends in 3 days</strong> <b><bdi>soon</bdi></b> on <code "
+      "class=\"nodes\" dir=\"ltr\">n[1-2]</code> until <time "
+      "datetime=\"2025-11-24T04:30:00Z\">2025-11-24 04:30:00 UTC</time>: <bdi>r</bdi> "
+      "(<bdi>me</bdi>)</li>\n"
+      "<li><b><bdi>late</bdi></b> on every node until <time "
+      "datetime=\"2025-11-29T04:30:00Z\">2025-11-29 04:30:00 UTC</time>: <bdi>r</bdi></li>\n"
+      "<li><strong class=\"remark\">covers nothing</strong> <b><bdi>vain</bdi></b> on every "
+      "node until <time datetime=\"2025-11-21T04:29:59Z\">2025-11-21 04:29:59 UTC</time>: "
+      "<bdi>r</bdi></li>\n"
+      "<li><strong class=\"remark\">expired</strong> <b><bdi>over</bdi></b> on every "
+      "node until <time datetime=\"1970-01-01T00:00:01Z\">1970-01-01 00:00:01 UTC</time>: "
+      "<bdi>r</bdi></li>\n"
+      "</ul>\n");
+}
+
+TEST_F(PageTest, WhatHasExpiredTakesNoPlaceFromWhatHolds) {
+  using State = standalone::ReportFacts::Acknowledgement::State;
+  facts().acknowledged = {.issues = 1, .entries = {}};
+  for (int i = 0; i < 60; ++i) {
+    facts().acknowledged->entries.push_back(entry("over", i, State::EXPIRED));
+  }
+  facts().acknowledged->entries.push_back(entry("holds", 1863699400, State::ACTIVE));
+  const std::string text = section("acknowledged");
+  EXPECT_THAT(text, HasSubstr("<ul><li><b><bdi>holds</bdi></b>"));
+  EXPECT_EQ(count(text, "<bdi>over</bdi>"), 50);
+  EXPECT_THAT(text, HasSubstr("<li>and 10 more, expired</li>"));
+}
+
+TEST_F(PageTest, AgesAreRemarkedOnWhenClocksDoNotExplainThem) {
+  facts().inputs = {{.name = "a", .age = -60},
+                    {.name = "b", .age = -61},
+                    {.name = "c", .age = 86400},
+                    {.name = "d", .age = 86401}};
+  const std::string text = written();
+  EXPECT_THAT(text, HasSubstr("<bdi>a</bdi> (1 minute in the future); <bdi>b</bdi> <strong "
+                              "class=\"remark\">(1 minute in the future)</strong>; <bdi>c</bdi> "
+                              "(1 day old); <bdi>d</bdi> <strong class=\"remark\">(1 day old)"));
+}
+
+TEST_F(PageTest, NodesWithAcknowledgedIssuesAreNotTakenForHealthy) {
+  facts().nodes_seen = 1;
+  facts().examination = {
+      .nodes_examined = 3, .not_examined_with_findings = {}, .names = {"n1", "n2", "n3"}};
+  facts().acknowledged = {.issues = 1, .nodes = {"n1", "n2"}};
+  EXPECT_THAT(written(), HasSubstr("3 examined, 1 with issues, 2 with acknowledged ones"));
 }
 
 TEST_F(PageTest, WhatIsAcknowledgedIsLinkedFromTheFirstScreen) {

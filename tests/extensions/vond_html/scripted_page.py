@@ -511,13 +511,23 @@ class NodeMapTest(ScriptedPageCase):
                         x, y, size)
         return {tuple(data[i:i + 3]) for i in range(0, len(data), 4)}
 
+    def is_green(self, colors):
+        return any(green > red + 20 and green > blue + 20 for red, green, blue in colors)
+
     def test_what_nobody_looked_at_is_hatched_and_never_green(self):
         self.open("silent")
-        clean, silent = self.colors_of(0, 18, 19), self.colors_of(20, 18, 19)
-        is_green = lambda color: color[1] > color[0] + 20 and color[1] > color[2] + 20
-        self.assertTrue(any(is_green(color) for color in clean))
-        self.assertFalse(any(is_green(color) for color in silent))
+        silent = self.colors_of(20, 18, 19)
+        self.assertTrue(self.is_green(self.colors_of(0, 18, 19)))
+        self.assertFalse(self.is_green(silent))
         self.assertGreater(len(silent), 2)
+
+    def test_what_is_acknowledged_is_not_clean(self):
+        self.open("known")
+        self.assertTrue(self.is_green(self.colors_of(0, 18, 19)))
+        self.assertFalse(self.is_green(self.colors_of(20, 18, 19)))
+        self.ask("document.querySelector('.cell-button').focus()")
+        self.press(Keys.RIGHT)
+        self.assertEqual(self.find(".tip").text, "cn2: acknowledged")
 
     def test_the_map_follows_the_setting_of_light_and_dark(self):
         self.open("silent")

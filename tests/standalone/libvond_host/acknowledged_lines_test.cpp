@@ -55,7 +55,7 @@ TEST_F(AcknowledgedLinesTest, AreNoneWhenNothingIsAcknowledged) {
 
 TEST_F(AcknowledgedLinesTest, TellWhatIsCoveredByWhat) {
   facts.acknowledged->issues = 3;
-  facts.acknowledged->nodes = 12;
+  facts.acknowledged->nodes = std::vector<std::string>(12, "cn");
   add("disk-full#sda1");
   EXPECT_EQ(lines(),
             "  Acknowledged: 3 issues on 12 nodes\n"

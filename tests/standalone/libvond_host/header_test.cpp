@@ -91,9 +91,9 @@ TEST_F(Header, DoesNotTakeNodesWithAcknowledgedIssuesForHealthy) {
   facts.expectation = {122, {"a", "b"}, {}, {}};
   facts.acknowledged = standalone::ReportFacts::Acknowledged{};
   EXPECT_EQ(line_of(header(), 3), "  Nodes:    120 examined, 1 with issues, 122 expected");
-  facts.acknowledged->nodes = 7;
+  facts.acknowledged->nodes = {"n1", "n2", "n3"};
   EXPECT_EQ(line_of(header(), 3),
-            "  Nodes:    120 examined, 1 with issues, 7 with acknowledged ones, 122 expected");
+            "  Nodes:    120 examined, 1 with issues, 3 with acknowledged ones, 122 expected");
 }
 
 TEST_F(Header, WrapsUnderItsTexts) {

@@ -65,12 +65,15 @@ TEST_F(RunFactsTest, TellWhatIsAcknowledged) {
   using State = ReportFacts::Acknowledgement::State;
   EXPECT_THAT(facts::acknowledgements(), IsEmpty());
   EXPECT_EQ(facts::issues_acknowledged(), std::nullopt);
+  EXPECT_THAT(facts::acknowledged_nodes(), IsEmpty());
   report_facts().acknowledged = ReportFacts::Acknowledged{
       .issues = 7,
+      .nodes = {"n1", "n2"},
       .entries = {{"a#1", {"n1", "n2"}, 1763699400, "RMA", "mh", State::ACTIVE, false},
                   {"b", {}, 0, "r", "", State::EXPIRED, true},
                   {"c", {}, 0, "r", "", State::UNUSED, false}}};
   EXPECT_EQ(facts::issues_acknowledged(), 7U);
+  EXPECT_THAT(facts::acknowledged_nodes(), ElementsAre("n1", "n2"));
   const auto entries = facts::acknowledgements();
   ASSERT_EQ(entries.size(), 3U);
   EXPECT_EQ(entries[0].id, "a#1");

@@ -64,7 +64,7 @@ TEST(AcknowledgedFacts, CountIssuesNodesAndFindings) {
       finding("a", "n[1-2]") + finding("a", "n3") + finding("b", "n[2-4]", R"(, "count": 7)"),
       entry("a", "*") + entry("b", "n2"));
   EXPECT_EQ(facts.acknowledged->issues, 2U);
-  EXPECT_EQ(facts.acknowledged->nodes, 3U);
+  EXPECT_EQ(facts.acknowledged->nodes, (std::vector<std::string>{"n1", "n2", "n3"}));
   EXPECT_EQ(facts.findings_read, 9U);
   EXPECT_EQ(facts.findings_acknowledged, 2U);
   EXPECT_EQ(facts.nodes_seen, 2U);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "vond/extension/markup_text.h"
@@ -15,12 +16,12 @@ using vond::facts::Acknowledgement;
 
 namespace {
 
+/// Of one state.
 constexpr std::size_t MOST_ENTRIES = 50;
 
 /// Returns what there is to say of an entry beside what it says itself.
 std::string remark_on(const Acknowledgement& entry) {
   constexpr std::int64_t DAY = std::int64_t{24} * 60 * 60;
-  constexpr std::int64_t WARNING_DAYS = 7;
   if (entry.state == "expired") {
     return "expired";
   }
@@ -28,7 +29,7 @@ std::string remark_on(const Acknowledgement& entry) {
     return "covers nothing";
   }
   const std::int64_t days = (entry.until - vond::facts::written_at()) / DAY;
-  if (days > WARNING_DAYS) {
+  if (days > vond::facts::ACKNOWLEDGEMENT_WARNING_DAYS) {
     return "";
   }
   return days == 0 ? "ends within a day"
@@ -60,6 +61,27 @@ void write_entry(HtmlWriter& page, const Acknowledgement& entry) {
   page.close();
 }
 
+/// Writes the entries of one state, those that end first before the others.
+void write_entries(HtmlWriter& page, const std::vector<Acknowledgement>& entries,
+                   std::string_view state) {
+  std::vector<const Acknowledgement*> chosen;
+  for (const Acknowledgement& entry : entries) {
+    if (entry.state == state) {
+      chosen.push_back(&entry);
+    }
+  }
+  std::stable_sort(chosen.begin(), chosen.end(),
+                   [](const auto* left, const auto* right) { return left->until < right->until; });
+  const std::size_t shown = std::min(chosen.size(), MOST_ENTRIES);
+  for (std::size_t i = 0; i < shown; ++i) {
+    write_entry(page, *chosen[i]);
+  }
+  if (shown < chosen.size()) {
+    page.element("li",
+                 "and " + std::to_string(chosen.size() - shown) + " more, " + std::string(state));
+  }
+}
+
 }  // namespace
 
 bool is_anything_acknowledged() {
@@ -70,19 +92,14 @@ void write_acknowledged(HtmlWriter& page) {
   if (!is_anything_acknowledged()) {
     return;
   }
-  auto entries = vond::facts::acknowledgements();
-  std::stable_sort(entries.begin(), entries.end(),
-                   [](const auto& left, const auto& right) { return left.until < right.until; });
+  const auto entries = vond::facts::acknowledgements();
   page.open("section", {{"id", "acknowledged"}});
   page.element("h2",
                "Acknowledged: " + count_of(*vond::facts::issues_acknowledged(), "issue", "issues"))
       .open("ul");
-  const std::size_t shown = std::min(entries.size(), MOST_ENTRIES);
-  for (std::size_t i = 0; i < shown; ++i) {
-    write_entry(page, entries[i]);
-  }
-  if (shown < entries.size()) {
-    page.element("li", "and " + std::to_string(entries.size() - shown) + " more");
+  // What holds comes first: old entries stay in files for years.
+  for (const std::string_view state : {"active", "unused", "expired"}) {
+    write_entries(page, entries, state);
   }
   page.close().close();
 }

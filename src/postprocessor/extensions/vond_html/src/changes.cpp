@@ -1,18 +1,25 @@
 #include "changes.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "band_mark.h"
-#include "vond/facts/run_facts.h"
+#include "filter_link.h"
+#include "vond/extension/issue_order.h"
 #include "wording.h"
 
 namespace vond_html {
 
 namespace facts = vond::facts;
+
+using vond::postprocessor::PostprocessorExtensionData;
+using vond::vocabulary::SeverityBandTable;
 
 namespace {
 
@@ -21,40 +28,64 @@ constexpr std::size_t MOST_ISSUES = 20;
 constexpr std::size_t LONGEST_NODES = 1000;
 
 struct ChangedIssue {
-  const PageIssue* issue;
+  const vond::postprocessor::CollapsedAnalysisOutput* issue;
+  vond::vocabulary::SeverityBand band;
   facts::Change change;
 };
 
-std::vector<ChangedIssue> changed_issues(const PageIssues& issues) {
-  std::vector<ChangedIssue> changed;
-  for (const PageIssue& issue : issues.issues()) {
-    if (auto change = facts::change(*issue.issue); change && change->change != "same") {
-      changed.push_back({&issue, std::move(*change)});
-    }
-  }
+/// The worst issues of each kind of change, whether they are on the page or not.
+using ChangedIssues = std::map<std::string, std::vector<ChangedIssue>, std::less<>>;
+
+ChangedIssues find_changed(const PostprocessorExtensionData& data, const SeverityBandTable& bands,
+                           const PageIssues& issues) {
+  ChangedIssues changed;
+  std::size_t visited = 0;
+  vond::extension::for_each_issue(
+      data, bands,
+      [&](const vond::extension::Issue& issue, const auto& band, auto /*type*/, bool /*fails*/) {
+        // An issue that is filed twice has one number.
+        if (issues.number_of(*issue) <= visited) {
+          return;
+        }
+        ++visited;
+        auto change = facts::change(*issue);
+        if (!change || change->change == "same") {
+          return;
+        }
+        std::vector<ChangedIssue>& of_kind = changed[change->change];
+        if (of_kind.size() < MOST_ISSUES) {
+          of_kind.push_back({issue.get(), band, std::move(*change)});
+        }
+      });
   return changed;
 }
 
 /// Writes lists of what has changed, a heading before each.
 class ChangeLists {
  public:
-  ChangeLists(HtmlWriter& page, const PageIssues& issues)
-      : page_(page), issues_(issues), changed_(changed_issues(issues)) {}
+  /// Keeps references.
+  ChangeLists(HtmlWriter& page, const PageIssues& issues, const ChangedIssues& changed)
+      : page_(page), issues_(issues), changed_(changed) {}
 
-  /// Writes the issues of a kind that are on the page; `count` is how many there are in all.
+  /// Writes the first issues of a kind; `count` is how many there are in all.
   void write(std::string_view heading, std::string_view kind, std::size_t count) {
     if (count == 0) {
       return;
     }
     open(heading, count);
     std::size_t shown = 0;
-    for (const ChangedIssue& changed : changed_) {
-      if (shown < MOST_ISSUES && changed.change.change == kind) {
+    if (const auto of_kind = changed_.find(kind); of_kind != changed_.end()) {
+      shown = of_kind->second.size();
+      for (const ChangedIssue& changed : of_kind->second) {
         write_issue(changed);
-        ++shown;
       }
     }
-    close(count - std::min(shown, count));
+    if (shown < count) {
+      page_.open("li");
+      write_filter_text(page_, {{"change", kind}}, others_text(count - shown));
+      page_.close();
+    }
+    page_.close();
   }
 
   /// Writes issues that are no more, or of which that is not known.
@@ -70,26 +101,26 @@ class ChangeLists {
       write_nodes_behind(" on ", past[i].nodes);
       page_.close();
     }
-    close(past.size() - shown);
-  }
-
- private:
-  void open(std::string_view heading, std::size_t count) {
-    page_.element("h3", std::string(heading) + ": " + std::to_string(count)).open("ul");
-  }
-
-  void close(std::size_t others) {
-    if (others != 0) {
-      page_.element("li", "and " + std::to_string(others) + " more");
+    if (shown < past.size()) {
+      page_.element("li", others_text(past.size() - shown));
     }
     page_.close();
   }
 
+ private:
+  static std::string others_text(std::size_t count) {
+    return "and " + std::to_string(count) + " more";
+  }
+
+  void open(std::string_view heading, std::size_t count) {
+    page_.element("h3", std::string(heading) + ": " + std::to_string(count)).open("ul");
+  }
+
   void write_issue(const ChangedIssue& changed) {
     page_.open("li");
-    write_band_shape(page_, changed.issue->band);
+    write_band_shape(page_, changed.band);
     page_.text(" ");
-    issues_.write_link(page_, *changed.issue->issue);
+    issues_.write_link(page_, *changed.issue);
     write_nodes_behind(changed.change.change == "new" ? " on " : ", now also on ",
                        changed.change.nodes_added);
     write_nodes_behind(", no more on ", changed.change.nodes_healed);
@@ -105,7 +136,7 @@ class ChangeLists {
 
   HtmlWriter& page_;
   const PageIssues& issues_;
-  std::vector<ChangedIssue> changed_;
+  const ChangedIssues& changed_;
 };
 
 void write_heading(HtmlWriter& page, const std::optional<std::int64_t>& time) {
@@ -131,7 +162,8 @@ std::string change_counts(const facts::Since& since) {
        since.not_looked_at.empty() ? "" : count(since.not_looked_at.size(), "not looked at")});
 }
 
-void write_changes(HtmlWriter& page, const PageIssues& issues) {
+void write_changes(HtmlWriter& page, const PostprocessorExtensionData& data,
+                   const SeverityBandTable& bands, const PageIssues& issues) {
   const auto since = facts::since();
   if (!since) {
     return;
@@ -139,7 +171,8 @@ void write_changes(HtmlWriter& page, const PageIssues& issues) {
   page.open("section", {{"id", "changes"}});
   write_heading(page, since->time);
   page.element("p", change_counts(*since));
-  ChangeLists lists(page, issues);
+  const ChangedIssues changed = find_changed(data, bands, issues);
+  ChangeLists lists(page, issues, changed);
   lists.write("New", "new", since->new_issues);
   lists.write("Worse", "worse", since->worse);
   lists.write("Reworded", "reworded", since->reworded);

@@ -19,10 +19,13 @@ namespace {
 /// How many bars a strip of values has.
 constexpr std::size_t PARTS = 40;
 
-/// Returns the number that a text begins with; what stands behind it is its unit.
-std::optional<double> number_of(const std::string& text) {
+/// Returns the number that a text begins with, "+1,024" for example; what stands behind it is its
+/// unit.
+std::optional<double> number_of(std::string text) {
+  text.erase(std::remove(text.begin(), text.end(), ','), text.end());
+  const char* const begin = text.data() + (text.starts_with('+') ? 1 : 0);
   double number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto read = std::from_chars(begin, text.data() + text.size(), number);
   return read.ec == std::errc() ? std::optional(number) : std::nullopt;
 }
 

@@ -26,6 +26,21 @@ NodeState& state_of(const std::string& name, States& states) {
   return state;
 }
 
+/// Notes who was examined. Where nobody told, whoever has findings was.
+void note_examined(States& states) {
+  if (vond::facts::nodes_examined()) {
+    for (auto& [name, state] : states) {
+      state.is_examined = false;
+    }
+  }
+  for (const std::string& name : vond::facts::examined_nodes()) {
+    state_of(name, states).is_examined = true;
+  }
+  for (const std::string& name : vond::facts::nodes_not_examined()) {
+    state_of(name, states).is_examined = false;
+  }
+}
+
 States states_of_nodes(const PostprocessorExtensionData& data, const SeverityBandTable& bands) {
   States states;
   vond::extension::for_each_issue(
@@ -41,12 +56,10 @@ States states_of_nodes(const PostprocessorExtensionData& data, const SeverityBan
           }
         }
       });
-  for (const std::string& name : vond::facts::examined_nodes()) {
-    state_of(name, states);
+  for (const std::string& name : vond::facts::acknowledged_nodes()) {
+    state_of(name, states).is_acknowledged = true;
   }
-  for (const std::string& name : vond::facts::nodes_not_examined()) {
-    state_of(name, states).is_examined = false;
-  }
+  note_examined(states);
   return states;
 }
 
@@ -116,7 +129,8 @@ bool comes_before(std::string_view left, std::string_view right) {
         return std::pair(one.size(), one) < std::pair(other.size(), other);
       }
     } else if (left.front() != right.front()) {
-      return left.front() < right.front();
+      // As bytes: whether those beyond ASCII are negative depends on the machine.
+      return left.substr(0, 1) < right.substr(0, 1);
     } else {
       left.remove_prefix(1);
       right.remove_prefix(1);

@@ -16,6 +16,8 @@ namespace vond_html {
 struct NodeState {
   std::string name;
   bool is_examined = true;
+  /// Whether it has issues that are acknowledged, which `issues` does not count.
+  bool is_acknowledged = false;
   /// How many issues it has.
   std::size_t issues = 0;
   /// The first of these in the order of the report; null without issues.

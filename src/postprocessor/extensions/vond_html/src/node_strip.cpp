@@ -15,10 +15,11 @@ using vond::vocabulary::SeverityBand;
 
 namespace {
 
-/// Where a node without issues stands among the bands, which are ordered by their bounds.
-constexpr int CLEAN = -1;
+/// Where nodes without issues stand among the bands, which are ordered by their bounds.
+constexpr int ACKNOWLEDGED = -1;
+constexpr int CLEAN = -2;
 /// Behind all that was examined.
-constexpr int NOT_EXAMINED = -2;
+constexpr int NOT_EXAMINED = -3;
 
 /// A state as the legend shows it, and how many nodes are in it.
 struct Count {
@@ -41,6 +42,8 @@ Counts count_states(const std::vector<NodeGroup>& groups) {
     for (const NodeState& node : group.nodes) {
       if (node.band) {
         add(std::get<0>(*node.band), {.name = "", .band = node.band}, counts);
+      } else if (node.is_examined && node.is_acknowledged) {
+        add(ACKNOWLEDGED, {.name = "", .is_acknowledged = true}, counts);
       } else if (node.is_examined) {
         add(CLEAN, {}, counts);
       }
@@ -60,31 +63,33 @@ std::size_t count_nodes(const std::vector<NodeGroup>& groups) {
   return count;
 }
 
-/// Returns the state in words, "CRITICAL", "clean" or "not examined".
-std::string word_of(const NodeState& node) {
-  if (node.band) {
-    return vond::str::upper(std::get<std::string>(*node.band));
-  }
-  return node.is_examined ? "clean" : "not examined";
-}
+/// How a state is told.
+struct Look {
+  /// "CRITICAL", "acknowledged", "clean" or "not examined".
+  std::string word;
+  std::string_view css_class;
+  std::string_view shape;
+};
 
-std::string class_of(const NodeState& node) {
-  std::string name = "cell ";
-  name += node.band ? band_class(*node.band) : node.is_examined ? "clean" : "silent";
-  return node.is_examined ? name : name + " not-examined";
-}
-
-std::string_view shape_of(const NodeState& node) {
+Look look_of(const NodeState& node) {
   if (node.band) {
-    return band_shape(*node.band);
+    return {vond::str::upper(std::get<std::string>(*node.band)), band_class(*node.band),
+            band_shape(*node.band)};
   }
-  return node.is_examined ? "○" : "?";
+  if (!node.is_examined) {
+    return {"not examined", "silent", "?"};
+  }
+  return node.is_acknowledged ? Look{"acknowledged", "acknowledged", "◐"}
+                              : Look{"clean", "clean", "○"};
 }
 
 /// Writes a cell's shape, which looks the same in the legend.
 void write_mark(HtmlWriter& page, const NodeState& node) {
-  page.open("span", {{"class", class_of(node)}, {"aria-hidden", "true"}});
-  page.text(shape_of(node)).close();
+  const Look look = look_of(node);
+  std::string classes = "cell ";
+  classes.append(look.css_class).append(node.is_examined ? "" : " not-examined");
+  page.open("span", {{"class", classes}, {"aria-hidden", "true"}});
+  page.text(look.shape).close();
 }
 
 void write_legend(HtmlWriter& page, const Counts& counts) {
@@ -93,14 +98,14 @@ void write_legend(HtmlWriter& page, const Counts& counts) {
     const auto& [example, nodes] = state->second;
     page.open("span");
     write_mark(page, example);
-    page.text(" " + std::to_string(nodes) + " " + word_of(example)).close().text(" ");
+    page.text(" " + std::to_string(nodes) + " " + look_of(example).word).close().text(" ");
   }
   page.close();
 }
 
 /// Returns "cn001: CRITICAL, 3 issues", what a cell tells besides its shape.
 std::string text_of(const NodeState& node) {
-  std::string text = shortened_name(node.name) + ": " + word_of(node);
+  std::string text = shortened_name(node.name) + ": " + look_of(node).word;
   if (node.band && !node.is_examined) {
     text += ", not examined";
   }

@@ -72,9 +72,8 @@ void close_fact(HtmlWriter& page) { page.close().close(); }
 
 /// Writes an age, and so that it is seen when what is so old may be true no more.
 void write_age(HtmlWriter& page, std::int64_t seconds) {
-  constexpr std::int64_t DAY = std::int64_t{24} * 60 * 60;
   const std::string age = "(" + readable_age(seconds) + ")";
-  if (seconds < 0 || seconds > DAY) {
+  if (seconds < -facts::CLOCK_DIFFERENCE || seconds > facts::OLD_AGE) {
     page.element("strong", {{"class", "remark"}}, age);
   } else {
     page.text(age);
@@ -101,8 +100,13 @@ std::string coverage() {
   const auto examined = facts::nodes_examined();
   const auto expected = facts::nodes_expected();
   const std::string seen = std::to_string(facts::nodes_seen());
+  const std::size_t acknowledged = facts::acknowledged_nodes().size();
+  // A node whose issues are all acknowledged is not healthy.
+  const std::string with_acknowledged =
+      acknowledged == 0 ? "" : ", " + std::to_string(acknowledged) + " with acknowledged ones";
   const std::string of_expected = expected ? ", " + std::to_string(*expected) + " expected" : "";
-  return examined ? std::to_string(*examined) + " examined, " + seen + " with issues" + of_expected
+  return examined ? std::to_string(*examined) + " examined, " + seen + " with issues" +
+                        with_acknowledged + of_expected
                   : seen + " seen" + of_expected + "; which were examined is not known";
 }
 

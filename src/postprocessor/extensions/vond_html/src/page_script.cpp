@@ -33,8 +33,9 @@ void write_bands(JsonWriter& json, const std::vector<SeverityBand>& bands) {
   json.end_array();
 }
 
-/// Returns one character a node: its band from "0" for the worst, "-" for a clean one, and for
-/// those that were not examined "A" for the worst, "?" for one without issues.
+/// Returns one character a node: its band from "0" for the worst, "+" for one whose issues are all
+/// acknowledged, "-" for a clean one, and for those that were not examined "A" for the worst, "?"
+/// for one without issues.
 std::string states_of(const NodeGroup& group, const std::vector<SeverityBand>& bands) {
   std::string states;
   states.reserve(group.nodes.size());
@@ -43,7 +44,7 @@ std::string states_of(const NodeGroup& group, const std::vector<SeverityBand>& b
       const auto band = std::find(bands.begin(), bands.end(), *node.band) - bands.begin();
       states += static_cast<char>((node.is_examined ? '0' : 'A') + band);
     } else {
-      states += node.is_examined ? '-' : '?';
+      states += !node.is_examined ? '?' : node.is_acknowledged ? '+' : '-';
     }
   }
   return states;

@@ -33,7 +33,7 @@ int VondHtml::run() {
   write_overview(page, summaries);
   page.open("main");
   write_causes(page, summaries, issues);
-  write_changes(page, issues);
+  write_changes(page, data, SEVERITY_BANDS, issues);
   write_acknowledged(page);
   const auto groups = group_nodes(data, SEVERITY_BANDS);
   write_nodes_strip(page, groups, issues);

@@ -4,6 +4,8 @@ import { cellSize, LABEL_HEIGHT, layOut, nodeAt, placeOf } from "./node_layout.m
 
 /** A browser has no room to draw more in good time. */
 const MOST_NODES = 200000;
+/** What the states say of nodes without issues. */
+const WORDS = { "+": "acknowledged", "-": "clean", "?": "not examined" };
 /** In pixels: no browser draws a higher picture. */
 const HIGHEST = 16000;
 
@@ -43,7 +45,7 @@ export class NodeMap {
   /** Returns "cn001: CRITICAL, not examined, 3 issues". */
   textOf(node) {
     const state = this.stateOf(node);
-    const words = [state.band?.name ?? (state.isExamined ? "clean" : "not examined")];
+    const words = [state.band?.name ?? state.word];
     if (state.band !== undefined && !state.isExamined) {
       words.push("not examined");
     }
@@ -55,9 +57,13 @@ export class NodeMap {
 
   stateOf(node) {
     const state = this.nodes.states[node];
-    const isExamined = state === "-" || (state >= "0" && state <= "9");
+    const word = WORDS[state];
+    if (word !== undefined) {
+      return { isExamined: state !== "?", isAcknowledged: state === "+", word };
+    }
+    const isExamined = state >= "0" && state <= "9";
     const index = state.charCodeAt(0) - (isExamined ? "0" : "A").charCodeAt(0);
-    return { isExamined, band: state === "-" || state === "?" ? undefined : this.report.bands[index] };
+    return { isExamined, band: this.report.bands[index] };
   }
 
   draw() {
@@ -112,7 +118,7 @@ export class NodeMap {
   /** Returns how all cells of one state look. */
   makePicture(node, scale) {
     const { inner } = this.layout;
-    const { isExamined, band } = this.stateOf(node);
+    const { isExamined, isAcknowledged, band } = this.stateOf(node);
     const picture = make("canvas", { width: Math.ceil(inner * scale), height: Math.ceil(inner * scale) });
     const context = picture.getContext("2d");
     const style = getComputedStyle(this.element);
@@ -128,8 +134,12 @@ export class NodeMap {
     } else if (isExamined) {
       // What is healthy steps back behind what is not.
       context.globalAlpha = 0.5;
-      context.strokeStyle = color("pass");
+      context.strokeStyle = color(isAcknowledged ? "quiet" : "pass");
       context.strokeRect(0.5, 0.5, inner - 1, inner - 1);
+      if (isAcknowledged) {
+        context.fillStyle = color("quiet");
+        context.fillRect(0, 0, inner / 2, inner);
+      }
     }
     return picture;
   }
