@@ -80,8 +80,10 @@ def spread(measured):
 def compare_wide(bench, comparison):
     findings = bench.make("wide.jsonl", "wide", "--nodes", bench.size(10_000), "--checks", 100)
     comparison.add("wide", bench.report(findings))
+    reordered = bench.folder / "reordered.jsonl"
     for name, reorder in LINE_ORDERS.items():
-        comparison.add(f"wide, {name}", bench.report(reorder(findings, bench.folder / "reordered.jsonl")))
+        comparison.add(f"wide, {name}", bench.report(reorder(findings, reordered)))
+    reordered.unlink()
     comparison.add("wide, through a pipe", bench.report()._replace(input=findings, write_size=512))
     comparison.add("wide, --since itself", bench.report("--since", findings, findings))
     findings.unlink()
