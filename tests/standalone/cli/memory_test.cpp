@@ -92,12 +92,14 @@ TEST_F(MemoryTest, TheFirstOfAllComesInLargePages) {
   if (!HAS_MIMALLOC) {
     GTEST_SKIP() << "mimalloc is not here";
   }
-  // With this mimalloc has but what the program has given it beforehand.
+  // With this mimalloc has but what the program has given it beforehand. Whether the system gives
+  // large pages is up to how it is set.
   const Outcome outcome = Command({"-e", "text", "-e", "json:" + folder / "json",
                                    folder.write("findings", R"({"id": "a", "severity": 90})")})
                               .environment("MIMALLOC_LIMIT_OS_ALLOC", "1")
+                              .environment("LD_PRELOAD", NOTES_LARGE_PAGES_PATH)
                               .run();
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, "large pages are asked for\n");
   EXPECT_EQ(outcome.status, 1);
 }
 
