@@ -2,7 +2,7 @@
 """Runs two builds of vond-report in turn on the same workloads and prints their ratios.
 
 A ratio is that of two runs, one right behind the other, so that both see the same machine. Ends with
-status 1 when something has become slower or takes more memory.
+status 1 when something has become slower, takes more memory or fails.
 """
 
 import argparse
@@ -24,9 +24,10 @@ OUTPUTS = ("json", "list", "findings", "html", "junit")
 class Comparison:
     """Rows of one table. A workload is measured when it is added, so its files may go then."""
 
-    def __init__(self, bench, other, table):
+    def __init__(self, bench, other, other_name, table):
         self.bench = bench
         self.other = str(other)
+        self.other_name = other_name
         self.table = table
         self.is_worse = False
 
@@ -35,9 +36,15 @@ class Comparison:
         try:
             ours, theirs = self.bench.all_in_turn(report, earlier, runs=runs)
         except Failed as failed:
-            self.table.row(name, str(failed), *[""] * 6)
+            self.add_failure(name, failed, is_ours=failed.command is report)
             return
         self.add_row(name, ours, theirs)
+
+    def add_failure(self, name, failed, is_ours):
+        """An earlier revision need not be able to do everything; what is checked out has to."""
+        self.is_worse = self.is_worse or is_ours
+        whose = "what is checked out" if is_ours else self.other_name
+        self.table.row(name, f"{whose}: {failed}", *[""] * 5, "fails" if is_ours else "")
 
     def add_row(self, name, ours, theirs):
         times = ratios(ours, theirs, "seconds")
@@ -73,8 +80,10 @@ def spread(measured):
 def compare_wide(bench, comparison):
     findings = bench.make("wide.jsonl", "wide", "--nodes", bench.size(10_000), "--checks", 100)
     comparison.add("wide", bench.report(findings))
+    reordered = bench.folder / "reordered.jsonl"
     for name, reorder in LINE_ORDERS.items():
-        comparison.add(f"wide, {name}", bench.report(reorder(findings, bench.folder / "reordered.jsonl")))
+        comparison.add(f"wide, {name}", bench.report(reorder(findings, reordered)))
+    reordered.unlink()
     comparison.add("wide, through a pipe", bench.report()._replace(input=findings, write_size=512))
     comparison.add("wide, --since itself", bench.report("--since", findings, findings))
     findings.unlink()
@@ -107,7 +116,7 @@ def main():
     print(f"Medians of {bench.runs} runs in turn, and the least and greatest ratios of two runs.")
     with Table("Workload", "time", f"{options.other_name}", "times as long", "in processor time",
                "peak memory", "times the memory", "worse") as table:
-        comparison = Comparison(bench, options.other.resolve(), table)
+        comparison = Comparison(bench, options.other.resolve(), options.other_name, table)
         for part in (compare_wide, compare_numbers, compare_issues):
             part(bench, comparison)
         comparison.add("example cluster", bench.example_report(), runs=START_RUNS)

@@ -27,6 +27,10 @@ MB = 1e6
 class Failed(Exception):
     """A program that is measured ends with another status than those that are good."""
 
+    def __init__(self, command, status):
+        super().__init__(f"{' '.join(map(str, command.arguments))}: exit status {status}")
+        self.command = command
+
 
 class Bench:
     def __init__(self, options):
@@ -70,7 +74,7 @@ class Bench:
                            stdin=source, stdout=output, check=True)
         seconds, cpu_seconds, peak_bytes, status = result.read_text().split()
         if int(status) not in command.statuses:
-            raise Failed(f"{' '.join(map(str, command.arguments))}: exit status {status}")
+            raise Failed(command, status)
         return Run(float(seconds), float(cpu_seconds), int(peak_bytes))
 
     def all_in_turn(self, *commands, runs=None):

@@ -72,10 +72,12 @@ def bench_wide(bench):
 
 def bench_orders(bench, findings):
     """The same findings in other orders of lines and keys, and as a pipe brings them."""
+    reordered = bench.folder / "reordered.jsonl"
     with comparison_table() as table:
         for name, reorder in LINE_ORDERS.items():
-            path = reorder(findings, bench.folder / "reordered.jsonl")
-            add_floor(table, bench, f"wide, {name}", bench.report(path), path)
+            reorder(findings, reordered)
+            add_floor(table, bench, f"wide, {name}", bench.report(reordered), reordered)
+        reordered.unlink()
         add_floor(table, bench, f"wide, in writes of {SHORT_WRITE} bytes",
                   bench.report()._replace(input=findings, write_size=SHORT_WRITE), findings)
 

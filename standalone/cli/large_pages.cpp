@@ -1,5 +1,6 @@
 #include <mimalloc.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 
 #include <cstddef>
 #include <memory>
@@ -12,10 +13,19 @@ constexpr std::size_t RESERVED = std::size_t{1} << 30U;
 constexpr std::size_t ALIGNMENT = std::size_t{64} << 20U;
 constexpr int ANY_NUMA_NODE = -1;
 
+/// Where addresses are limited, those that are reserved would be missing for libraries.
+bool are_addresses_limited() {
+  rlimit limit{};
+  return getrlimit(RLIMIT_AS, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
+}
+
 /// Gives mimalloc what it takes first, and never gives back. Its own option for large pages may
 /// take those that the system has set aside for others, and where a container must not have any the
 /// kernel ends it for that.
 void reserve_large_pages() {
+  if (are_addresses_limited()) {
+    return;
+  }
   void* begin = mmap(nullptr, RESERVED, PROT_READ | PROT_WRITE,
                      MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (begin == MAP_FAILED) {

@@ -48,11 +48,6 @@ class MemoryTest : public ::testing::Test {
     EXPECT_LT(limit, MOST_MEMORY);
   }
 
-  TemporaryFolder folder;
-
- private:
-  static constexpr std::size_t MOST_MEMORY = 256 * MEBIBYTE;
-
   /// Returns how much the program needs to start and to load its libraries.
   std::size_t least_memory() {
     std::size_t limit = MEBIBYTE;
@@ -65,6 +60,11 @@ class MemoryTest : public ::testing::Test {
     }
     return limit;
   }
+
+  TemporaryFolder folder;
+
+ private:
+  static constexpr std::size_t MOST_MEMORY = 256 * MEBIBYTE;
 };
 
 TEST_F(MemoryTest, ManyFindings) {
@@ -92,13 +92,30 @@ TEST_F(MemoryTest, TheFirstOfAllComesInLargePages) {
   if (!HAS_MIMALLOC) {
     GTEST_SKIP() << "mimalloc is not here";
   }
-  // With this mimalloc has but what the program has given it beforehand.
+  // With this mimalloc has but what the program has given it beforehand. Whether the system gives
+  // large pages is up to how it is set.
   const Outcome outcome = Command({"-e", "text", "-e", "json:" + folder / "json",
                                    folder.write("findings", R"({"id": "a", "severity": 90})")})
                               .environment("MIMALLOC_LIMIT_OS_ALLOC", "1")
+                              .environment("LD_PRELOAD", NOTES_LARGE_PAGES_PATH)
                               .run();
-  EXPECT_EQ(outcome.errors, "");
+  EXPECT_EQ(outcome.errors, "large pages are asked for\n");
   EXPECT_EQ(outcome.status, 1);
+}
+
+TEST_F(MemoryTest, WhatIsReservedTakesNothingFromAProcessWithALimit) {
+  const std::size_t least = least_memory();
+  constexpr std::size_t RESERVED = std::size_t{1} << 30U;
+  // There are limits that have room for what is reserved and for the program, but not for the
+  // extensions too.
+  for (std::size_t limit = RESERVED; limit < RESERVED + least; limit += MEBIBYTE / 8) {
+    const Outcome outcome = Command({"-e", "text", "-e", "html:" + folder / "html"})
+                                .input(R"({"id": "a", "severity": 90})")
+                                .memory_limit(limit)
+                                .run();
+    EXPECT_EQ(outcome.errors, "") << limit;
+    EXPECT_EQ(outcome.status, 1) << limit;
+  }
 }
 
 TEST_F(MemoryTest, EachAllocationOfAnExtensionMayFail) {
