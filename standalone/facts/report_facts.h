@@ -22,7 +22,7 @@ struct ReportFacts {
     /// the future; without a value for what is no regular file. Of findings that were collapsed
     /// before, from when the oldest of them were collected.
     std::optional<std::int64_t> age = {};
-    /// Not one of its lines could be used, although there are some.
+    /// Not one of its lines could be used, be it that there is none.
     bool is_useless = false;
     /// It holds findings that were collapsed before, and not all of them.
     bool is_cut_off = false;

@@ -86,7 +86,7 @@ RunEnd RunMarkValues::read_end(Value& value) {
       has_findings = true;
     } else if (name == "examined") {
       if (!is_null(member)) {
-        (void)read_count(member, {"end.examined"});
+        end.examined = read_count(member, {"end.examined"});
       }
     } else if (name == "lines_rejected") {
       end.lines_rejected = read_count(member, {"end.lines_rejected"});

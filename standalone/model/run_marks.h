@@ -24,6 +24,8 @@ struct RunEnd {
   std::uint64_t lines_rejected = 0;
   /// Whether all inputs of that run had their ends.
   bool is_complete = false;
+  /// How many nodes were examined; 0 when nobody told.
+  std::uint64_t examined = 0;
 };
 
 }  // namespace vond::standalone

@@ -23,7 +23,7 @@ struct OriginalTexts {
   std::uint64_t count = 0;
   /// When the first of them was seen, where that is known.
   std::optional<std::time_t> first_seen;
-  /// Sorted, each once.
+  /// Sorted, each once; none of findings that name none, which stand apart from those that do.
   std::vector<std::uint32_t> nodes;
   /// Sorted, each once.
   std::vector<int> row_ids;
@@ -57,7 +57,7 @@ class PatternIssue {
 
   /// Returns the texts and severities that the findings came with, sorted by both, each pair once,
   /// with all nodes and row ids that came with it; texts that name their own node stand apart, once
-  /// for each node.
+  /// for each node, and so do findings that name none.
   std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
 
   /// Calls `visit` with every PatternGroup::Occurrence. Entries of different groups may have the

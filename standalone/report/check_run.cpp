@@ -1,5 +1,6 @@
 #include "standalone/report/check_run.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -75,6 +76,7 @@ class CheckRunReading : private FindingsSink {
 
   void examined(const std::vector<std::string_view>& nodes) override {
     examination_.set_known();
+    collected_.add_examined(nodes.size());
     for (const std::string_view node : nodes) {
       examination_.add_examined(node);
     }
@@ -120,13 +122,19 @@ CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
   read(sources, progress);
 }
 
+bool CheckRun::is_useless() const {
+  const bool has_no_usable_line = std::all_of(usable_lines_.begin(), usable_lines_.end(),
+                                              [](std::size_t count) { return count == 0; });
+  return has_no_usable_line && rejected_lines_.count != 0;
+}
+
 void CheckRun::read(const RunSources& sources, ReadingProgress& progress) {
   CheckRunReading reading(sources, {collapser_, acknowledged_.get(), everything_.get()},
                           examination_, progress);
   for (const std::string& path : sources.findings) {
     inputs_.push_back(describe_input(path));
     FileOutcome outcome = reading.reader().read(path);
-    usable_lines_ += outcome.usable_lines;
+    usable_lines_.push_back(outcome.usable_lines);
     complaints_.push_back(std::move(outcome.complaint));
     collected_.push_back(reading.take_collected());
   }

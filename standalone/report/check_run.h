@@ -104,8 +104,11 @@ class CheckRun {
   /// empty texts for the others. See FileOutcome.
   const std::vector<std::string>& complaints() const { return complaints_; }
 
+  /// How many lines of each input could be used, in reading order.
+  const std::vector<std::size_t>& usable_lines() const { return usable_lines_; }
+
   /// Whether there are lines, of which not one could be used.
-  bool is_useless() const { return usable_lines_ == 0 && rejected_lines_.count != 0; }
+  bool is_useless() const;
 
  private:
   void read(const RunSources& sources, ReadingProgress& progress);
@@ -123,7 +126,7 @@ class CheckRun {
   std::set<std::string> expected_parts_;
   std::string own_part_;
   std::vector<std::string> complaints_;
-  std::size_t usable_lines_ = 0;
+  std::vector<std::size_t> usable_lines_;
 };
 
 }  // namespace vond::standalone

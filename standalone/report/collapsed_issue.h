@@ -32,6 +32,9 @@ struct CollapsedOutput {
   /// As findings give them.
   std::vector<int> row_ids;
   std::size_t distinct_nodes = 0;
+  /// Whether one of its findings names no node; not known when collapsed by pattern, for `findings`
+  /// of the issue tell that.
+  bool has_finding_without_node = false;
   /// What the report says behind the message, which findings do not say.
   std::string note = {};
   /// When the first of its findings was seen, where that is known; nothing when collapsed by

@@ -74,7 +74,7 @@ ReportFacts facts_of_reading(const CheckRun& run, std::time_t written_at) {
   ReportFacts facts;
   for (std::size_t i = 0; i < run.inputs().size(); ++i) {
     facts.inputs.push_back(facts_of_input(run.inputs()[i], written_at));
-    facts.inputs.back().is_useless = !run.complaints()[i].empty();
+    facts.inputs.back().is_useless = run.usable_lines()[i] == 0;
   }
   facts.written_at = written_at;
   facts.findings_read = run.findings_read();

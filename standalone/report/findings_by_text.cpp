@@ -37,6 +37,7 @@ void FindingsByText::add(const Finding& finding, std::span<const StringInterner:
   }
   Places& places = places_[number];
   places.add_nodes(nodes);
+  places.has_finding_without_node = places.has_finding_without_node || nodes.empty();
   places.row_ids.insert(places.row_ids.end(), finding.row_ids.begin(), finding.row_ids.end());
   places.first_seen = earliest(places.first_seen, finding.first_seen);
 }
@@ -50,9 +51,15 @@ std::vector<CollapsedIssue> FindingsByText::finish() {
     auto& [type, id, severity, texts, definitions, based_on] = wordings[number];
     CollapsedIssue& issue = issues.emplace_back(CollapsedIssue{
         type, std::move(id), severity, std::move(definitions), std::move(based_on), {}, 0});
-    auto& [nodes, row_ids, first_seen, many_nodes] = places[number];
-    issue.outputs.push_back(
-        {severity, std::move(texts), std::move(nodes), std::move(row_ids), 0, {}, first_seen});
+    auto& [nodes, row_ids, has_finding_without_node, first_seen, many_nodes] = places[number];
+    issue.outputs.push_back({severity,
+                             std::move(texts),
+                             std::move(nodes),
+                             std::move(row_ids),
+                             0,
+                             has_finding_without_node,
+                             {},
+                             first_seen});
   }
   return issues;
 }

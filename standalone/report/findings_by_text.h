@@ -32,6 +32,7 @@ class FindingsByText {
 
     std::vector<StringInterner::Id> nodes;
     std::vector<int> row_ids;
+    bool has_finding_without_node = false;
     /// When the first finding was seen, where that is known.
     std::optional<std::time_t> first_seen;
     /// The size of `nodes` from which on those that have come again are taken out.

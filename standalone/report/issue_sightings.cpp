@@ -89,7 +89,7 @@ class SightingCollector {
     patterns_.read(output.texts.message, output.texts.remedy);
     const std::time_t time = output.first_seen.value_or(UNKNOWN_TIME);
     add_with_own_patterns(output.nodes, time);
-    if (output.nodes.empty()) {
+    if (output.has_finding_without_node) {
       add_node(SeenNames::NO_NODE, patterns_.on({}), time);
     }
   }

@@ -41,6 +41,8 @@ void unite_outputs(CollapsedIssue& issue) {
     united.back().severity = std::max(united.back().severity, output.severity);
     append(united.back().nodes, output.nodes);
     append(united.back().row_ids, output.row_ids);
+    united.back().has_finding_without_node =
+        united.back().has_finding_without_node || output.has_finding_without_node;
     united.back().first_seen = earliest(united.back().first_seen, output.first_seen);
   }
   issue.outputs = std::move(united);

@@ -53,6 +53,13 @@ class InputTest : public ::testing::Test {
   TemporaryFolder folder;
 };
 
+TEST_F(InputTest, AnEmptyFileAmongOthersIsADoubt) {
+  const Outcome outcome =
+      run({folder.write("full", R"({"examined": "n1"})"), folder.write("empty", "")});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(tells(outcome, "Verdict: UNKNOWN: no line of " + folder.path() + "/empty could be"));
+}
+
 TEST_F(InputTest, StrictReadingGivesOneMessageAndNoReportForALineThatCannotBeUsed) {
   expect_bad_findings("{\"id\": \"a\"}\n",
                       ":1:1: the key \"severity\" is missing, expected it in every finding");

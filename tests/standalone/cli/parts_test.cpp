@@ -30,7 +30,7 @@ class PartsTest : public ::testing::Test {
                             const std::vector<std::string>& lines,
                             std::vector<std::string> arguments = {}) {
     const Outcome outcome = Command(std::move(arguments)).input(input).run();
-    EXPECT_EQ(outcome.status, verdict == "PASS" ? 0 : 1) << outcome.errors;
+    EXPECT_EQ(outcome.status, verdict.starts_with("PASS") ? 0 : 1) << outcome.errors;
     EXPECT_NE(outcome.output.find("  Verdict: " + verdict + "\n"), std::string::npos)
         << outcome.output;
     for (const std::string& line : lines) {
@@ -72,6 +72,31 @@ TEST_F(PartsTest, ThatLackTheirEndAreADoubt) {
 
 TEST_F(PartsTest, ThatLackFindingsAreADoubt) {
   expect_report(begin("r1") + counted("a", 1) + end(2), "UNKNOWN: 1 input is cut off", {});
+}
+
+TEST_F(PartsTest, ThatLackExaminedNodesAreADoubt) {
+  const std::string last =
+      R"({"end": {"findings": 0, "examined": 2, "lines_rejected": 0, "complete": true}})";
+  expect_report(begin("r1") + R"({"examined": "n1"})" + "\n" + last, "UNKNOWN: 1 input is cut off",
+                {});
+  expect_report(begin("r1") + R"({"examined": "n[1-2]"})" + "\n" + last,
+                "PASS, 2 nodes were examined", {});
+}
+
+TEST_F(PartsTest, OfFindingsWithAndWithoutNodesStayBoth) {
+  const TemporaryFolder folder;
+  const std::string known = folder.write(
+      "known", R"({"id": "fan", "nodes": "cn1", "until": "2025-12-01", "reason": "r"})");
+  const std::string findings =
+      R"({"id": "fan", "severity": 90, "message": "Fan down.", "nodes": "cn1"})"
+      "\n"
+      R"({"id": "fan", "severity": 90, "message": "Fan down."})"
+      "\n"
+      R"({"examined": "cn1"})";
+  const Outcome collapsed = Command({"-e", "findings"}).input(findings).run();
+  for (const std::string& input : {findings, collapsed.output}) {
+    expect_report(input, "FAIL, CRITICAL issues that name no node", {}, {"--acknowledged", known});
+  }
 }
 
 TEST_F(PartsTest, ThatWereNotCompleteBeforeAreADoubt) {

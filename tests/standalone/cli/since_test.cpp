@@ -106,6 +106,17 @@ TEST_P(SinceTest, WhatIsLeftOfAFindingThatNamesOneOfItsNodesIsBetter) {
   EXPECT_EQ(block(left, {earlier(apart + examined("cn[1-2]"))}), better);
 }
 
+TEST_P(SinceTest, WhatNamesNoNodeIsSeenBesideWhatDoes) {
+  const std::string on_node = finding("a", "cn1") + examined("cn1");
+  const std::string both = on_node + R"({"id": "a", "severity": 80, "message": "m"})" + "\n";
+  const auto counts_since = [&](const std::string& run) {
+    const std::string text = block(both, {earlier(run)});
+    return text.substr(text.find(": ") + 2, std::string("0 new, 0 worse, 0 same").size());
+  };
+  EXPECT_EQ(counts_since(both), "0 new, 0 worse, 1 same");
+  EXPECT_EQ(counts_since(on_node), "0 new, 1 worse, 0 same");
+}
+
 TEST_P(SinceTest, NodesThatWereNotLookedAtDidNotHeal) {
   const std::string before = finding("a", "cn[1-5]") + finding("b", "cn3") + examined("cn[1-5]");
   EXPECT_EQ(block(finding("a", "cn1") + examined("cn[1,5]"), {earlier(before)}),

@@ -50,6 +50,19 @@ TEST(CollectedParts, AreCutOffWhenFindingsAreMissingOrTooMany) {
   }
 }
 
+TEST(CollectedParts, AreCutOffWhenExaminedNodesAreMissing) {
+  CollectedParts parts;
+  parts.begin({0, {}});
+  parts.end({0, 0, true, 66});
+  parts.add_examined(60);
+  EXPECT_TRUE(parts.is_cut_off());
+  parts.add_examined(6);
+  EXPECT_FALSE(parts.is_cut_off());
+  // Lines may name a node again.
+  parts.add_examined(1);
+  EXPECT_FALSE(parts.is_cut_off());
+}
+
 TEST(CollectedParts, AreCutOffWhenAnEndSaysSo) {
   CollectedParts parts;
   parts.begin({0, {}});

@@ -50,6 +50,16 @@ TEST(FactsOfRun, TellOfWarningsAndUselessInputs) {
   EXPECT_TRUE(facts.inputs[1].is_useless);
 }
 
+TEST(FactsOfRun, TellThatAnInputGaveNothing) {
+  const TestFile examined(R"({"examined": "n1"})");
+  const TestFile empty("");
+  const TestFile blank("\n \n");
+  const ReportFacts facts = read_facts({.findings = {examined.path(), empty.path(), blank.path()}});
+  EXPECT_FALSE(facts.inputs[0].is_useless);
+  EXPECT_TRUE(facts.inputs[1].is_useless);
+  EXPECT_TRUE(facts.inputs[2].is_useless);
+}
+
 TEST(FactsOfRun, TellTimeAndWidth) {
   RecordOptions options;
   options.line_width = 120;
