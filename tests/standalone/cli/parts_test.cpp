@@ -99,6 +99,17 @@ TEST_F(PartsTest, OfFindingsWithAndWithoutNodesStayBoth) {
   }
 }
 
+TEST_F(PartsTest, NamesThatSetsWouldQuoteStayThemselves) {
+  for (const char* const nodes :
+       {R"(["-w"])", R"(["-w", "c"])", R"(["-w", "a\"b", "c", "it's"])"}) {
+    const std::string findings =
+        R"({"id": "a", "severity": 10, "nodes": )" + std::string(nodes) + "}\n";
+    const Outcome collapsed = Command({"-e", "findings"}).input(findings).run();
+    EXPECT_EQ(Command({"-e", "list"}).input(collapsed.output).run().output,
+              Command({"-e", "list"}).input(findings).run().output);
+  }
+}
+
 TEST_F(PartsTest, ThatWereNotCompleteBeforeAreADoubt) {
   expect_report(begin("r1") + counted("a", 1) + end(1, 0, false), "UNKNOWN: 1 input is cut off",
                 {});

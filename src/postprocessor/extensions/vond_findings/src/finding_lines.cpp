@@ -24,9 +24,10 @@ constexpr std::size_t MOST_ROW_IDS = 1'000'000;
 /// Of the names of one line.
 constexpr std::size_t MOST_BYTES = std::size_t{4} << 20U;
 
-/// Whether a name means itself wherever it stands in a folded set.
+/// Whether a name means itself wherever it stands in a folded set, which quotes one that begins
+/// with a hyphen.
 bool is_plain(std::string_view name) {
-  return std::all_of(name.begin(), name.end(), [](char byte) {
+  return !name.starts_with('-') && std::all_of(name.begin(), name.end(), [](char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
            (byte >= '0' && byte <= '9') || byte == '-' || byte == '_' || byte == '.';
   });
