@@ -187,26 +187,28 @@ void PatternIssue::merge(PatternIssue other) {
 }
 
 std::vector<OriginalTexts> PatternIssue::originals(const NodeNames& node_names) const {
-  std::map<std::tuple<std::vector<std::string>, int, std::string_view, bool>, OriginalTexts>
+  using Time = std::optional<std::time_t>;
+  std::map<std::tuple<std::vector<std::string>, int, std::string_view, bool, Time>, OriginalTexts>
       originals;
   for (const Part& part : parts_) {
     // An entry with NODE is a text for each node.
-    std::map<std::tuple<PatternGroup::Entry, std::uint32_t, bool>, OriginalTexts*> known;
+    std::map<std::tuple<PatternGroup::Entry, std::uint32_t, bool, Time>, OriginalTexts*> known;
     part.group.for_each([&](const PatternGroup::Occurrence& finding) {
       const bool has_name = holds_name(part.group, finding.entry, *table_);
       const std::uint32_t node = has_name ? finding.nodes[0] : NO_NODE;
       // What names no node would be lost among the nodes of the others.
       const bool names_nodes = !finding.nodes.empty();
-      OriginalTexts*& original = known[{finding.entry, node, names_nodes}];
+      OriginalTexts*& original = known[{finding.entry, node, names_nodes, finding.first_seen}];
       if (original == nullptr) {
         const std::string_view name = has_name ? node_names(node) : std::string_view();
         const auto values = values_of(part.group, finding.entry, *table_);
         // By the name, for the node's number is in the order of the input.
-        original = &originals[{original_texts(part.pattern, values, name),
-                               part.group.severity(finding.entry), name, names_nodes}];
+        original =
+            &originals[{original_texts(part.pattern, values, name),
+                        part.group.severity(finding.entry), name, names_nodes, finding.first_seen}];
       }
       original->count += finding.count;
-      original->first_seen = earliest(original->first_seen, finding.first_seen);
+      original->first_seen = finding.first_seen;
       append(original->nodes, finding.nodes);
       append(original->row_ids, finding.row_ids);
     });

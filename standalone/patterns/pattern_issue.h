@@ -21,7 +21,7 @@ struct OriginalTexts {
   int severity = 0;
   /// How many findings said it.
   std::uint64_t count = 0;
-  /// When the first of them was seen, where that is known.
+  /// When the first of them was seen, where that is known; nodes that came later stand apart.
   std::optional<std::time_t> first_seen;
   /// Sorted, each once; none of findings that name none, which stand apart from those that do.
   std::vector<std::uint32_t> nodes;
@@ -57,7 +57,8 @@ class PatternIssue {
 
   /// Returns the texts and severities that the findings came with, sorted by both, each pair once,
   /// with all nodes and row ids that came with it; texts that name their own node stand apart, once
-  /// for each node, and so do findings that name none.
+  /// for each node, and so do findings that name none, and those that were first seen at another
+  /// time.
   std::vector<OriginalTexts> originals(const NodeNames& node_names) const;
 
   /// Calls `visit` with every PatternGroup::Occurrence. Entries of different groups may have the

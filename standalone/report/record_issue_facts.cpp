@@ -8,6 +8,7 @@
 
 #include "standalone/model/type_names.h"
 #include "standalone/patterns/placeholders.h"
+#include "standalone/patterns/text_pattern.h"
 #include "standalone/text/utc_time.h"
 
 namespace vond::standalone {
@@ -132,12 +133,42 @@ void RecordIssueFacts::for_each_finding(
                                  original.count,
                                  original.first_seen};
           if (history_ != nullptr) {
-            finding.first_seen = earliest(
-                finding.first_seen, history_->first_seen(source.type, source.id, finding.nodes));
+            visit_by_first_seen(source.type, std::move(finding), visit);
+          } else {
+            visit(finding);
           }
-          visit(finding);
         }
       });
+}
+
+/// Calls `visit` with the finding, once for each time at which it was first seen on some of its
+/// nodes.
+void RecordIssueFacts::visit_by_first_seen(
+    postprocessor::TypeCode type, facts::Finding finding,
+    const std::function<void(const facts::Finding&)>& visit) const {
+  auto by_time = history_->by_first_seen(type, finding.id, finding.nodes, finding.first_seen);
+  // One node alone would be taken for the one that the texts name.
+  const auto may_become_own_node = [&finding](const auto& nodes_at) {
+    const auto& nodes = nodes_at.second;
+    return nodes.size() == 1 && (TextPattern::may_name(finding.message, nodes[0]) ||
+                                 TextPattern::may_name(finding.remedy, nodes[0]));
+  };
+  if (finding.nodes.size() > 1 &&
+      std::any_of(by_time.begin(), by_time.end(), may_become_own_node)) {
+    for (const auto& [time, nodes] : by_time) {
+      finding.first_seen = earliest(finding.first_seen, time);
+    }
+    visit(finding);
+    return;
+  }
+  for (auto& [time, nodes] : by_time) {
+    finding.first_seen = time;
+    finding.nodes = std::move(nodes);
+    visit(finding);
+    // The rest is more of it.
+    finding.count = 0;
+    finding.row_ids.clear();
+  }
 }
 
 const PatternIssue* RecordIssueFacts::findings_of(const Issue& issue) const {

@@ -35,6 +35,8 @@ class RecordIssueFacts : public IssueFacts {
   std::vector<facts::Place> places(const postprocessor::CollapsedAnalysisOutput& issue) override;
 
  private:
+  void visit_by_first_seen(postprocessor::TypeCode type, facts::Finding finding,
+                           const std::function<void(const facts::Finding&)>& visit) const;
   /// Null for an issue that was not collapsed by pattern.
   const PatternIssue* findings_of(const postprocessor::CollapsedAnalysisOutput& issue) const;
 

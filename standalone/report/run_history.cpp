@@ -257,21 +257,23 @@ bool RunHistory::is_new(std::size_t number) const {
   return comparison_.issues[number].change == Change::NEW;
 }
 
-std::optional<std::time_t> RunHistory::first_seen(postprocessor::TypeCode type,
+RunHistory::NodesByTime RunHistory::by_first_seen(postprocessor::TypeCode type,
                                                   const std::string& id,
-                                                  const std::vector<std::string>& nodes) const {
+                                                  const std::vector<std::string>& nodes,
+                                                  std::optional<std::time_t> time) const {
   const auto condition = names_.find(type, id);
-  if (!condition) {
-    return std::nullopt;
+  const auto time_on = [&](std::optional<SeenNames::Number> node) {
+    return condition && node ? earliest(time, known(earlier_->first_seen(*condition, *node)))
+                             : time;
+  };
+  NodesByTime by_time;
+  if (nodes.empty()) {
+    by_time[time_on(SeenNames::NO_NODE)];
   }
-  std::time_t earliest =
-      nodes.empty() ? earlier_->first_seen(*condition, SeenNames::NO_NODE) : UNKNOWN_TIME;
   for (const std::string& name : nodes) {
-    if (const auto node = names_.find_node(name)) {
-      earliest = std::min(earliest, earlier_->first_seen(*condition, *node));
-    }
+    by_time[time_on(names_.find_node(name))].push_back(name);
   }
-  return known(earliest);
+  return by_time;
 }
 
 }  // namespace vond::standalone

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <ctime>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -50,10 +51,14 @@ class RunHistory {
   /// Whether no node had the type and id.
   bool is_new(std::size_t number) const;
 
-  /// Returns when a type and id were first seen on one of the nodes before this run, nothing when
-  /// they were not, or when nothing tells.
-  std::optional<std::time_t> first_seen(postprocessor::TypeCode type, const std::string& id,
-                                        const std::vector<std::string>& nodes) const;
+  using NodesByTime = std::map<std::optional<std::time_t>, std::vector<std::string>>;
+
+  /// Returns nodes, in their order, by the time when a type and id were first seen there: before
+  /// this run or, as this run says of all of them, at `time`; no time where nothing tells. For no
+  /// node the one time of what names none.
+  NodesByTime by_first_seen(postprocessor::TypeCode type, const std::string& id,
+                            const std::vector<std::string>& nodes,
+                            std::optional<std::time_t> time) const;
 
  private:
   using Numbers = std::vector<SeenNames::Number>;

@@ -213,7 +213,7 @@ struct Since {
 /// Returns what has changed; nothing when there was no earlier run.
 VOND_HOST_API std::optional<Since> since();
 
-/// What findings say that differ in nodes and row ids alone.
+/// What findings say that differ in nodes and row ids alone, and were first seen at one time.
 struct Finding {
   /// "diagnosis", "observation" or "missing_data".
   std::string type;
@@ -228,7 +228,7 @@ struct Finding {
   std::vector<std::string> nodes;
   /// Ascending, each once.
   std::vector<int> row_ids;
-  /// How many findings it stands for.
+  /// How many findings it stands for; 0 for further nodes of the one before.
   std::uint64_t count = 0;
   /// When the first of them was seen, in seconds since 1970-01-01 00:00:00 UTC, where that is
   /// known.

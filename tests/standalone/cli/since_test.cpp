@@ -265,6 +265,28 @@ TEST_P(SinceTest, FindingsKeepWhenTheyWereFirstSeen) {
   EXPECT_NE(later.output.find(time), std::string::npos);
 }
 
+TEST_P(SinceTest, NoNodeTakesOverWhenAnotherWasFirstSeen) {
+  const std::string monday = finding("a", "cn1") + examined("cn[1-3]");
+  const std::string tuesday = finding("a", "cn[1-3]") + examined("cn[1-3]");
+  const auto collapsed = [&](const std::string& findings) {
+    return Command({"-e", "findings", "--collapse", GetParam(), "--since", earlier(monday)})
+        .input(findings)
+        .run()
+        .output;
+  };
+  const std::string text = collapsed(tuesday);
+  EXPECT_NE(text.find(R"("message": "m", "nodes": "cn[2-3]", "count": 1})"), std::string::npos);
+  EXPECT_NE(text.find(R"("first_seen": "2025-11-20T22:30:00Z", "nodes": "cn1", "count": 0})"),
+            std::string::npos)
+      << text;
+  EXPECT_EQ(Command({"-e", "list"}).input(text).run().output,
+            Command({"-e", "list"}).input(tuesday).run().output);
+  // Each of them on a line of its own would say something of itself.
+  const std::string of_all = finding("a", "cn[1-3]", 80, "cn1 is down");
+  EXPECT_NE(collapsed(of_all).find(R"(T22:30:00Z", "nodes": "cn[1-3]", "count": 1})"),
+            std::string::npos);
+}
+
 TEST_P(SinceTest, TheExitStatusMayDependOnWhatIsWorse) {
   const std::string known = finding("a", "cn1") + examined("cn[1-2]");
   const std::string run = earlier(known);
