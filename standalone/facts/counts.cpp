@@ -30,4 +30,9 @@ std::string count_of_rejected_lines(const ReportFacts& facts) {
   return count_of(facts.lines_rejected, "line of input was", "lines of input were") + " left out";
 }
 
+std::vector<std::string> names_of_useless_inputs(const ReportFacts& facts) {
+  return facts.inputs.size() > 1 ? names_of_inputs(facts, &ReportFacts::Input::is_useless)
+                                 : std::vector<std::string>();
+}
+
 }  // namespace vond::standalone

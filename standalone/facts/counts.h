@@ -14,6 +14,10 @@ std::string count_of_silent_nodes(const ReportFacts& facts);
 /// Returns the names of the inputs of which `flag`, a member of ReportFacts::Input, is true.
 std::vector<std::string> names_of_inputs(const ReportFacts& facts, bool ReportFacts::Input::*flag);
 
+/// Returns the names of inputs that gave nothing, where there are several. A single one has its own
+/// doubts: nothing was looked at, lines were left out.
+std::vector<std::string> names_of_useless_inputs(const ReportFacts& facts);
+
 /// Returns "7 lines of input were left out".
 std::string count_of_rejected_lines(const ReportFacts& facts);
 

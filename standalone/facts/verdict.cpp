@@ -15,13 +15,6 @@ bool has_looked_at_something(const ReportFacts& facts) {
          (facts.examination && facts.examination->nodes_examined != 0);
 }
 
-/// Returns the inputs of several that gave nothing. A single one has its own doubts: nothing was
-/// looked at, lines were left out.
-std::vector<std::string> useless_inputs(const ReportFacts& facts) {
-  return facts.inputs.size() > 1 ? names_of_inputs(facts, &ReportFacts::Input::is_useless)
-                                 : std::vector<std::string>();
-}
-
 void add_doubts_of_parts(const ReportFacts& facts, std::vector<std::string>& doubts) {
   const std::size_t cut_off = names_of_inputs(facts, &ReportFacts::Input::is_cut_off).size();
   if (cut_off != 0) {
@@ -66,7 +59,7 @@ std::vector<std::string> verdict_doubts(const ReportFacts& facts) {
   if (facts.lines_rejected != 0) {
     doubts.push_back(count_of_rejected_lines(facts));
   }
-  const std::vector<std::string> useless = useless_inputs(facts);
+  const std::vector<std::string> useless = names_of_useless_inputs(facts);
   if (useless.size() == 1) {
     doubts.push_back("no line of " + useless.front() + " could be used");
   } else if (!useless.empty()) {

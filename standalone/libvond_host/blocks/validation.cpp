@@ -97,9 +97,8 @@ class ValidationWriter {
   }
 
   void write_useless_inputs() const {
-    write_list(
-        names_of_inputs(facts_, &ReportFacts::Input::is_useless),
-        {"input without a line that could be used", "inputs without a line that could be used"});
+    write_list(names_of_useless_inputs(facts_), {"input without a line that could be used",
+                                                 "inputs without a line that could be used"});
   }
 
   void write_parts() const {
