@@ -16,8 +16,6 @@ using date_words::begins_like;
 
 constexpr std::size_t LONGEST_EXPONENT = 15;
 
-bool is_sign(char c) { return c == '+' || c == '-'; }
-
 std::size_t skip_digits(std::string_view text, std::size_t at) {
   while (at < text.size() && is_digit(text[at])) {
     ++at;
@@ -70,10 +68,10 @@ std::optional<Decimal> Decimal::read(std::string_view text, std::size_t& length)
   const std::size_t begin = !text.empty() && is_sign(text[0]) ? 1 : 0;
   const std::size_t whole_end = skip_whole_part(text, begin);
   const bool has_leading_zero = begin < text.size() && text[begin] == '0' && whole_end > begin + 1;
-  if (whole_end == begin || has_leading_zero) {
+  const std::size_t fraction_end = skip_fraction(text, whole_end);
+  if (fraction_end == begin || has_leading_zero) {
     return std::nullopt;
   }
-  const std::size_t fraction_end = skip_fraction(text, whole_end);
   length = skip_exponent(text, fraction_end);
   const auto exponent = read_exponent(text.substr(fraction_end, length - fraction_end));
   if (!exponent) {
