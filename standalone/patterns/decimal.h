@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +10,8 @@
 
 namespace vond::standalone {
 
-inline bool is_sign(char c) { return c == '+' || c == '-'; }
+/// The last one is the minus sign of typography.
+inline constexpr std::array<std::string_view, 3> SIGNS = {"+", "-", "\u2212"};
 
 /// A decimal number of any length, exactly.
 class Decimal {

@@ -15,23 +15,37 @@ using namespace date_words;
 constexpr std::int64_t SECONDS_OF_DAY = 86400;
 constexpr int ANY_LEAP_YEAR = 2000;
 
-/// Whether a `+`, a `-` or a point behind this character belongs to no number but joins words.
+/// Whether a sign or a point behind this character belongs to no number but joins words.
 bool joins_words(char before) {
   return !is_ascii(before) || text_marks::is_mark(before) || is_ascii_letter(before) ||
          std::string_view("_-+.").find(before) != std::string_view::npos;
 }
 
+bool may_end_before_number(std::string_view before) {
+  return before.empty() || !joins_words(before.back());
+}
+
+/// Returns `before` without the sign at its end.
+std::string_view without_sign(std::string_view before) {
+  for (const std::string_view sign : SIGNS) {
+    if (before.ends_with(sign)) {
+      before.remove_suffix(sign.size());
+      break;
+    }
+  }
+  return before;
+}
+
 /// Returns where the number begins whose first digit is at `digit`.
 std::size_t find_number(std::string_view value, std::size_t digit) {
-  const auto begins_number = [value](std::size_t at) {
-    return at == 0 || !joins_words(value[at - 1]);
-  };
-  std::size_t begin = digit;
-  if (begin > 0 && value[begin - 1] == '.' &&
-      (begins_number(begin - 1) || is_sign(value[begin - 2]))) {
-    --begin;
+  std::string_view before = value.substr(0, digit);
+  if (before.ends_with('.')) {
+    const std::string_view before_point = before.substr(0, digit - 1);
+    const bool has_sign = without_sign(before_point) != before_point;
+    before = has_sign || may_end_before_number(before_point) ? before_point : before;
   }
-  return begin > 0 && is_sign(value[begin - 1]) && begins_number(begin - 1) ? begin - 1 : begin;
+  const std::string_view before_sign = without_sign(before);
+  return may_end_before_number(before_sign) ? before_sign.size() : before.size();
 }
 
 int two_digits(std::string_view text) { return 10 * (text[0] - '0') + (text[1] - '0'); }

@@ -133,6 +133,10 @@ TEST(PlaceSummary, TellsTheRangeOfNumbersWithoutAWholePart) {
   EXPECT_EQ(Place().add_all({"-.5", "-.12", "-1", "+.3"}).summary(), "-1, -.5, -.12 or +.3");
 }
 
+TEST(PlaceSummary, TellsTheLeastOfNumbersWithAMinusSignOfTypography) {
+  EXPECT_EQ(Place().add_range(0, 8).add("\u22121").add("\u22122").summary(), "\u22122 to 8");
+}
+
 TEST(PlaceSummary, TellsWhatStandsOut) {
   EXPECT_EQ(Place().add_range(81, 89).add("131", {77}).summary(),
             "81 to 131 [median 85; 131 on cn77]");

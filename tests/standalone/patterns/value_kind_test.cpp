@@ -46,6 +46,17 @@ TEST(NumberValue, HasItsSignUnlessThatJoinsWords) {
   EXPECT_EQ(parts("_-5"), "_-|5|");
 }
 
+TEST(NumberValue, MayHaveTheMinusSignOfTypography) {
+  EXPECT_EQ(parts("\u22125C"), "|\u22125|C");
+  EXPECT_EQ(parts("x:\u2212.5"), "x:|\u2212.5|");
+  EXPECT_EQ(parts("core\u22125"), "core\u2212|5|");
+  EXPECT_EQ(parts("\u2212\u22125"), "\u2212\u2212|5|");
+  EXPECT_EQ(parts("\u00B15"), "\u00B1|5|");
+  EXPECT_EQ(parts("3e\u22125"), "none");
+  EXPECT_EQ(read_number("\u22121.5")->number, read_number("-1.5")->number);
+  EXPECT_EQ(read_number("\u22120")->number, read_number("0")->number);
+}
+
 TEST(NumberValue, MayLackItsWholePart) {
   EXPECT_EQ(parts(".5"), "|.5|");
   EXPECT_EQ(parts(".05e3s"), "|.05e3|s");
