@@ -62,6 +62,16 @@ struct Word {
   std::size_t run_begin, begin, end, run_end;
 };
 
+/// Whether the number at `begin` is a fraction, whose one point stands at the end of what was kept
+/// off since `run_begin`.
+bool lacks_point(const Symbols& text, std::size_t run_begin, std::size_t begin) {
+  std::size_t points = 0;
+  while (begin - points > run_begin && text[begin - points - 1] == '.') {
+    ++points;
+  }
+  return points == 1 && begin < text.size() && is_digit(text[begin]);
+}
+
 std::vector<Word> find_words(const Symbols& text) {
   std::vector<bool> separates;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -79,6 +89,9 @@ std::vector<Word> find_words(const Symbols& text) {
     Word word{run_begin, run_begin, i, i};
     while (word.begin < word.end && is_kept_off(text[word.begin])) {
       ++word.begin;
+    }
+    if (lacks_point(text, word.run_begin, word.begin)) {
+      --word.begin;
     }
     while (word.end > word.begin && is_kept_off(text[word.end - 1])) {
       --word.end;

@@ -4,8 +4,8 @@
 
 namespace vond::standalone {
 
-/// Throws UsageError when an output would take the place of an input or of another output, or when
-/// there is nothing to write to one.
+/// Throws UsageError when an output would take the place of an input, of another output or of
+/// standard output, or when there is nothing to write to one.
 void refuse_conflicting_outputs(const Options& options);
 
 }  // namespace vond::standalone

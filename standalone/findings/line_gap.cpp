@@ -57,6 +57,18 @@ class GapFinder {
   std::vector<LineGap> gaps_;
 };
 
+/// Whether a word surely begins between the two texts.
+bool may_begin_value(std::string_view before, std::string_view text) {
+  if (text.empty()) {
+    return false;
+  }
+  if (before.ends_with('.')) {
+    // A point that was text may belong to this number.
+    return !is_digit(text[0]) && !is_in(AT_NO_END, text[0]);
+  }
+  return !is_in(AT_NO_END, text[0]) || begins_fraction(text, 0);
+}
+
 }  // namespace
 
 std::vector<LineGap> find_text_gaps(const Finding& finding, std::string_view line) {
@@ -76,8 +88,8 @@ std::vector<LineGap> find_text_gaps(const Finding& finding, std::string_view lin
   return GapFinder(texts, pattern).find(finding.nodes[0]);
 }
 
-std::string_view take_value(std::string_view& text) {
-  if (text.empty() || is_in(AT_NO_END, text[0])) {
+std::string_view take_value(std::string_view before, std::string_view& text) {
+  if (!may_begin_value(before, text)) {
     return {};
   }
   unsigned classes = 0;

@@ -33,8 +33,9 @@ struct LineGap {
 std::vector<LineGap> find_text_gaps(const Finding& finding, std::string_view line);
 
 /// Takes the word from the front of `text` that may fill a gap of the kind VALUE, so that it is a
-/// value again; empty when that is not certain. It need not end where the gap has to end.
-std::string_view take_value(std::string_view& text);
+/// value again; empty when that is not certain. It need not end where the gap has to end. `before`
+/// is the text before the gap.
+std::string_view take_value(std::string_view before, std::string_view& text);
 
 /// Whether `value` can be the second half of a date behind a value and one blank, so that both are
 /// one value.

@@ -156,7 +156,7 @@ bool RememberedLine::fill_row_id(std::string_view& line) {
 }
 
 bool RememberedLine::fill_value(const Piece& piece, std::string_view& line) {
-  const std::string_view value = take_value(line);
+  const std::string_view value = take_value(piece.text, line);
   if (value.empty() || (piece.may_complete_date && may_be_time_of_day(value))) {
     return false;
   }

@@ -16,7 +16,13 @@ using date_words::begins_like;
 
 constexpr std::size_t LONGEST_EXPONENT = 15;
 
-bool is_sign(char c) { return c == '+' || c == '-'; }
+bool is_exponent_sign(char c) { return c == '+' || c == '-'; }
+
+std::size_t skip_sign(std::string_view text) {
+  const auto* const sign = std::find_if(
+      SIGNS.begin(), SIGNS.end(), [text](std::string_view each) { return text.starts_with(each); });
+  return sign == SIGNS.end() ? 0 : sign->size();
+}
 
 std::size_t skip_digits(std::string_view text, std::size_t at) {
   while (at < text.size() && is_digit(text[at])) {
@@ -45,7 +51,8 @@ std::size_t skip_exponent(std::string_view text, std::size_t at) {
   if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) {
     return at;
   }
-  const std::size_t digits = at + 1 < text.size() && is_sign(text[at + 1]) ? at + 2 : at + 1;
+  const std::size_t digits =
+      at + 1 < text.size() && is_exponent_sign(text[at + 1]) ? at + 2 : at + 1;
   const std::size_t end = skip_digits(text, digits);
   return end == digits ? at : end;
 }
@@ -67,13 +74,13 @@ std::optional<std::int64_t> read_exponent(std::string_view text) {
 }  // namespace
 
 std::optional<Decimal> Decimal::read(std::string_view text, std::size_t& length) {
-  const std::size_t begin = !text.empty() && is_sign(text[0]) ? 1 : 0;
+  const std::size_t begin = skip_sign(text);
   const std::size_t whole_end = skip_whole_part(text, begin);
   const bool has_leading_zero = begin < text.size() && text[begin] == '0' && whole_end > begin + 1;
-  if (whole_end == begin || has_leading_zero) {
+  const std::size_t fraction_end = skip_fraction(text, whole_end);
+  if (fraction_end == begin || has_leading_zero) {
     return std::nullopt;
   }
-  const std::size_t fraction_end = skip_fraction(text, whole_end);
   length = skip_exponent(text, fraction_end);
   const auto exponent = read_exponent(text.substr(fraction_end, length - fraction_end));
   if (!exponent) {
@@ -89,7 +96,7 @@ std::optional<Decimal> Decimal::read(std::string_view text, std::size_t& length)
                         static_cast<std::int64_t>(leading);
   number.digits_.erase(0, leading);
   number.digits_.erase(number.digits_.find_last_not_of('0') + 1);
-  number.is_negative_ = text[0] == '-' && !number.digits_.empty();
+  number.is_negative_ = begin != 0 && text[0] != '+' && !number.digits_.empty();
   number.first_power_ = number.digits_.empty() ? 0 : number.first_power_;
   return number;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -9,15 +10,18 @@
 
 namespace vond::standalone {
 
+/// The last one is the minus sign of typography.
+inline constexpr std::array<std::string_view, 3> SIGNS = {"+", "-", "\u2212"};
+
 /// A decimal number of any length, exactly.
 class Decimal {
  public:
   Decimal() = default;
 
   /// Reads the number that `text` begins with: a sign or none, digits without leading zeros, in
-  /// threes with commas between or together, a fraction, an exponent (`-5`, `1,200`, `3.2e+03`).
-  /// Takes as much as is a number and tells in `length` how much that is. Nothing when there is
-  /// none, or when the exponent has more than 15 digits.
+  /// threes with commas between or together, a fraction, an exponent (`-5`, `1,200`, `3.2e+03`). A
+  /// fraction needs no digits before it (`.5`). Takes as much as is a number and tells in `length`
+  /// how much that is. Nothing when there is none, or when the exponent has more than 15 digits.
   static std::optional<Decimal> read(std::string_view text, std::size_t& length);
 
   std::strong_ordering operator<=>(const Decimal& other) const;

@@ -186,7 +186,7 @@ TextPattern::Word TextPattern::word_around(std::string_view text, std::size_t di
   while (begin > 0 && !is_in(SEPARATOR, text[begin - 1])) {
     --begin;
   }
-  while (is_in(AT_NO_END, text[begin])) {
+  while (is_in(AT_NO_END, text[begin]) && !begins_fraction(text, begin)) {
     ++begin;
   }
   const std::size_t run_end = find_run_end(text, digit + 1);

@@ -19,8 +19,9 @@ namespace vond::standalone {
 /// are one NODE in the pattern; which of them was written is a value too.
 ///
 /// Words are runs between blanks, line ends and any of `()[]{}<>,;="'|@`, without `.:!?` at their
-/// ends. A comma between two digits ends no word. `2026-01-31 23:59:59` (with a fraction and a zone
-/// or without) is one word, and so is `Jan 31 23:59:59`, with a weekday before it or without.
+/// ends, but with the point of a number like `.5`. A comma between two digits ends no word.
+/// `2026-01-31 23:59:59` (with a fraction and a zone or without) is one word, and so is `Jan 31
+/// 23:59:59`, with a weekday before it or without.
 ///
 /// An object is meant to be used again and again: it allocates nothing once it has seen texts as
 /// long.

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "standalone/patterns/date_words.h"
+#include "standalone/patterns/text_marks.h"
 #include "standalone/text/ascii.h"
 
 namespace vond::standalone {
@@ -14,23 +15,37 @@ using namespace date_words;
 constexpr std::int64_t SECONDS_OF_DAY = 86400;
 constexpr int ANY_LEAP_YEAR = 2000;
 
-/// Whether a `+` or `-` behind this character is no sign but part of a word.
+/// Whether a sign or a point behind this character belongs to no number but joins words.
 bool joins_words(char before) {
-  return !is_ascii(before) || is_ascii_letter(before) ||
+  return !is_ascii(before) || text_marks::is_mark(before) || is_ascii_letter(before) ||
          std::string_view("_-+.").find(before) != std::string_view::npos;
+}
+
+bool may_end_before_number(std::string_view before) {
+  return before.empty() || !joins_words(before.back());
+}
+
+/// Returns `before` without the sign at its end.
+std::string_view without_sign(std::string_view before) {
+  for (const std::string_view sign : SIGNS) {
+    if (before.ends_with(sign)) {
+      before.remove_suffix(sign.size());
+      break;
+    }
+  }
+  return before;
 }
 
 /// Returns where the number begins whose first digit is at `digit`.
 std::size_t find_number(std::string_view value, std::size_t digit) {
-  const bool has_sign = digit > 0 && (value[digit - 1] == '-' || value[digit - 1] == '+');
-  return has_sign && (digit == 1 || !joins_words(value[digit - 2])) ? digit - 1 : digit;
-}
-
-/// Whether the digits behind `before` are a fraction without its whole part, as in `-.5`.
-bool is_bare_fraction(std::string_view before) {
-  return !before.empty() && before.back() == '.' &&
-         (before.size() == 1 || !joins_words(before[before.size() - 2]) ||
-          before[before.size() - 2] == '-' || before[before.size() - 2] == '+');
+  std::string_view before = value.substr(0, digit);
+  if (before.ends_with('.')) {
+    const std::string_view before_point = before.substr(0, digit - 1);
+    const bool has_sign = without_sign(before_point) != before_point;
+    before = has_sign || may_end_before_number(before_point) ? before_point : before;
+  }
+  const std::string_view before_sign = without_sign(before);
+  return may_end_before_number(before_sign) ? before_sign.size() : before.size();
 }
 
 int two_digits(std::string_view text) { return 10 * (text[0] - '0') + (text[1] - '0'); }
@@ -138,7 +153,7 @@ std::optional<NumberValue> read_number(std::string_view value) {
   std::size_t length = 0;
   auto number = Decimal::read(value.substr(begin), length);
   const std::string_view before = value.substr(0, begin);
-  if (!number || is_bare_fraction(before) || has_digit(value.substr(begin + length))) {
+  if (!number || has_digit(value.substr(begin + length))) {
     return std::nullopt;
   }
   return NumberValue{before, value.substr(begin, length), value.substr(begin + length),

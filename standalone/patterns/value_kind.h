@@ -49,9 +49,9 @@ struct TimeValue {
   bool is_like(const TimeValue& other) const { return form == other.form; }
 };
 
-/// Nothing when the value is something else, as `1.2.3` and, for its leading zero, `007`. A sign
-/// belongs to the number where the value begins with it or nothing that words are made of stands
-/// before it: `-5`, `x:-5`, but not `core-5`.
+/// Nothing when the value is something else, as `1.2.3` and, for its leading zero, `007`. A sign,
+/// and a point without digits before it, belong to the number where the value begins with them or
+/// nothing that words are made of stands before them: `-5`, `x:-.5`, but not `core-5` and `core.5`.
 std::optional<NumberValue> read_number(std::string_view value);
 
 /// Nothing when the value is something else. Knows `2026-01-31`, `23:59:59`, both with a blank or

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -12,7 +13,7 @@ namespace vond::standalone::word_bytes {
 enum ByteClass : std::uint8_t {
   /// Ends a word, but for a comma between two digits.
   SEPARATOR = 1,
-  /// Belongs to no word at whose begin or end it stands.
+  /// Belongs to no word at whose begin or end it stands, but for what begins_fraction().
   AT_NO_END = 2,
   LETTER = 4,
   /// Next to a name it makes another word of it.
@@ -62,6 +63,13 @@ inline unsigned classes_in(std::string_view text) {
 /// Whether the comma at `at` ends no word.
 inline bool is_between_digits(std::string_view text, std::size_t at) {
   return at > 0 && at + 1 < text.size() && is_digit(text[at - 1]) && is_digit(text[at + 1]);
+}
+
+/// Whether the byte at `at` is the point of a number without a whole part, as in `.5`, where a word
+/// may begin. Of several points it is none: they leave something out.
+inline bool begins_fraction(std::string_view text, std::size_t at) {
+  return text[at] == '.' && at + 1 < text.size() && is_digit(text[at + 1]) &&
+         (at == 0 || text[at - 1] != '.');
 }
 
 }  // namespace vond::standalone::word_bytes

@@ -5,9 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
 
+#include "standalone/cli/output/behind_links.h"
 #include "standalone/cli/output/output_error.h"
 
 namespace vond::standalone {
@@ -20,26 +20,11 @@ mode_t new_file_permissions() {
   return 0666 & ~mask;
 }
 
-/// Returns where `path` leads, also where it is a link to a file not made yet.
-std::string behind_links(const std::string& path) {
-  constexpr int MOST_LINKS = 40;
-  std::filesystem::path file = path;
-  std::error_code error;
-  for (int links = 0; links < MOST_LINKS; ++links) {
-    const std::filesystem::path target = std::filesystem::read_symlink(file, error);
-    if (error) {
-      break;
-    }
-    file = file.parent_path() / target;
-  }
-  return file.string();
-}
-
 }  // namespace
 
 OutputFile::OutputFile(const std::string& path)
     : name_(path),
-      path_(behind_links(path)),
+      path_(behind_links(path).string()),
       descriptor_(open()),
       buffer_(descriptor_.number(), DescriptorBuffer::Flushing::IN_BLOCKS) {}
 
@@ -47,6 +32,10 @@ int OutputFile::open() {
   constexpr mode_t PERMISSIONS = 07777;
   struct stat status {};
   if (::stat(name_.c_str(), &status) != 0) {
+    // Links in a circle lead to no file that could be made.
+    if (errno != ENOENT) {
+      fail(errno);
+    }
     return create(new_file_permissions());
   }
   if (S_ISDIR(status.st_mode)) {

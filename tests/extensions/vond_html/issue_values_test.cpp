@@ -50,6 +50,11 @@ TEST(IssueValues, CommasAndPlusSignsBelongToNumbers) {
   EXPECT_EQ(spread[39], 1);
 }
 
+TEST(IssueValues, NumbersMayHaveTheMinusSignOfTypography) {
+  EXPECT_EQ(spread_of(numbers({"\u2212.5", "0", "1"})), spread_of(numbers({"-0.5", "0", "1"})));
+  EXPECT_THAT(spread_of(numbers({"\u2212.5", "0", "1"})), SizeIs(40));
+}
+
 TEST(IssueValues, OneNumberAloneHasNoSpread) {
   EXPECT_THAT(spread_of(numbers({"5C"})), IsEmpty());
   EXPECT_THAT(spread_of(numbers({})), IsEmpty());

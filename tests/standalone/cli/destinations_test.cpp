@@ -146,6 +146,17 @@ TEST_F(DestinationsTest, ALinkToAFileNotMadeYetIsFollowed) {
   EXPECT_EQ(read_file(outputs + "/new"), report);
 }
 
+TEST_F(DestinationsTest, LinksInACircleAreAnErrorAndStay) {
+  fs::create_symlink("second", folder / "first");
+  fs::create_symlink("first", folder / "second");
+  expect_refused(folder / "first", "Too many levels of symbolic links");
+  expect_error(
+      run({"-e", "text:" + folder / "first", "-e", "text:" + folder / "./first", findings}), 3,
+      folder / "first: Too many levels of symbolic links");
+  EXPECT_TRUE(fs::is_symlink(folder / "first"));
+  EXPECT_TRUE(fs::is_symlink(folder / "second"));
+}
+
 TEST_F(DestinationsTest, TheSameFileTwiceIsComplete) {
   const std::string output = outputs + "/output";
   EXPECT_EQ(run({"-o", output, "-o", output, findings}).status, 0);

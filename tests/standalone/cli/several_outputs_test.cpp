@@ -33,6 +33,16 @@ class SeveralOutputsTest : public ::testing::Test {
     EXPECT_FALSE(fs::exists(out));
   }
 
+  void expect_refused_in_folder(std::vector<std::string> arguments,
+                                const std::string& message) const {
+    arguments.push_back(findings);
+    expect_error(Command(arguments)
+                     .environment("VOND_EXTENSION_PATH", folder / "more")
+                     .in_folder(folder.path())
+                     .run(),
+                 2, message + "; see vond-report --help");
+  }
+
   TemporaryFolder folder;
   std::string findings = folder.write("findings", R"({"id": "a", "severity": 10})");
   std::string out = folder / "out";
@@ -164,6 +174,90 @@ TEST_F(SeveralOutputsTest, OneFileForTwoOutputsIsRefused) {
                  "the file of --extension line is \"" + out + "\", which --output is, too");
   fs::create_symlink(findings, folder / "link");
   EXPECT_EQ(run_with_names({"-e", "line:" + folder / "link", findings}).status, 2);
+}
+
+TEST_F(SeveralOutputsTest, OneFileNotMadeYetIsRefusedHoweverItIsSpelt) {
+  fs::create_directory_symlink("more", folder / "folder_link");
+  fs::create_symlink("more/new", folder / "file_link");
+  fs::create_symlink("./file_link", folder / "link_to_link");
+  const std::string path = "more/new";
+  for (const std::string& other :
+       {std::string("./more/new"), folder / path, folder / "more/../" + path,
+        std::string("folder_link/new"), std::string("file_link"), std::string("link_to_link")}) {
+    expect_refused_in_folder({"-e", "line:" + path, "-e", "text:" + other},
+                             "the file of --extension line is \"" + path +
+                                 "\", which the file of --extension text is, too");
+    expect_refused_in_folder(
+        {"-e", "line:" + other, "-e", "text", "-o", path},
+        "the file of --extension line is \"" + other + "\", which --output is, too");
+    EXPECT_FALSE(fs::exists(folder / path));
+  }
+}
+
+TEST_F(SeveralOutputsTest, FilesNotMadeYetThatLookAlikeAreEachTheirOwn) {
+  fs::create_directory(folder / "other");
+  fs::create_directory_symlink("../other", folder / "more/up");
+  fs::create_symlink("new", folder / "other/link");
+  EXPECT_EQ(Command({"-e", "text:more/new", "-e", "text:more/up/../new", "-e", "text:other/link",
+                     "-o", "./-", "-e", "text:-", "-e", "text", findings})
+                .in_folder(folder.path())
+                .run()
+                .status,
+            0);
+  for (const std::string path : {"more/new", "new", "other/new", "-"}) {
+    EXPECT_EQ(read_file(folder / path), report) << path;
+  }
+}
+
+TEST_F(SeveralOutputsTest, TheFileThatStandardOutputIsIsRefusedForAnOutput) {
+  const std::string file = folder.write("file", "kept");
+  fs::create_hard_link(file, folder / "hard_link");
+  const auto expect_refused_there = [&](const std::vector<std::string>& arguments,
+                                        const std::string& message) {
+    expect_error(Command(arguments).in_folder(folder.path()).output_file(file).run(), 2,
+                 message + ", which standard output is, too; see vond-report --help");
+    EXPECT_EQ(read_file(file), "kept");
+  };
+  for (const std::string path : {"./file", "hard_link", "/dev/stdout"}) {
+    const std::string message = "the file of --extension text is \"" + path + "\"";
+    expect_refused_there({"-e", "text", "-e", "text:" + path, findings}, message);
+    expect_refused_there({"-e", "text:-", "-e", "text:" + path, findings}, message);
+    expect_refused_there({"-o", path, findings}, "--output is \"" + path + "\"");
+  }
+}
+
+TEST_F(SeveralOutputsTest, WhereStandardOutputGetsNothingItsFileMayBeAnOutput) {
+  const std::string file = folder.write("file", "");
+  EXPECT_EQ(Command({"-e", "text:" + file, findings}).output_file(file).run().status, 0);
+  EXPECT_EQ(read_file(file), report);
+}
+
+TEST_F(SeveralOutputsTest, OtherFilesDevicesAndPipesMayBeOutputsBesideStandardOutput) {
+  const std::string file = folder.write("file", "");
+  EXPECT_EQ(Command({"-o", out, findings}).output_file(file).run().status, 0);
+  EXPECT_EQ(read_file(file), report);
+  EXPECT_EQ(read_file(out), report);
+  EXPECT_EQ(run({"-e", "text", "-e", "text:/dev/stdout", findings}).output, report + report);
+  EXPECT_EQ(run({"-o", "/dev/stdout", findings}).output, report + report);
+  EXPECT_EQ(Command({"-e", "text", "-e", "text:/dev/null", findings})
+                .output_file("/dev/null")
+                .run()
+                .status,
+            0);
+  EXPECT_EQ(Command({"--width=80", "-e", "text", "-e", "text:/dev/stdout", findings})
+                .output_terminal(80)
+                .run()
+                .status,
+            0);
+}
+
+TEST_F(SeveralOutputsTest, ADashIsNoFileOfThatName) {
+  const std::string input = folder.write("-", R"({"id": "a", "severity": 10})");
+  EXPECT_EQ(Command({"-e", "text:-", "./-"}).in_folder(folder.path()).run().status, 0);
+  EXPECT_EQ(
+      Command({"-e", "text:-", "-e", "text:./-", findings}).in_folder(folder.path()).run().output,
+      report);
+  EXPECT_EQ(read_file(input), report);
 }
 
 TEST_F(SeveralOutputsTest, AnInputIsNotReplacedByAnOutputWithAFile) {

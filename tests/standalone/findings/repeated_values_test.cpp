@@ -150,9 +150,30 @@ TEST(RepeatedValues, ThatAreNoValuesAreParsed) {
 TEST(RepeatedValues, DoNotHoldWhatEndsASentence) {
   EXPECT_TRUE(is_message_recognised("at 86.", "at 9.5."));
   EXPECT_TRUE(is_message_recognised("at ?86!", "at ?9!"));
-  for (const char* text : {"at 86", "at 86..", "at .86.", "at 86!", "at !86."}) {
+  for (const char* text : {"at 86", "at 86..", "at ..86.", "at 86!", "at !86."}) {
     EXPECT_FALSE(is_message_recognised("at 86.", text)) << text;
     EXPECT_FALSE(is_message_recognised(text, "at 86.")) << text;
+  }
+}
+
+TEST(RepeatedValues, MayBeginWithThePointOfANumber) {
+  for (const char* value : {".5", ".12C", ".5.log", "5", "x.5"}) {
+    EXPECT_TRUE(is_message_recognised("at 86 C", std::string("at ") + value + " C")) << value;
+    EXPECT_TRUE(is_message_recognised("at .86 C", std::string("at ") + value + " C")) << value;
+    EXPECT_TRUE(is_message_recognised("at ?.86", std::string("at ?") + value)) << value;
+  }
+  EXPECT_TRUE(is_message_recognised(".86", ".5"));
+}
+
+TEST(RepeatedValues, LeaveAPointToTheTextWhereItIsNotOfANumber) {
+  EXPECT_TRUE(is_message_recognised("at .x5", "at .y7"));
+  for (const char* text : {"at .7", "at .5x", "at ..7", "at .:7", "at x7"}) {
+    EXPECT_FALSE(is_message_recognised("at .x5", text)) << text;
+    EXPECT_FALSE(is_message_recognised(text, "at .x5")) << text;
+  }
+  for (const char* text : {"at 7", "at .7", "at ..7", "at ...7", "at ....7"}) {
+    EXPECT_FALSE(is_message_recognised("at ..5", text)) << text;
+    EXPECT_FALSE(is_message_recognised("at ...5", text)) << text;
   }
 }
 
@@ -288,7 +309,8 @@ class LineSource {
     for (auto parts = random_() % 8; parts > 0; --parts) {
       text += one_of({"%", "%", "%", "N", "S", "N", "N-%", "S.site", "5", "at", "login", "Jan",
                       "Mon", "is x", "(%)", "N:/x", "%%", "\xC3\xA4"});
-      text += one_of({" ", " ", " ", " ", ", ", ",", ": ", ".", ". ", "=", "  ", "-", "_", ""});
+      text += one_of(
+          {" ", " ", " ", " ", " .", " ..", ", ", ",", ": ", ".", ". ", "=", "  ", "-", "_", ""});
     }
     return text;
   }
@@ -309,11 +331,12 @@ class LineSource {
     if (random_() % 3 != 0) {
       return std::to_string(random_() % 100);
     }
-    return one_of(
-        {"86.5",  "1,200",   "-3",  "7C",  "x7",       "2026-01-31", "23:59:59",  "31",
-         "5:",    ".5",      "?5!", "1,",  ",1",       "a,5",        "5,a",       "n1",
-         "n12-3", "n2",      "cn9", "n1_", "a",        "",           "5\xC2\xB0", "\\n3",
-         "\\\\4", "\\u0035", "a1",  "1n1", "a1-a1-a1", "3 4",        "site",      "12:00:00.5"});
+    return one_of({".5",  ".25", ".x5",       "..5",        "86.5",     "1,200",
+                   "-3",  "7C",  "x7",        "2026-01-31", "23:59:59", "31",
+                   "5:",  ".5",  "?5!",       "1,",         ",1",       "a,5",
+                   "5,a", "n1",  "n12-3",     "n2",         "cn9",      "n1_",
+                   "a",   "",    "5\xC2\xB0", "\\n3",       "\\\\4",    "\\u0035",
+                   "a1",  "1n1", "a1-a1-a1",  "3 4",        "site",     "12:00:00.5"});
   }
 
   std::mt19937 random_;

@@ -126,6 +126,17 @@ TEST(PlaceSummary, ShowsNumbersAsTheyAreWritten) {
   EXPECT_EQ(Place().add_range(990, 998).add("1e+03").summary(), "990 to 1e+03");
 }
 
+TEST(PlaceSummary, TellsTheRangeOfNumbersWithoutAWholePart) {
+  const std::vector<std::string> loads = {".5", ".12", ".85", "1.9", ".71", ".3", ".25", "0.6"};
+  EXPECT_EQ(Place().add_all(loads).summary(), ".12, .25, .3, .5, 0.6, .71, .85 or 1.9");
+  EXPECT_EQ(Place().add_all(loads).add(".45").summary(), ".12 to 1.9");
+  EXPECT_EQ(Place().add_all({"-.5", "-.12", "-1", "+.3"}).summary(), "-1, -.5, -.12 or +.3");
+}
+
+TEST(PlaceSummary, TellsTheLeastOfNumbersWithAMinusSignOfTypography) {
+  EXPECT_EQ(Place().add_range(0, 8).add("\u22121").add("\u22122").summary(), "\u22122 to 8");
+}
+
 TEST(PlaceSummary, TellsWhatStandsOut) {
   EXPECT_EQ(Place().add_range(81, 89).add("131", {77}).summary(),
             "81 to 131 [median 85; 131 on cn77]");

@@ -119,6 +119,20 @@ TEST(TextPattern, LeavesPunctuationAtTheEndsOfWords) {
   EXPECT_THAT(taken.values, ElementsAre("a.1", "2", "3"));
 }
 
+TEST(TextPattern, KeepsThePointOfANumberWithoutAWholePartInTheWord) {
+  const Taken taken(".5 at [.5], (.05) x=.5C ?.5 1,.5, .5.");
+  EXPECT_EQ(taken.pattern, "# at [#], (#) x=# ?# #,#, #.");
+  EXPECT_THAT(taken.values, ElementsAre(".5", ".5", ".05", ".5C", ".5", "1", ".5", ".5"));
+  EXPECT_THAT(Taken(".5.log -.5 +.5 .1.2.3 v.5").values,
+              ElementsAre(".5.log", "-.5", "+.5", ".1.2.3", "v.5"));
+}
+
+TEST(TextPattern, TakesNoPointThatEndsASentenceOrLeavesSomethingOutForThatOfANumber) {
+  EXPECT_EQ(Taken("at 5 C. 7 fans").pattern, "at # C. # fans");
+  EXPECT_EQ(Taken("and ...5 or ..5, 3. ").pattern, "and ...# or ..#, #. ");
+  EXPECT_EQ(Taken(".a5 .:5 .(5").pattern, ".# .:# .(#");
+}
+
 TEST(TextPattern, KeepsCommasBetweenDigitsInTheWord) {
   EXPECT_THAT(Taken("1,200 13,31,48").values, ElementsAre("1,200", "13,31,48"));
   EXPECT_THAT(Taken("1, 2,x y,3 ,4, 5,,6").values, ElementsAre("1", "2", "3", "4", "5", "6"));
@@ -142,7 +156,7 @@ TEST(TextPattern, TakesADateAndATimeForOneWord) {
 TEST(TextPattern, TakesWhatOnlyResemblesADateForSeveralWords) {
   EXPECT_THAT(Taken("2026-01-31  23:59:59").values, ElementsAre("2026-01-31", "23:59:59"));
   EXPECT_THAT(Taken("2026-01-31. 23:59:59").values, ElementsAre("2026-01-31", "23:59:59"));
-  EXPECT_THAT(Taken("2026-01-31 .23:59:59").values, ElementsAre("2026-01-31", "23:59:59"));
+  EXPECT_THAT(Taken("2026-01-31 .23:59:59").values, ElementsAre("2026-01-31", ".23:59:59"));
   EXPECT_THAT(Taken("2026-01-31\n23:59:59").values, ElementsAre("2026-01-31", "23:59:59"));
   EXPECT_THAT(Taken("2026-01-31 23:59:59x").values, ElementsAre("2026-01-31", "23:59:59x"));
   EXPECT_THAT(Taken("2026-01-31 23:59").values, ElementsAre("2026-01-31", "23:59"));
@@ -151,7 +165,7 @@ TEST(TextPattern, TakesWhatOnlyResemblesADateForSeveralWords) {
   EXPECT_THAT(Taken("Jan  31 23:59:59").values, ElementsAre("31", "23:59:59"));
   EXPECT_THAT(Taken("Jan   1 23:59:59").values, ElementsAre("1", "23:59:59"));
   EXPECT_THAT(Taken("Jan 31 23:59:59.5").values, ElementsAre("31", "23:59:59.5"));
-  EXPECT_THAT(Taken("Jan .1 23:59:59").values, ElementsAre("1", "23:59:59"));
+  EXPECT_THAT(Taken("Jan .1 23:59:59").values, ElementsAre(".1", "23:59:59"));
   EXPECT_THAT(Taken("Jan. 1 23:59:59").values, ElementsAre("1", "23:59:59"));
   EXPECT_THAT(Taken("jan 1 23:59:59").values, ElementsAre("1", "23:59:59"));
   EXPECT_THAT(Taken("xJan 1 23:59:59").values, ElementsAre("1", "23:59:59"));

@@ -46,10 +46,43 @@ TEST(NumberValue, HasItsSignUnlessThatJoinsWords) {
   EXPECT_EQ(parts("_-5"), "_-|5|");
 }
 
+TEST(NumberValue, MayHaveTheMinusSignOfTypography) {
+  EXPECT_EQ(parts("\u22125C"), "|\u22125|C");
+  EXPECT_EQ(parts("x:\u2212.5"), "x:|\u2212.5|");
+  EXPECT_EQ(parts("core\u22125"), "core\u2212|5|");
+  EXPECT_EQ(parts("\u2212\u22125"), "\u2212\u2212|5|");
+  EXPECT_EQ(parts("\u00B15"), "\u00B1|5|");
+  EXPECT_EQ(parts("3e\u22125"), "none");
+  EXPECT_EQ(read_number("\u22121.5")->number, read_number("-1.5")->number);
+  EXPECT_EQ(read_number("\u22120")->number, read_number("0")->number);
+}
+
+TEST(NumberValue, MayLackItsWholePart) {
+  EXPECT_EQ(parts(".5"), "|.5|");
+  EXPECT_EQ(parts(".05e3s"), "|.05e3|s");
+  EXPECT_EQ(parts("-.5"), "|-.5|");
+  EXPECT_EQ(parts("+.5"), "|+.5|");
+  EXPECT_EQ(parts("load:.5"), "load:|.5|");
+  EXPECT_EQ(parts("load:-.5"), "load:|-.5|");
+  EXPECT_EQ(parts("load-.5"), "load-|.5|");
+  EXPECT_EQ(parts(".5.log"), "|.5|.log");
+}
+
+TEST(NumberValue, TakesNoPointThatJoinsWords) {
+  EXPECT_EQ(parts("core.5"), "core.|5|");
+  EXPECT_EQ(parts("_.5"), "_.|5|");
+  EXPECT_EQ(parts("x..5"), "x..|5|");
+}
+
+TEST(NumberValue, BehindTheOwnNodeIsPartOfItsName) {
+  EXPECT_EQ(parts("\x02.5"), "\x02.|5|");
+  EXPECT_EQ(parts("\x03-5"), "\x03-|5|");
+}
+
 TEST(NumberValue, IsNothingWithOtherDigits) {
   for (const std::string_view value :
        {"", "x", "1.2.3", "a1b2", "0x1f", "1,2", "1,2000", "1200,300", "13,31,48", "1e5e5",
-        "192.168.0.1", "2026-01-31", "12:30", "-.5"}) {
+        "192.168.0.1", ".1.2.3", ".5-.7", "2026-01-31", "12:30"}) {
     EXPECT_EQ(parts(value), "none") << value;
   }
 }
@@ -71,10 +104,12 @@ TEST(NumberValue, IsComparedExactly) {
                                               "-100000000000000000000000000000",
                                               "-3",
                                               "-2.5",
+                                              "-.12",
                                               "-0.1",
                                               "0",
                                               "1e-999999999",
                                               "0.001",
+                                              ".01",
                                               "0.1",
                                               "0.10000000000000000000000000001",
                                               "2.9",
@@ -100,6 +135,8 @@ TEST(NumberValue, IsTheSameHoweverItIsWritten) {
        {"1,200", "1200.0", "1.2e3", "1.2E+03", "12000e-1", "+1200"}) {
     EXPECT_EQ(read_number("1200")->number, read_number(other)->number) << other;
   }
+  EXPECT_EQ(read_number("0.05")->number, read_number(".050")->number);
+  EXPECT_EQ(read_number("0")->number, read_number(".0")->number);
   EXPECT_EQ(read_number("0")->number, read_number("-0.00e5")->number);
 }
 

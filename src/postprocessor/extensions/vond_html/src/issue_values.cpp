@@ -4,6 +4,7 @@
 #include <charconv>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "vond/extension/markup_text.h"
 #include "wording.h"
@@ -20,8 +21,12 @@ namespace {
 constexpr std::size_t PARTS = 40;
 
 /// Returns the number that a text begins with, "+1,024" for example; what stands behind it is its
-/// unit.
+/// unit. The minus sign may be that of typography.
 std::optional<double> number_of(std::string text) {
+  constexpr std::string_view MINUS = "\u2212";
+  if (text.starts_with(MINUS)) {
+    text.replace(0, MINUS.size(), "-");
+  }
   text.erase(std::remove(text.begin(), text.end(), ','), text.end());
   const char* const begin = text.data() + (text.starts_with('+') ? 1 : 0);
   double number = 0;
