@@ -106,7 +106,7 @@ struct ReportFacts {
   std::optional<Changes> changes;
   /// What the user has acknowledged.
   struct Acknowledgement {
-    /// See vond::facts::Acknowledgement.
+    /// See vond::facts::Acknowledgement. An active entry may have ended by the report's time.
     enum class State { ACTIVE, EXPIRED, UNUSED };
 
     std::string id;

@@ -31,7 +31,7 @@ class CheckRunReading : private FindingsSink {
         reader_(*this, {.is_strict = sources.is_strict,
                         .definitions_are_paths = sources.definitions_are_paths}) {
     if (destinations.acknowledged != nullptr) {
-      filter_.emplace(*destinations.acknowledged, sources.time,
+      filter_.emplace(*destinations.acknowledged,
                       [this](const Finding& finding) { take(finding); });
     }
   }
@@ -105,8 +105,8 @@ CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
       expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()),
       own_part_(sources.own_part) {
   if (sources.acknowledged) {
-    acknowledged_ =
-        std::make_unique<AcknowledgedFindings>(*sources.acknowledged, sources.collapse_by);
+    acknowledged_ = std::make_unique<AcknowledgedFindings>(*sources.acknowledged, sources.time,
+                                                           sources.collapse_by);
   }
   if (sources.keeps_findings && may_take_out(sources)) {
     everything_ = std::make_unique<Collapser>(CollapseBy::PATTERN);

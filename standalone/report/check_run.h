@@ -37,9 +37,10 @@ struct RunSources {
   std::vector<std::string> expected_parts = {};
   /// The part of the cluster that this run is about, "" when nobody named it.
   std::string own_part = {};
-  /// What is taken out of the findings at the report's time; without a value, nothing may be.
+  /// What is taken out of the findings where it holds at `time`; without a value, nothing may be.
   std::optional<std::vector<Acknowledgement>> acknowledged = std::nullopt;
-  /// The report's time.
+  /// When the report was begun. Findings are taken out while they are read, so that no later time
+  /// can decide what is acknowledged.
   std::time_t time = 0;
 };
 

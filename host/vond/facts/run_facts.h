@@ -110,8 +110,9 @@ struct Acknowledgement {
   std::string reason;
   /// Who says so, "" when nobody is named.
   std::string by;
-  /// "active"; "expired", when it holds no more; "unused", when it holds, its nodes were examined,
-  /// and there is nothing that it covers.
+  /// "active"; "expired", when it no longer held as the report was begun; "unused", when it held,
+  /// its nodes were examined, and there is nothing that it covers. An active one may have ended
+  /// while findings were read: `until` is less than written_at() then.
   std::string state;
 };
 

@@ -297,6 +297,18 @@ TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEndAndBeforeWhatHoldsNoM
       "</ul>\n");
 }
 
+TEST_F(PageTest, WhatIsAcknowledgedAndHasEndedSinceTheReportWasBegunSaysSo) {
+  using State = standalone::ReportFacts::Acknowledgement::State;
+  constexpr std::time_t NOW = 1763699400;
+  for (const std::time_t until : {NOW - 1, NOW - 3 * 86400}) {
+    facts().acknowledged = {.issues = 1, .entries = {entry("over", until, State::ACTIVE)}};
+    EXPECT_THAT(section("acknowledged"),
+                HasSubstr("<strong class=\"remark\">ended meanwhile</strong> <b><bdi>over</bdi>"));
+  }
+  facts().acknowledged = {.issues = 1, .entries = {entry("last", NOW, State::ACTIVE)}};
+  EXPECT_THAT(section("acknowledged"), HasSubstr("<strong class=\"remark\">ends within a day<"));
+}
+
 TEST_F(PageTest, WhatHasExpiredTakesNoPlaceFromWhatHolds) {
   using State = standalone::ReportFacts::Acknowledgement::State;
   facts().acknowledged = {.issues = 1, .entries = {}};

@@ -67,6 +67,25 @@ TEST_F(AcknowledgedTest, AboveItsBandFailsAsEver) {
   EXPECT_EQ(report({}).status, 1);
 }
 
+TEST_F(AcknowledgedTest, UntilATimeThatPassesWhileFindingsAreCollectedHoldsForTheWholeReport) {
+  const std::string script = R"sh(
+until=$(date -u -d '+1 second' +%Y-%m-%dT%H:%M:%SZ)
+echo '{"id": "disk", "nodes": "n[1-2]", "until": "'"$until"'", "reason": "RMA"}' > known
+{ sleep 2.5; cat findings; } | "$0" --acknowledged known -e brief -e json:json
+)sh";
+  const Outcome outcome = Command({"-c", script, VOND_REPORT})
+                              .program("/bin/sh")
+                              .without_environment("SOURCE_DATE_EPOCH")
+                              .in_folder(folder.path())
+                              .run();
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_NE(outcome.output.find("  Acknowledged: 1 issue on 2 nodes\n"
+                                "    ended meanwhile: disk on n[1-2] until "),
+            std::string::npos)
+      << outcome.output;
+  EXPECT_NE(read_file(folder / "json").find("\"state\": \"active\""), std::string::npos);
+}
+
 TEST_F(AcknowledgedTest, MayBeIgnored) {
   folder.write("known", std::string(KNOWN) + "{\"id\": 1}\n");
   const Outcome outcome = report({"--ignore-acknowledged"});
