@@ -12,7 +12,7 @@
 
 /// The version of these functions. It is raised when functions are added and when what one returns
 /// changes its meaning; what is declared here never changes its layout.
-#define VOND_FACTS_VERSION 4
+#define VOND_FACTS_VERSION 5
 
 /// What the record cannot carry: where a report comes from, how far it can be trusted, and what its
 /// issues were made of. The stand-alone host exports these functions; other hosts need not have
@@ -62,7 +62,9 @@ VOND_HOST_API std::int64_t collected_at();
 /// Returns the parts of the cluster that findings come from, sorted, each as often as it came.
 VOND_HOST_API std::vector<std::string> parts();
 
-/// Whether no input tells of itself that it was cut off.
+/// Whether nothing was lost on the way here: no input tells of itself that it was cut off, and each
+/// part of the cluster that the user expected has come. Lines that were left out, nodes that were
+/// not examined and parts that came twice are told by the other functions.
 VOND_HOST_API bool has_whole_inputs();
 
 /// Returns how many findings were read: the sum of their counts.
