@@ -103,7 +103,8 @@ bool may_take_out(const RunSources& sources) {
 CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
     : collapser_(sources.collapse_by, sources.keeps_findings && !may_take_out(sources)),
       expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()),
-      own_part_(sources.own_part) {
+      own_part_(sources.own_part),
+      begun_at_(sources.time) {
   if (sources.acknowledged) {
     acknowledged_ = std::make_unique<AcknowledgedFindings>(*sources.acknowledged, sources.time,
                                                            sources.collapse_by);

@@ -96,6 +96,9 @@ class CheckRun {
   /// What each input tells of itself, in reading order.
   const std::vector<CollectedParts>& collected() const { return collected_; }
 
+  /// When the report was begun.
+  std::time_t begun_at() const { return begun_at_; }
+
   const std::string& own_part() const { return own_part_; }
 
   /// The parts that should be there.
@@ -123,6 +126,7 @@ class CheckRun {
   std::vector<CollectedParts> collected_;
   std::set<std::string> expected_parts_;
   std::string own_part_;
+  std::time_t begun_at_ = 0;
   std::vector<std::string> complaints_;
   std::size_t usable_lines_ = 0;
 };

@@ -20,8 +20,9 @@ ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at)
   return facts;
 }
 
-/// Returns when the oldest findings were collected, by the ages of the inputs.
-std::time_t time_of_collection(const ReportFacts& facts) {
+/// Returns when the oldest findings were collected, by the ages of the inputs. `begun_at` is when
+/// the report was begun.
+std::time_t time_of_collection(const ReportFacts& facts, std::time_t begun_at) {
   std::optional<std::int64_t> oldest;
   for (const ReportFacts::Input& input : facts.inputs) {
     if (input.age) {
@@ -32,8 +33,13 @@ std::time_t time_of_collection(const ReportFacts& facts) {
       oldest = std::max(oldest.value_or(age), age);
     }
   }
-  // Any number may be a file's time, and not every one can be written as a date.
-  return std::max<std::time_t>(facts.written_at - oldest.value_or(0), 0);
+  const std::time_t time = facts.written_at - oldest.value_or(0);
+  if (time > facts.written_at) {
+    return time;
+  }
+  // What came while the report waited may be as old as its beginning, by which it was decided what
+  // is acknowledged. Any number may be a file's time, and not every one can be written as a date.
+  return std::max<std::time_t>(std::min(time, begun_at), 0);
 }
 
 /// Takes what the inputs tell of themselves into account.
@@ -56,7 +62,7 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
       }
     }
   }
-  facts.collected_at = time_of_collection(facts);
+  facts.collected_at = time_of_collection(facts, run.begun_at());
   for (const auto& [part, times] : parts) {
     facts.parts.insert(facts.parts.end(), times, part);
     if (times > 1) {

@@ -57,8 +57,8 @@ VOND_HOST_API std::vector<Input> inputs();
 
 /// Returns when the findings were collected, in seconds since 1970-01-01 00:00:00 UTC: the oldest
 /// of those that tell it, by what they say where they were collapsed before, else by the last
-/// change of their file; the report's time where none does. It is later than that only where the
-/// clock was ahead when findings were collapsed.
+/// change of their file. It is no later than the beginning of the report, for what came meanwhile
+/// may be as old, but where the clock was ahead when findings were collapsed.
 VOND_HOST_API std::int64_t collected_at();
 
 /// Returns the parts of the cluster that findings come from, sorted, each as often as it came.

@@ -156,6 +156,22 @@ TEST(FactsOfRun, TellThatFindingsWereCollectedBeforeTheReportWhateverTheirFileTe
   EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 0);
 }
 
+TEST(FactsOfRun, TellThatWhatCameMeanwhileMayBeAsOldAsTheBeginningOfTheReport) {
+  constexpr std::time_t BEGUN = 1763699400 - 300;
+  const auto collected_at = [](const std::string& path) {
+    return read_facts({.findings = {path}, .time = BEGUN}).collected_at;
+  };
+  EXPECT_EQ(collected_at("/dev/null"), BEGUN);
+  const TestFile meanwhile(R"({"begin": {"format": 1, "written": "2025-11-21T04:29:00Z"}})");
+  EXPECT_EQ(collected_at(meanwhile.path()), BEGUN);
+  const TestFile ahead(R"({"begin": {"format": 1, "written": "2025-11-21T04:31:00Z"}})");
+  EXPECT_EQ(collected_at(ahead.path()), 1763699400 + 60);
+  const TestFile raw(R"({"id": "a", "severity": 1})");
+  EXPECT_EQ(collected_at(raw.path()), BEGUN);
+  set_last_change(raw, BEGUN - 1);
+  EXPECT_EQ(collected_at(raw.path()), BEGUN - 1);
+}
+
 TEST(FactsOfRun, TellTheAgeOfEveryPartOfAnInput) {
   const TestFile file(
       "{\"begin\": {\"format\": 1, \"written\": \"2025-11-14T04:30:00Z\", \"parts\": [\"r2\"]}}\n"
