@@ -108,7 +108,8 @@ std::unique_ptr<RunHistory> read_history(const Options& options, const RunSource
         read_run_with_messages({.findings = {path},
                                 .is_strict = sources.is_strict,
                                 .definitions_are_paths = sources.definitions_are_paths,
-                                .collapse_by = sources.collapse_by});
+                                .collapse_by = sources.collapse_by,
+                                .time = sources.time});
     history->add_earlier(*run);
   }
   return history;

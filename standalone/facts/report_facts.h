@@ -56,7 +56,7 @@ struct ReportFacts {
   std::vector<std::string> first_rejections;
   /// The parts of the cluster that findings come from, sorted, each as often as it came.
   std::vector<std::string> parts;
-  /// When the oldest findings were collected as far as they tell, else the report's time.
+  /// When the oldest findings were collected, as far as inputs have an age; see vond::facts.
   std::time_t collected_at = 0;
   /// Parts of the cluster that came twice, whose findings count double; sorted.
   std::vector<std::string> parts_twice;
@@ -106,7 +106,7 @@ struct ReportFacts {
   std::optional<Changes> changes;
   /// What the user has acknowledged.
   struct Acknowledgement {
-    /// See vond::facts::Acknowledgement.
+    /// See vond::facts::Acknowledgement. An active entry may have ended by the report's time.
     enum class State { ACTIVE, EXPIRED, UNUSED };
 
     std::string id;

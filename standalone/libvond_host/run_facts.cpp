@@ -59,8 +59,10 @@ std::int64_t collected_at() { return report_facts().collected_at; }
 std::vector<std::string> parts() { return report_facts().parts; }
 
 bool has_whole_inputs() {
-  return standalone::names_of_inputs(report_facts(), &standalone::ReportFacts::Input::is_cut_off)
-      .empty();
+  const bool has_cut_off =
+      !standalone::names_of_inputs(report_facts(), &standalone::ReportFacts::Input::is_cut_off)
+           .empty();
+  return !has_cut_off && report_facts().parts_missing.empty();
 }
 
 std::uint64_t findings_read() { return report_facts().findings_read; }

@@ -23,11 +23,14 @@ bool was_examined(const Acknowledgement& entry, const ReportFacts& facts) {
   return std::includes(examined.begin(), examined.end(), entry.nodes.begin(), entry.nodes.end());
 }
 
-State state_of(const Acknowledgement& entry, bool is_used, const ReportFacts& facts) {
-  if (!entry.holds_at(facts.written_at)) {
+State state_of(const AcknowledgedFindings& acknowledged, std::size_t number,
+               const ReportFacts& facts) {
+  if (!acknowledged.holds(number)) {
     return State::EXPIRED;
   }
-  return is_used || !was_examined(entry, facts) ? State::ACTIVE : State::UNUSED;
+  return acknowledged.is_used(number) || !was_examined(acknowledged.entries()[number], facts)
+             ? State::ACTIVE
+             : State::UNUSED;
 }
 
 /// An id that is acknowledged was reported.
@@ -54,8 +57,7 @@ void add_facts_of_acknowledged(ReportFacts& facts, const CheckRun& run) {
   for (std::size_t number = 0; number < acknowledged.entries().size(); ++number) {
     const Acknowledgement& entry = acknowledged.entries()[number];
     told.entries.push_back({entry.id, entry.nodes, entry.until, entry.reason, entry.by,
-                            state_of(entry, acknowledged.is_used(number), facts),
-                            acknowledged.is_back(number)});
+                            state_of(acknowledged, number, facts), acknowledged.is_back(number)});
   }
   facts.acknowledged = std::move(told);
 }

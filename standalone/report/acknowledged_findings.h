@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 #include <set>
 #include <string>
 #include <vector>
@@ -13,10 +14,16 @@ namespace vond::standalone {
 /// What was taken out of a run because it is acknowledged.
 class AcknowledgedFindings {
  public:
-  AcknowledgedFindings(std::vector<Acknowledgement> entries, CollapseBy collapse_by);
+  /// Entries hold for the whole run when they hold at `at`, however long the run takes.
+  AcknowledgedFindings(std::vector<Acknowledgement> entries, std::time_t at,
+                       CollapseBy collapse_by);
 
   /// In the order of the file.
   const std::vector<Acknowledgement>& entries() const { return entries_; }
+
+  /// The time that decides which entries hold.
+  std::time_t time() const { return at_; }
+  bool holds(std::size_t entry) const { return entries_[entry].holds_at(at_); }
 
   /// Adds a finding on those of its nodes where it is acknowledged.
   void add(const Finding& finding) { collapser_.add(finding); }
@@ -47,6 +54,7 @@ class AcknowledgedFindings {
   };
 
   std::vector<Acknowledgement> entries_;
+  std::time_t at_;
   /// By the numbers of the entries.
   std::vector<Use> uses_;
   Collapser collapser_;

@@ -33,11 +33,10 @@ Finding with_nodes(const Finding& finding, const std::vector<std::string_view>& 
 
 }  // namespace
 
-AcknowledgementFilter::AcknowledgementFilter(AcknowledgedFindings& acknowledged, std::time_t at,
-                                             Taker take_left)
+AcknowledgementFilter::AcknowledgementFilter(AcknowledgedFindings& acknowledged, Taker take_left)
     : acknowledged_(acknowledged),
       take_left_(std::move(take_left)),
-      coverage_(acknowledged.entries(), at) {}
+      coverage_(acknowledged.entries(), acknowledged.time()) {}
 
 void AcknowledgementFilter::add(const Finding& finding) {
   if (finding.wording.type == DIAGNOSES) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <ctime>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -18,9 +17,9 @@ class AcknowledgementFilter {
  public:
   using Taker = std::function<void(const Finding&)>;
 
-  /// What is acknowledged at that time goes to `acknowledged`, of which a reference is kept, what
-  /// is left to `take_left`.
-  AcknowledgementFilter(AcknowledgedFindings& acknowledged, std::time_t at, Taker take_left);
+  /// What is acknowledged goes to `acknowledged`, of which a reference is kept, what is left to
+  /// `take_left`.
+  AcknowledgementFilter(AcknowledgedFindings& acknowledged, Taker take_left);
 
   /// All findings must come from one reader. An observation that a diagnosis might cover waits.
   void add(const Finding& finding);

@@ -32,7 +32,7 @@ class CheckRunReading : private FindingsSink {
         reader_(*this, {.is_strict = sources.is_strict,
                         .definitions_are_paths = sources.definitions_are_paths}) {
     if (destinations.acknowledged != nullptr) {
-      filter_.emplace(*destinations.acknowledged, sources.time,
+      filter_.emplace(*destinations.acknowledged,
                       [this](const Finding& finding) { take(finding); });
     }
   }
@@ -105,10 +105,11 @@ bool may_take_out(const RunSources& sources) {
 CheckRun::CheckRun(const RunSources& sources, ReadingProgress& progress)
     : collapser_(sources.collapse_by, sources.keeps_findings && !may_take_out(sources)),
       expected_parts_(sources.expected_parts.begin(), sources.expected_parts.end()),
-      own_part_(sources.own_part) {
+      own_part_(sources.own_part),
+      begun_at_(sources.time) {
   if (sources.acknowledged) {
-    acknowledged_ =
-        std::make_unique<AcknowledgedFindings>(*sources.acknowledged, sources.collapse_by);
+    acknowledged_ = std::make_unique<AcknowledgedFindings>(*sources.acknowledged, sources.time,
+                                                           sources.collapse_by);
   }
   if (sources.keeps_findings && may_take_out(sources)) {
     everything_ = std::make_unique<Collapser>(CollapseBy::PATTERN);

@@ -37,9 +37,10 @@ struct RunSources {
   std::vector<std::string> expected_parts = {};
   /// The part of the cluster that this run is about, "" when nobody named it.
   std::string own_part = {};
-  /// What is taken out of the findings at the report's time; without a value, nothing may be.
+  /// What is taken out of the findings where it holds at `time`; without a value, nothing may be.
   std::optional<std::vector<Acknowledgement>> acknowledged = std::nullopt;
-  /// The report's time.
+  /// When the report was begun. Findings are taken out while they are read, so that no later time
+  /// can decide what is acknowledged.
   std::time_t time = 0;
 };
 
@@ -95,6 +96,9 @@ class CheckRun {
   /// What each input tells of itself, in reading order.
   const std::vector<CollectedParts>& collected() const { return collected_; }
 
+  /// When the report was begun.
+  std::time_t begun_at() const { return begun_at_; }
+
   const std::string& own_part() const { return own_part_; }
 
   /// The parts that should be there.
@@ -125,6 +129,7 @@ class CheckRun {
   std::vector<CollectedParts> collected_;
   std::set<std::string> expected_parts_;
   std::string own_part_;
+  std::time_t begun_at_ = 0;
   std::vector<std::string> complaints_;
   std::vector<std::size_t> usable_lines_;
 };

@@ -1,6 +1,7 @@
 #include "standalone/report/facts_of_run.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 #include <optional>
 
@@ -19,9 +20,30 @@ ReportFacts::Input facts_of_input(const RunInput& input, std::time_t written_at)
   return facts;
 }
 
+/// Returns when the oldest findings were collected, by the ages of the inputs. `begun_at` is when
+/// the report was begun.
+std::time_t time_of_collection(const ReportFacts& facts, std::time_t begun_at) {
+  std::optional<std::int64_t> oldest;
+  for (const ReportFacts::Input& input : facts.inputs) {
+    if (input.age) {
+      // Findings that say that they lie ahead still say so behind this run. A file that does was
+      // read all the same, and what it holds was collected before.
+      const std::int64_t age =
+          input.parts.empty() ? std::max<std::int64_t>(*input.age, 0) : *input.age;
+      oldest = std::max(oldest.value_or(age), age);
+    }
+  }
+  const std::time_t time = facts.written_at - oldest.value_or(0);
+  if (time > facts.written_at) {
+    return time;
+  }
+  // What came while the report waited may be as old as its beginning, by which it was decided what
+  // is acknowledged. Any number may be a file's time, and not every one can be written as a date.
+  return std::max<std::time_t>(std::min(time, begun_at), 0);
+}
+
 /// Takes what the inputs tell of themselves into account.
 void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
-  std::optional<std::time_t> oldest;
   std::map<std::string, std::size_t> parts;
   if (!run.own_part().empty()) {
     ++parts[run.own_part()];
@@ -30,7 +52,6 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
     const CollectedParts& collected = run.collected()[i];
     facts.inputs[i].is_cut_off = collected.is_cut_off();
     if (collected.oldest()) {
-      oldest = std::min(oldest.value_or(*collected.oldest()), *collected.oldest());
       facts.inputs[i].age = age_at(facts.written_at, *collected.oldest());
     }
     facts.lines_rejected += collected.lines_rejected();
@@ -41,7 +62,7 @@ void add_facts_of_parts(ReportFacts& facts, const CheckRun& run) {
       }
     }
   }
-  facts.collected_at = oldest.value_or(facts.written_at);
+  facts.collected_at = time_of_collection(facts, run.begun_at());
   for (const auto& [part, times] : parts) {
     facts.parts.insert(facts.parts.end(), times, part);
     if (times > 1) {

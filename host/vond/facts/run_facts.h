@@ -56,13 +56,17 @@ inline constexpr std::int64_t CLOCK_DIFFERENCE = 60;
 VOND_HOST_API std::vector<Input> inputs();
 
 /// Returns when the findings were collected, in seconds since 1970-01-01 00:00:00 UTC: the oldest
-/// of those that tell it, else the report's time.
+/// of those that tell it, by what they say where they were collapsed before, else by the last
+/// change of their file. It is no later than the beginning of the report, for what came meanwhile
+/// may be as old, but where the clock was ahead when findings were collapsed.
 VOND_HOST_API std::int64_t collected_at();
 
 /// Returns the parts of the cluster that findings come from, sorted, each as often as it came.
 VOND_HOST_API std::vector<std::string> parts();
 
-/// Whether no input tells of itself that it was cut off.
+/// Whether nothing was lost on the way here: no input tells of itself that it was cut off, and each
+/// part of the cluster that the user expected has come. Lines that were left out, nodes that were
+/// not examined and parts that came twice are told by the other functions.
 VOND_HOST_API bool has_whole_inputs();
 
 /// Returns how many findings were read: the sum of their counts.
@@ -110,8 +114,9 @@ struct Acknowledgement {
   std::string reason;
   /// Who says so, "" when nobody is named.
   std::string by;
-  /// "active"; "expired", when it holds no more; "unused", when it holds, its nodes were examined,
-  /// and there is nothing that it covers.
+  /// "active"; "expired", when it no longer held as the report was begun; "unused", when it held,
+  /// its nodes were examined, and there is nothing that it covers. An active one may have ended
+  /// while findings were read: `until` is less than written_at() then.
   std::string state;
 };
 

@@ -138,6 +138,10 @@ class AcknowledgedLines {
   }
 
   std::string time_left(const Entry& entry) const {
+    // What held when the report was begun holds for all of it.
+    if (entry.until < now_) {
+      return "ended meanwhile";
+    }
     const auto days = static_cast<std::size_t>(days_left(entry));
     return days == 0 ? "ends within a day" : "ends in " + count_of(days, "day", "days");
   }

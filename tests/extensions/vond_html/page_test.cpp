@@ -297,6 +297,18 @@ TEST_F(PageTest, WhatIsAcknowledgedStandsInTheOrderOfItsEndAndBeforeWhatHoldsNoM
       "</ul>\n");
 }
 
+TEST_F(PageTest, WhatIsAcknowledgedAndHasEndedSinceTheReportWasBegunSaysSo) {
+  using State = standalone::ReportFacts::Acknowledgement::State;
+  constexpr std::time_t NOW = 1763699400;
+  for (const std::time_t until : {NOW - 1, NOW - 300000}) {
+    facts().acknowledged = {.issues = 1, .entries = {entry("over", until, State::ACTIVE)}};
+    EXPECT_THAT(section("acknowledged"),
+                HasSubstr("<strong class=\"remark\">ended meanwhile</strong> <b><bdi>over</bdi>"));
+  }
+  facts().acknowledged = {.issues = 1, .entries = {entry("last", NOW, State::ACTIVE)}};
+  EXPECT_THAT(section("acknowledged"), HasSubstr("<strong class=\"remark\">ends within a day<"));
+}
+
 TEST_F(PageTest, WhatHasExpiredTakesNoPlaceFromWhatHolds) {
   using State = standalone::ReportFacts::Acknowledgement::State;
   facts().acknowledged = {.issues = 1, .entries = {}};
@@ -319,6 +331,16 @@ TEST_F(PageTest, AgesAreRemarkedOnWhenClocksDoNotExplainThem) {
   EXPECT_THAT(text, HasSubstr("<bdi>a</bdi> (1 minute in the future); <bdi>b</bdi> <strong "
                               "class=\"remark\">(1 minute in the future)</strong>; <bdi>c</bdi> "
                               "(1 day old); <bdi>d</bdi> <strong class=\"remark\">(1 day old)"));
+}
+
+TEST_F(PageTest, FindingsThatAreOlderThanThePageTellWhenTheyWereCollected) {
+  EXPECT_THAT(written(), Not(HasSubstr("<dt>Collected</dt>")));
+  facts().collected_at = 1763699400 - 60;
+  EXPECT_THAT(written(), Not(HasSubstr("<dt>Collected</dt>"))) << "clocks differ by as much";
+  facts().collected_at = 1763699400 - 120;
+  EXPECT_THAT(written(),
+              HasSubstr("<dt>Collected</dt>\n<dd><time datetime=\"2025-11-21T04:28:00Z\">"
+                        "2025-11-21 04:28:00 UTC</time> (2 minutes old)</dd>"));
 }
 
 TEST_F(PageTest, NodesWithAcknowledgedIssuesAreNotTakenForHealthy) {

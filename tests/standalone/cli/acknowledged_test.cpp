@@ -38,6 +38,22 @@ class AcknowledgedTest : public testing::Test {
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"findings", "known"}));
   }
 
+  /// Returns the report on findings that come when what is acknowledged has ended meanwhile, with
+  /// further outputs in the files `json` and `earlier`.
+  Outcome report_while_it_ends() const {
+    const std::string script = R"sh(
+until=$(date -u -d '+1 second' +%Y-%m-%dT%H:%M:%SZ)
+echo '{"id": "disk", "nodes": "n[1-2]", "until": "'"$until"'", "reason": "RMA"}' > known
+{ sleep 2.5; cat findings; } |
+  "$0" --acknowledged known -e brief -e json:json -e findings:earlier
+)sh";
+    return Command({"-c", script, VOND_REPORT})
+        .program("/bin/sh")
+        .without_environment("SOURCE_DATE_EPOCH")
+        .in_folder(folder.path())
+        .run();
+  }
+
   TemporaryFolder folder;
 };
 
@@ -65,6 +81,28 @@ TEST_F(AcknowledgedTest, AboveItsBandFailsAsEver) {
   folder.write("known", R"({"id": "disk", "nodes": "*", "until": "2026-01-31", "reason": "r", )"
                         R"("up_to": "warning"})");
   EXPECT_EQ(report({}).status, 1);
+}
+
+TEST_F(AcknowledgedTest, UntilATimeThatPassesWhileFindingsAreCollectedHoldsForTheWholeReport) {
+  const Outcome outcome = report_while_it_ends();
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_NE(outcome.output.find("  Acknowledged: 1 issue on 2 nodes\n"
+                                "    ended meanwhile: disk on n[1-2] until "),
+            std::string::npos)
+      << outcome.output;
+  EXPECT_NE(read_file(folder / "json").find("\"state\": \"active\""), std::string::npos);
+}
+
+TEST_F(AcknowledgedTest, UntilATimeThatPassedWhileFindingsWereCollectedIsNewsToTheNextReport) {
+  report_while_it_ends();
+  const Outcome outcome = Command({"--since", "earlier", "--fail-on", "new", "--acknowledged",
+                                   "known", "-e", "brief", "findings"})
+                              .without_environment("SOURCE_DATE_EPOCH")
+                              .in_folder(folder.path())
+                              .run();
+  EXPECT_EQ(outcome.status, 1) << outcome.errors;
+  EXPECT_NE(outcome.output.find("  Expired and back: 1\n"), std::string::npos) << outcome.output;
+  EXPECT_NE(outcome.output.find("1 new, 0 worse, 1 same"), std::string::npos) << outcome.output;
 }
 
 TEST_F(AcknowledgedTest, MayBeIgnored) {

@@ -58,6 +58,18 @@ TEST_F(AgesTest, AreCountedToTheTimeThatIsSet) {
   EXPECT_TRUE(holds(outcome.output, "  Input:    f, 2 hours old\n"));
 }
 
+TEST_F(AgesTest, StayWhenFindingsAreCollapsedAsOftenAsNeedBe) {
+  report_on_file_of_age(3 * DAY);
+  folder.write("new", "{\"id\": \"a\", \"severity\": 10}\n");
+  const auto report_on = [this](const std::vector<std::string>& arguments) {
+    return Command(arguments).in_folder(folder.path()).run().output;
+  };
+  report_on({"-e", "findings:once", "new", "f"});
+  EXPECT_TRUE(holds(report_on({"once"}), "  1 input is older than a day: once, 3 days old\n"));
+  report_on({"-e", "findings:twice", "once", "new"});
+  EXPECT_TRUE(holds(report_on({"twice"}), "  1 input is older than a day: twice, 3 days old\n"));
+}
+
 TEST_F(AgesTest, AreThoseOfFilesOnStandardInputTooButNotOfPipes) {
   const std::string path = folder.write("f", "{\"id\": \"a\", \"severity\": 10}\n");
   EXPECT_TRUE(holds(Command({}).input_file(path).run().output,

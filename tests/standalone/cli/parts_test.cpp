@@ -133,6 +133,39 @@ TEST_F(PartsTest, ThatWereExpectedAndDidNotComeAreADoubt) {
   expect_report(part, "PASS", {}, {"--expect-parts", "r1"});
 }
 
+// ---- Behind further gateways -------------------------------------------------------------------
+
+/// Returns what a gateway hands on of what others have collapsed.
+std::string handed_on(const std::string& input, std::vector<std::string> arguments) {
+  arguments.insert(arguments.end(), {"-e", "findings", "--part", "row1"});
+  return Command(std::move(arguments)).input(input).run().output;
+}
+
+TEST_F(PartsTest, ThatDoNotComeToAGatewayAreADoubtBehindIt) {
+  const std::string part = begin("r1") + counted("a", 1) + end(1);
+  const std::vector<std::string> expects_row = {"--expect-parts", "row1"};
+  expect_report(handed_on(part, {"--expect-parts", "r[1-2]"}), "UNKNOWN: 1 input is cut off",
+                {"1 input is cut off, its findings are not complete: standard input"}, expects_row);
+  expect_report(handed_on(part, {"--expect-parts", "r1"}), "PASS", {}, expects_row);
+}
+
+TEST_F(PartsTest, ThatAreDoubtfulAtAGatewayStaySoBehindIt) {
+  const std::string part = begin("r1") + counted("a", 1);
+  expect_report(handed_on(part, {}), "UNKNOWN: 1 input is cut off", {});
+  expect_report(handed_on(part + end(1) + part + end(1), {}), "UNKNOWN: 1 part counts double", {});
+  expect_report(handed_on("bad\n" + part + end(1, 3), {}),
+                "UNKNOWN: 4 lines of input were left out", {});
+}
+
+TEST_F(PartsTest, WhoseNodesDoNotAllAnswerAreWhole) {
+  const std::string row =
+      handed_on(begin("r1") + "{\"examined\": \"n1\"}\n" + end(0), {"--expect", "n[1-2]"});
+  expect_report(row, "PASS, 1 node was examined", {}, {});
+  expect_report(row, "UNKNOWN: 1 of 2 expected nodes was not examined", {}, {"--expect", "n[1-2]"});
+}
+
+// ------------------------------------------------------------------------------------------------
+
 TEST_F(PartsTest, AreAsOldAsTheOldestOfThem) {
   expect_report(
       begin("r1", "2025-11-19T04:20:00Z") + end(0) + begin("r2") + counted("a", 1) + end(1), "PASS",

@@ -94,6 +94,18 @@ TEST_F(AcknowledgedLinesTest, WarnSevenDaysBeforeTheEnd) {
             "    e on cn[001-002] until 2025-11-29 04:30 UTC: RMA 4711 (mh)\n");
 }
 
+TEST_F(AcknowledgedLinesTest, TellWhatHasEndedSinceTheReportWasBegun) {
+  add("b", NOW);
+  add("a", NOW - 1);
+  add("c", NOW - 3 * DAY);
+  EXPECT_EQ(lines(),
+            "  Acknowledged: 0 issues\n"
+            "    ended meanwhile: c on cn[001-002] until 2025-11-18 04:30 UTC: RMA 4711 (mh)\n"
+            "    ended meanwhile: a on cn[001-002] until 2025-11-21 04:29 UTC: RMA 4711 (mh)\n"
+            "    ends within a day: b on cn[001-002] until 2025-11-21 04:30 UTC: RMA 4711\n"
+            "      (mh)\n");
+}
+
 TEST_F(AcknowledgedLinesTest, TellWhatIsBackAndWhatIsNotFound) {
   add_expired("old");
   add("expired and gone", NOW - 1, State::EXPIRED);

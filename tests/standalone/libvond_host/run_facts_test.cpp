@@ -167,7 +167,18 @@ TEST_F(RunFactsTest, TellWhereFindingsWereCollapsedBefore) {
   EXPECT_EQ(facts::findings_read(), 42U);
   EXPECT_EQ(facts::lines_rejected(), 7U);
   EXPECT_THAT(facts::examined_nodes(), ElementsAre("cn1"));
+}
+
+TEST_F(RunFactsTest, TellWhetherAnythingWasLostOnTheWay) {
+  report_facts().inputs = {{.name = "a.jsonl"}};
+  report_facts().lines_rejected = 7;
+  report_facts().parts_twice = {"r2"};
+  report_facts().expectation = {
+      .nodes_expected = 1, .silent = {"cn1"}, .not_expected = {}, .alike = {}};
   EXPECT_TRUE(facts::has_whole_inputs());
+  report_facts().parts_missing = {"r3"};
+  EXPECT_FALSE(facts::has_whole_inputs());
+  report_facts().parts_missing.clear();
   report_facts().inputs[0].is_cut_off = true;
   EXPECT_FALSE(facts::has_whole_inputs());
 }

@@ -113,6 +113,24 @@ TEST(AcknowledgedFacts, AnExpiredEntryIsBackWhenItWouldCoverSomething) {
   EXPECT_FALSE(is_back(finding("a", "n1"), entry("a", "n1")));
 }
 
+TEST(AcknowledgedFacts, AnEntryThatEndsWhileFindingsAreReadHoldsForTheWholeReport) {
+  const TestFile file("{\"examined\": \"n[1-2]\"}\n" + finding("a", "n1"));
+  const TestFile known(entry("a", "n1", "2025-11-21T04:31:00Z") +
+                       entry("a", "n2", "2025-11-21T04:31:00Z") +
+                       entry("a", "n1", "2025-11-21T04:29:00Z"));
+  const ReportFacts facts =
+      read_facts({.findings = {file.path()},
+                  .acknowledged = read_acknowledgements(known.path(), {.now = NOW}).entries,
+                  .time = NOW},
+                 {}, NOW + 300);
+  EXPECT_EQ(facts.acknowledged->issues, 1U);
+  const std::vector<Entry>& entries = facts.acknowledged->entries;
+  EXPECT_EQ(entries[0].state, State::ACTIVE);
+  EXPECT_EQ(entries[1].state, State::UNUSED);
+  EXPECT_EQ(entries[2].state, State::EXPIRED);
+  EXPECT_FALSE(entries[2].is_back);
+}
+
 TEST(AcknowledgedFacts, AnExpiredEntryThatWasRenewedIsNotBack) {
   const std::string expired = entry("a", "n[1-2]", "2025-11-20");
   EXPECT_FALSE(is_back(finding("a", "n1"), expired + entry("a", "n1")));

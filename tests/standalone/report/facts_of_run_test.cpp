@@ -118,10 +118,14 @@ TEST(FactsOfRun, CountFindingsThatNameNoDefinition) {
   EXPECT_EQ(read_facts({.findings = {file.path()}}).findings_without_definition, 2U);
 }
 
-std::int64_t age_of_file_changed_at(std::time_t time) {
-  const TestFile file("");
+void set_last_change(const TestFile& file, std::time_t time) {
   const timespec times[] = {{time, 0}, {time, 0}};
   EXPECT_EQ(::utimensat(AT_FDCWD, file.path().c_str(), times, 0), 0);
+}
+
+std::int64_t age_of_file_changed_at(std::time_t time) {
+  const TestFile file("");
+  set_last_change(file, time);
   return read_facts({.findings = {file.path()}}).inputs.at(0).age.value();
 }
 
@@ -137,15 +141,45 @@ TEST(FactsOfRun, TellWhenTheOldestFindingsWereCollected) {
     return R"({"begin": {"format": 1, "written": ")" + written + "\"}}\n";
   };
   const TestFile raw(R"({"id": "a", "severity": 1})");
-  EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 1763699400);
+  set_last_change(raw, 1763699400 - 60);
+  EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 1763699400 - 60);
   const TestFile old(begin("2025-11-20T04:30:00Z") + begin("2025-11-19T04:30:00Z"));
   EXPECT_EQ(read_facts({.findings = {raw.path(), old.path()}}).collected_at,
             1763699400 - 2 * 86400);
+  set_last_change(raw, 1763699400 - 3 * 86400);
+  EXPECT_EQ(read_facts({.findings = {old.path(), raw.path()}}).collected_at,
+            1763699400 - 3 * 86400);
+  EXPECT_EQ(read_facts({.findings = {"/dev/null"}}).collected_at, 1763699400) << "nothing tells it";
   // A clock that is ahead is passed on, too.
   const TestFile future(begin("2025-11-22T04:30:00Z"));
   const ReportFacts facts = read_facts({.findings = {future.path()}});
   EXPECT_EQ(facts.collected_at, 1763699400 + 86400);
   EXPECT_EQ(facts.inputs[0].age, -86400);
+}
+
+TEST(FactsOfRun, TellThatFindingsWereCollectedBeforeTheReportWhateverTheirFileTells) {
+  const TestFile raw(R"({"id": "a", "severity": 1})");
+  set_last_change(raw, 1763699400 + 1);
+  EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 1763699400);
+  // From 1970 on every output can write it.
+  set_last_change(raw, -1);
+  EXPECT_EQ(read_facts({.findings = {raw.path()}}).collected_at, 0);
+}
+
+TEST(FactsOfRun, TellThatWhatCameMeanwhileMayBeAsOldAsTheBeginningOfTheReport) {
+  constexpr std::time_t BEGUN = 1763699400 - 300;
+  const auto collected_at = [](const std::string& path) {
+    return read_facts({.findings = {path}, .time = BEGUN}).collected_at;
+  };
+  EXPECT_EQ(collected_at("/dev/null"), BEGUN);
+  const TestFile meanwhile(R"({"begin": {"format": 1, "written": "2025-11-21T04:29:00Z"}})");
+  EXPECT_EQ(collected_at(meanwhile.path()), BEGUN);
+  const TestFile ahead(R"({"begin": {"format": 1, "written": "2025-11-21T04:31:00Z"}})");
+  EXPECT_EQ(collected_at(ahead.path()), 1763699400 + 60);
+  const TestFile raw(R"({"id": "a", "severity": 1})");
+  EXPECT_EQ(collected_at(raw.path()), BEGUN);
+  set_last_change(raw, BEGUN - 1);
+  EXPECT_EQ(collected_at(raw.path()), BEGUN - 1);
 }
 
 TEST(FactsOfRun, TellTheAgeOfEveryPartOfAnInput) {

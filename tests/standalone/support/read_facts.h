@@ -12,10 +12,14 @@ class NoProgress : public standalone::ReadingProgress {
   void advance(std::size_t /*bytes_read*/, std::size_t /*findings*/) override {}
 };
 
-/// Returns the facts of a run, whose inputs are read and may go.
-inline standalone::ReportFacts read_facts(const standalone::RunSources& sources,
+/// Returns the facts of a run, whose inputs are read and may go. It takes no time unless `sources`
+/// have one.
+inline standalone::ReportFacts read_facts(standalone::RunSources sources,
                                           const standalone::RecordOptions& options = {},
                                           std::time_t written_at = 1763699400) {
+  if (sources.time == 0) {
+    sources.time = written_at;
+  }
   NoProgress progress;
   standalone::CheckRun run(sources, progress);
   const standalone::ReportRecord record(run.collapser(), options);

@@ -28,6 +28,10 @@ std::string remark_on(const Acknowledgement& entry) {
   if (entry.state == "unused") {
     return "covers nothing";
   }
+  // What held when the report was begun holds for all of it.
+  if (entry.until < vond::facts::written_at()) {
+    return "ended meanwhile";
+  }
   const std::int64_t days = (entry.until - vond::facts::written_at()) / DAY;
   if (days > vond::facts::ACKNOWLEDGEMENT_WARNING_DAYS) {
     return "";

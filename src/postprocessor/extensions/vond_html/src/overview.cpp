@@ -1,6 +1,7 @@
 #include "overview.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "acknowledged.h"
@@ -130,11 +131,12 @@ void write_facts(HtmlWriter& page) {
   open_fact(page, "Written");
   write_time(page, facts::written_at());
   close_fact(page);
-  if (facts::collected_at() < facts::written_at()) {
+  const std::int64_t age = facts::written_at() - facts::collected_at();
+  if (age > facts::CLOCK_DIFFERENCE) {
     open_fact(page, "Collected");
     write_time(page, facts::collected_at());
     page.text(" ");
-    write_age(page, facts::written_at() - facts::collected_at());
+    write_age(page, age);
     close_fact(page);
   }
   write_inputs(page);
