@@ -59,10 +59,9 @@ std::int64_t collected_at() { return report_facts().collected_at; }
 std::vector<std::string> parts() { return report_facts().parts; }
 
 bool has_whole_inputs() {
-  const bool has_cut_off =
-      !standalone::names_of_inputs(report_facts(), &standalone::ReportFacts::Input::is_cut_off)
-           .empty();
-  return !has_cut_off && report_facts().parts_missing.empty();
+  const standalone::ReportFacts& facts = report_facts();
+  return standalone::names_of_inputs(facts, &standalone::ReportFacts::Input::is_cut_off).empty() &&
+         standalone::names_of_useless_inputs(facts).empty() && facts.parts_missing.empty();
 }
 
 std::uint64_t findings_read() { return report_facts().findings_read; }

@@ -64,8 +64,8 @@ VOND_HOST_API std::int64_t collected_at();
 /// Returns the parts of the cluster that findings come from, sorted, each as often as it came.
 VOND_HOST_API std::vector<std::string> parts();
 
-/// Whether nothing was lost on the way here: no input tells of itself that it was cut off, and each
-/// part of the cluster that the user expected has come. Lines that were left out, nodes that were
+/// Whether nothing was lost on the way here: no input tells of itself that it was cut off, none of
+/// several gave nothing, and each part of the cluster that the user expected has come. Lines that were left out, nodes that were
 /// not examined and parts that came twice are told by the other functions.
 VOND_HOST_API bool has_whole_inputs();
 

@@ -183,4 +183,11 @@ TEST_F(RunFactsTest, TellWhetherAnythingWasLostOnTheWay) {
   EXPECT_FALSE(facts::has_whole_inputs());
 }
 
+TEST_F(RunFactsTest, OneOfSeveralInputsThatGaveNothingMayHaveBeenLost) {
+  report_facts().inputs = {{.name = "a.jsonl", .is_useless = true}};
+  EXPECT_TRUE(facts::has_whole_inputs());
+  report_facts().inputs.push_back({.name = "b.jsonl"});
+  EXPECT_FALSE(facts::has_whole_inputs());
+}
+
 }  // namespace
