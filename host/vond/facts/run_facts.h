@@ -65,8 +65,9 @@ VOND_HOST_API std::int64_t collected_at();
 VOND_HOST_API std::vector<std::string> parts();
 
 /// Whether nothing was lost on the way here: no input tells of itself that it was cut off, none of
-/// several gave nothing, and each part of the cluster that the user expected has come. Lines that were left out, nodes that were
-/// not examined and parts that came twice are told by the other functions.
+/// several gave nothing, and each part of the cluster that the user expected has come. Lines that
+/// were left out, nodes that were not examined and parts that came twice are told by the other
+/// functions.
 VOND_HOST_API bool has_whole_inputs();
 
 /// Returns how many findings were read: the sum of their counts.
