@@ -333,7 +333,8 @@ TEST_F(PageTest, AgesAreRemarkedOnWhenClocksDoNotExplainThem) {
                               "(1 day old); <bdi>d</bdi> <strong class=\"remark\">(1 day old)"));
 }
 
-TEST_F(PageTest, FindingsThatAreOlderThanThePageTellWhenTheyWereCollected) {
+TEST_F(PageTest, SeveralInputsThatAreOlderThanThePageTellWhenTheOldestWasCollected) {
+  facts().inputs = {{.name = "a"}, {.name = "b"}};
   EXPECT_THAT(written(), Not(HasSubstr("<dt>Collected</dt>")));
   facts().collected_at = 1763699400 - 60;
   EXPECT_THAT(written(), Not(HasSubstr("<dt>Collected</dt>"))) << "clocks differ by as much";
@@ -341,6 +342,8 @@ TEST_F(PageTest, FindingsThatAreOlderThanThePageTellWhenTheyWereCollected) {
   EXPECT_THAT(written(),
               HasSubstr("<dt>Collected</dt>\n<dd><time datetime=\"2025-11-21T04:28:00Z\">"
                         "2025-11-21 04:28:00 UTC</time> (2 minutes old)</dd>"));
+  facts().inputs.pop_back();
+  EXPECT_THAT(written(), Not(HasSubstr("<dt>Collected</dt>"))) << "its own age tells it";
 }
 
 TEST_F(PageTest, NodesWithAcknowledgedIssuesAreNotTakenForHealthy) {

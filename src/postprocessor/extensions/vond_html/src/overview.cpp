@@ -131,8 +131,9 @@ void write_facts(HtmlWriter& page) {
   open_fact(page, "Written");
   write_time(page, facts::written_at());
   close_fact(page);
+  // The age of one input says the same.
   const std::int64_t age = facts::written_at() - facts::collected_at();
-  if (age > facts::CLOCK_DIFFERENCE) {
+  if (facts::inputs().size() > 1 && age > facts::CLOCK_DIFFERENCE) {
     open_fact(page, "Collected");
     write_time(page, facts::collected_at());
     page.text(" ");
